@@ -1,0 +1,38 @@
+# Build helpers: every target of the project is declared through these, so that flags and include rules are said once.
+
+add_library(FlitmarkFlags INTERFACE)
+target_compile_features(FlitmarkFlags INTERFACE cxx_std_20)
+# Floats are behaviour: no contraction, so that every compiler gives the same bits.
+target_compile_options(FlitmarkFlags INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off)
+# gcc 12 sees overlaps in inlined string concatenation that are not there.
+target_compile_options(FlitmarkFlags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+
+# flitmark_library(NAME STATIC|SHARED|OBJECT SOURCES file... [INCLUDE dir...] [PRIVATE_INCLUDE dir...]
+#                  [LINK target...] [PRIVATE_LINK target...])
+# INCLUDE and LINK are what users of the library see too.
+function(flitmark_library Name Kind)
+	cmake_parse_arguments(Arg "" "" "SOURCES;INCLUDE;PRIVATE_INCLUDE;LINK;PRIVATE_LINK" ${ARGN})
+	add_library(${Name} ${Kind} ${Arg_SOURCES})
+	target_include_directories(${Name} PUBLIC ${Arg_INCLUDE} PRIVATE ${Arg_PRIVATE_INCLUDE})
+	target_link_libraries(${Name} PUBLIC ${Arg_LINK} PRIVATE FlitmarkFlags ${Arg_PRIVATE_LINK})
+	set_target_properties(${Name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# flitmark_program(NAME SOURCES file... [INCLUDE dir...] [LINK target...])
+function(flitmark_program Name)
+	cmake_parse_arguments(Arg "" "" "SOURCES;INCLUDE;LINK" ${ARGN})
+	add_executable(${Name} ${Arg_SOURCES})
+	target_include_directories(${Name} PRIVATE ${Arg_INCLUDE})
+	target_link_libraries(${Name} PRIVATE FlitmarkFlags ${Arg_LINK})
+endfunction()
+
+# flitmark_test(NAME SOURCES file... [INCLUDE dir...] [LINK target...] [DEFINE name=value...])
+# A GoogleTest program; ctest runs each of its cases.
+function(flitmark_test Name)
+	cmake_parse_arguments(Arg "" "" "SOURCES;INCLUDE;LINK;DEFINE" ${ARGN})
+	add_executable(${Name} ${Arg_SOURCES})
+	target_include_directories(${Name} PRIVATE ${Arg_INCLUDE})
+	target_compile_definitions(${Name} PRIVATE ${Arg_DEFINE})
+	target_link_libraries(${Name} PRIVATE FlitmarkFlags ${Arg_LINK} GTest::gtest GTest::gtest_main)
+	gtest_discover_tests(${Name} DISCOVERY_TIMEOUT 60)
+endfunction()

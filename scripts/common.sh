@@ -1,0 +1,29 @@
+# shellcheck shell=bash
+# What the other scripts share; they source it, from the repository root.
+
+die()
+{
+  printf '%s: %s\n' "$(basename "$0")" "$1" >&2
+  exit "${2:-1}"
+}
+
+headline()
+{
+  printf '\n== %s\n' "$*"
+}
+
+# build PRESET [cmake option...]: configures (quickly when nothing changed) and builds one preset into build/PRESET.
+build()
+{
+  local preset=$1 quiet=() said
+  shift
+  [ -t 1 ] || quiet=(-- --quiet)
+  if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER:-ccache}
+  fi
+  if ! said=$(cmake --preset "$preset" "$@" 2>&1); then
+    printf '%s\n' "$said" >&2
+    return 1
+  fi
+  cmake --build --preset "$preset" "${quiet[@]}"
+}
