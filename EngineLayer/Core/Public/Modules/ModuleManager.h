@@ -1,0 +1,60 @@
+#pragma once
+
+#include "Modules/ModuleInterface.h"
+#include "UObject/NameTypes.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/** Loads modules out of their libraries, libUnrealEditor-NAME.so, and unloads them. Game thread. */
+class ENGINELAYER_API FModuleManager
+{
+public:
+	static FModuleManager& Get();
+	FModuleManager(const FModuleManager&) = delete;
+	FModuleManager& operator=(const FModuleManager&) = delete;
+
+	/** Where to look for libraries, before the folder of the program. InDirectory: UTF-8. */
+	void AddBinariesDirectory(const std::string& InDirectory);
+
+	/** The module, loaded and started unless it is already; null with OutError set where that fails. */
+	IModuleInterface* LoadModule(FName InModuleName, std::string& OutError);
+	IModuleInterface* LoadModule(FName InModuleName);
+	/** Null for a module that is not loaded. */
+	IModuleInterface* GetModule(FName InModuleName) const;
+	bool IsModuleLoaded(FName InModuleName) const { return GetModule(InModuleName) != nullptr; }
+
+	/**
+	 * Shuts the module down and unloads its library, after the garbage of its classes was collected. False with
+	 * OutError set, and the module stays loaded, where objects of its classes are still in use.
+	 */
+	bool UnloadModule(FName InModuleName, std::string& OutError);
+	bool UnloadModule(FName InModuleName);
+
+	/** Ends what is left of a package's objects; false with the reason where some are still in use. */
+	using FReleaseObjects = bool (*)(const std::string& PackageName, std::string& OutError);
+	/** The object system hooks itself in: this folder stands below it. */
+	static void SetReleaseObjects(FReleaseObjects InReleaseObjects);
+
+private:
+	struct FLoadedModule
+	{
+		FName Name;
+		void* Library = nullptr;
+		std::unique_ptr<IModuleInterface> Interface;
+	};
+
+	FModuleManager() = default;
+	void* OpenLibrary(const std::string& InFileName, std::string& OutError) const;
+
+	std::vector<std::string> Directories;
+	std::vector<FLoadedModule> Modules;
+};
+
+/** A module's library hands out a module object, which its caller owns. */
+#define IMPLEMENT_MODULE(ModuleImplClass, ModuleName)                                                                  \
+	extern "C" DLLEXPORT IModuleInterface* InitializeModule()                                                          \
+	{                                                                                                                  \
+		return new ModuleImplClass();                                                                                  \
+	}

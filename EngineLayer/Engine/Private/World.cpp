@@ -1,0 +1,5 @@
+#include "Engine/World.h"
+
+#include "UObject/GeneratedCppIncludes.h"
+
+IMPLEMENT_LAYER_CLASS(UWorld, "World")

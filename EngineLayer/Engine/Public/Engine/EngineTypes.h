@@ -1,0 +1,16 @@
+#pragma once
+
+#include "CoreTypes.h"
+
+/** Names a timer of a world's timer manager. */
+class FTimerHandle
+{
+public:
+	bool IsValid() const { return Id != 0; }
+	void Invalidate() { Id = 0; }
+	friend bool operator==(const FTimerHandle&, const FTimerHandle&) = default;
+
+private:
+	friend class FTimerManager;
+	uint64 Id = 0;
+};

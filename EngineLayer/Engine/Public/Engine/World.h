@@ -1,0 +1,22 @@
+#pragma once
+
+#include "TimerManager.h"
+#include "UObject/Object.h"
+
+/** What the objects of one host's stage live in. */
+class ENGINELAYER_API UWorld : public UObject
+{
+	DECLARE_LAYER_CLASS(UWorld, UObject)
+
+public:
+	explicit UWorld(const FObjectInitializer& ObjectInitializer)
+	    : Super(ObjectInitializer)
+	{
+	}
+
+	FTimerManager& GetTimerManager() const { return TimerManager; }
+	UWorld* GetWorld() const override { return const_cast<UWorld*>(this); }
+
+private:
+	mutable FTimerManager TimerManager;
+};

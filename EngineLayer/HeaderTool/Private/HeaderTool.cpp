@@ -1,0 +1,62 @@
+#include "HeaderTool.h"
+
+#include "Parser.h"
+#include "Writer.h"
+
+#include <filesystem>
+
+namespace
+{
+
+/** The path from the last folder that a module keeps headers in: "Public/UI_DanmakuNode.h". */
+void SetPaths(FHeader& Header, const std::string& Path)
+{
+	const std::filesystem::path Full(Path);
+	std::filesystem::path Relative = Full.filename();
+	Header.Path = Path;
+	Header.Stem = Full.stem().string();
+	Header.IncludePath = Header.ModuleRelativePath = Relative.string();
+	for (std::filesystem::path Folder = Full.parent_path(); Folder.has_filename(); Folder = Folder.parent_path())
+	{
+		const bool bRoot = IsOneOf(Folder.filename().string(), {"Public", "Private", "Classes"});
+		Header.ModuleRelativePath = bRoot ? (Folder.filename() / Relative).generic_string() : Header.ModuleRelativePath;
+		Header.IncludePath = bRoot ? Relative.generic_string() : Header.IncludePath;
+		if (bRoot)
+		{
+			break;
+		}
+		Relative = Folder.filename() / Relative;
+	}
+}
+
+} // namespace
+
+FGenerated GenerateReflection(const FModuleInfo& Module, const std::vector<FTextFile>& Files)
+{
+	FGenerated Generated;
+	std::vector<FHeader> Headers(Files.size());
+	for (std::size_t Index = 0; Index < Files.size(); ++Index)
+	{
+		SetPaths(Headers[Index], Files[Index].Path);
+		try
+		{
+			ParseHeader(Files[Index].Text, Headers[Index]);
+		}
+		catch (const FHeaderError& Error)
+		{
+			Generated.Errors.push_back(Files[Index].Path + ":" + std::to_string(Error.Line) + ": " + Error.Message);
+		}
+	}
+	if (!Generated.Errors.empty())
+	{
+		return Generated;
+	}
+	const FSymbols Symbols = ResolveHeaders(Headers, Generated.Errors);
+	for (std::size_t Index = 0; Generated.Errors.empty() && Index < Headers.size(); ++Index)
+	{
+		const FHeader& Header = Headers[Index];
+		Generated.Files.push_back({Header.Stem + ".generated.h", WriteGeneratedHeader(Module, Header)});
+		Generated.Files.push_back({Header.Stem + ".gen.cpp", WriteGeneratedSource(Module, Header, Symbols)});
+	}
+	return Generated;
+}

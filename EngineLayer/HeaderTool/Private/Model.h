@@ -1,0 +1,85 @@
+#pragma once
+
+#include "Tokenizer.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+/** What every record has. */
+struct FDeclared
+{
+	std::string Name;
+	int Line = 0;
+	/** Sorted by key, as the engine's tool writes it. */
+	std::map<std::string, std::string> MetaData;
+	/** Names of EPropertyFlags, EFunctionFlags or EClassFlags. */
+	std::vector<std::string> Flags;
+};
+
+struct FType
+{
+	/** An enumerator of EPropertyGenKind. */
+	std::string Kind;
+	/** The type that a parameter is read as. */
+	std::string CppName;
+	/** The class that an object or class reference is restricted to, or else the enumeration. */
+	std::string Referred;
+	bool bObjectPtr = false;
+	bool bConst = false;
+	bool bReference = false;
+	/** What an array holds: one entry. */
+	std::vector<FType> Inner;
+};
+
+/** A member of a class or a parameter of a function. */
+struct FProperty : FDeclared
+{
+	/** The type as written. */
+	std::vector<FToken> Spelling;
+	/** "Private", "Protected" or "Public". */
+	std::string Access;
+	/** Type and InnerFlags are set by the resolver. */
+	FType Type;
+	/** Of what an array holds. */
+	std::vector<std::string> InnerFlags;
+};
+
+struct FFunction : FDeclared
+{
+	std::vector<FProperty> Parameters;
+};
+
+struct FClass : FDeclared
+{
+	std::string Base;
+	/** The export macro in front of the name; empty if there is none. */
+	std::string Api;
+	/** Line of GENERATED_BODY; 0 if there is none. */
+	int BodyLine = 0;
+	bool bDefaultConstructor = false;
+	bool bInitializerConstructor = false;
+	std::vector<FProperty> Properties;
+	std::vector<FFunction> Functions;
+};
+
+struct FEnum : FDeclared
+{
+	std::string UnderlyingType;
+	std::vector<FDeclared> Enumerators;
+};
+
+struct FHeader
+{
+	std::string Path;
+	/** "UI_DanmakuNode". */
+	std::string Stem;
+	/** "Public/UI_DanmakuNode.h". */
+	std::string ModuleRelativePath;
+	/** "UI_DanmakuNode.h". */
+	std::string IncludePath;
+	std::vector<FClass> Classes;
+	std::vector<FEnum> Enums;
+	/** Signatures of dynamic delegates, under the delegate's name. */
+	std::vector<FFunction> Delegates;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "Symbols.h"
+
+/**
+ * Gives every property its type and every record its flags, and checks what a header alone cannot show. Appends each fault
+ * to Errors as "FILE:LINE: message". Returns what is known: the engine layer's classes and those of the headers.
+ */
+FSymbols ResolveHeaders(std::vector<FHeader>& Headers, std::vector<std::string>& Errors);

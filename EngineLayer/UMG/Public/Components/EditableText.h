@@ -1,0 +1,43 @@
+#pragma once
+
+#include "Components/Widget.h"
+#include "Types/SlateEnums.h"
+#include "UObject/ScriptDelegates.h"
+
+/** A single-line field that a viewer writes in. */
+class ENGINELAYER_API UEditableText : public UWidget
+{
+	DECLARE_LAYER_CLASS(UEditableText, UWidget)
+
+public:
+	DECLARE_DYNAMIC_MULTICAST_DELEGATE_OneParam(FOnEditableTextChangedEvent, const FText&, Text);
+	DECLARE_DYNAMIC_MULTICAST_DELEGATE_TwoParams(FOnEditableTextCommittedEvent, const FText&, Text, ETextCommit::Type,
+												 CommitMethod);
+
+	explicit UEditableText(const FObjectInitializer& ObjectInitializer)
+		: Super(ObjectInitializer)
+	{
+	}
+
+	/** Raised with the whole new text, whoever changed it. */
+	FOnEditableTextChangedEvent OnTextChanged;
+	FOnEditableTextCommittedEvent OnTextCommitted;
+
+	/**
+	 * Raises OnTextChanged if the new text reads otherwise, to the letter, than the present one; never before the field
+	 * first stood in a displayed tree.
+	 */
+	virtual void SetText(FText InText);
+	FText GetText() const { return Text; }
+
+	/** The viewer makes the field read InText, as by select-all and paste. Nothing where it reads so or is not usable. */
+	void TypeText(const FText& InText);
+	/** The viewer commits the present text; by moving the focus, the field first loses it. Nothing where not usable. */
+	void Commit(ETextCommit::Type InCommitMethod);
+
+	void ConstructTree() override;
+
+private:
+	FText Text;
+	bool bWasDisplayed = false;
+};

@@ -1,0 +1,6 @@
+#pragma once
+
+/** What the pointer did; reduced to the fact. */
+struct FPointerEvent
+{
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+/** A colour of a widget's style: always one that was specified. */
+struct FSlateColor
+{
+	FSlateColor() = default;
+	FSlateColor(const FLinearColor& InColor)
+	    : Color(InColor)
+	{
+	}
+
+	FLinearColor GetSpecifiedColor() const { return Color; }
+
+private:
+	FLinearColor Color{1.f, 1.f, 1.f, 1.f};
+};

@@ -1,0 +1,5 @@
+/** A library that hands out no module. */
+int NoEntry()
+{
+	return 0;
+}
