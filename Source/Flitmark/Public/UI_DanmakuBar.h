@@ -1,0 +1,102 @@
+#pragma once
+
+#include "Blueprint/UserWidget.h"
+#include "Components/Button.h"
+#include "Components/CheckBox.h"
+#include "CoreMinimal.h"
+#include "DanmakuDataStruct.h"
+#include "Types/SlateEnums.h"
+
+#include "UI_DanmakuBar.generated.h"
+
+class UEditableText;
+class UMediaPlayer;
+class UTextBlock;
+class UUI_DanmakuNodeSetting;
+
+/** A comment is sent; SpawnTime: media time in ticks of 100 ns, FontSize: points, FontColor: "#RRGGBBAA". */
+DECLARE_DYNAMIC_MULTICAST_DELEGATE_SixParams(FOnSendDanmakuSignature, const FString&, VideoURL, const int64&, SpawnTime,
+                                             const FString&, Content, const EDanmakuMode&, Mode, const int32&, FontSize,
+                                             const FString&, FontColor);
+
+/**
+ * The strip of controls in which the viewer writes a comment, sends it, opens the style panel, and switches the overlay
+ * on and off.
+ */
+UCLASS()
+class FLITMARK_API UUI_DanmakuBar : public UUserWidget
+{
+	GENERATED_BODY()
+
+private:
+	UPROPERTY(meta = (BindWidget))
+	TObjectPtr<UCheckBox> OpenDanmakuButton;
+
+	UPROPERTY(meta = (BindWidget))
+	TObjectPtr<UButton> DanmakuNodeSettingButton;
+
+	//UPROPERTY(meta = (BindWidget))
+	//TObjectPtr<UUI_InputTextAndNum> InputDanmakuText;
+	UPROPERTY(meta = (BindWidget))
+	TObjectPtr<UEditableText> InputDanmakuText;
+
+	UPROPERTY(meta = (BindWidget))
+	TObjectPtr<UTextBlock> TextNum;
+
+	UPROPERTY(meta = (BindWidget))
+	TObjectPtr<UButton> SendDanmakuButton;
+
+	/** The most 16-bit code units that a comment may have. */
+	UPROPERTY(EditAnywhere, Category = "InputTextAndNumSetting")
+	int32 MaxNumOFInputTex = 100;
+
+	UPROPERTY()
+	TObjectPtr<UMediaPlayer> MediaPlayer;
+
+	UPROPERTY()
+	TObjectPtr<UUI_DanmakuNodeSetting> DanmakuNodeSetting;
+
+public:
+	/** Raised when the viewer sends a comment. */
+	FOnSendDanmakuSignature OnSendDanmaku;
+
+	/** Connects the player and the style panel, and hides the panel. A comment sent before has nowhere to go. */
+	void Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuNodeSetting* InDanmakuNodeSetting);
+
+	/** Enables the controls, with an empty field. */
+	void Open();
+
+	/** Disables the controls, all but the check box. */
+	void Close();
+
+	/** The check box's event; it passes the new state, true when ticked. */
+	FOnCheckBoxComponentStateChanged& GetOpenDanmakuButtonClickedEvent() const;
+	FOnButtonClickedEvent& GetSendDanmakuButtonClickedEvent() const;
+	UButton* GetButton() const;
+
+protected:
+	virtual void NativePreConstruct() override;
+	virtual void NativeConstruct() override;
+	virtual void NativeDestruct() override;
+	virtual void NativeTick(const FGeometry& MyGeometry, float InDeltaTime) override;
+
+private:
+	void EmptyInputText();
+	/** Shows how many code units are written, and how many may be. */
+	void SetCounter(int32 Count);
+
+	UFUNCTION()
+	void OnInputTextChanged(const FText& Text);
+
+	UFUNCTION()
+	void OnSendDanmakuButtonClicked();
+
+	UFUNCTION()
+	void OnInputDanmakuTextCommitted(const FText& Text, ETextCommit::Type CommitMethod);
+
+	UFUNCTION()
+	void OnSettingDanmakuButtonHovered();
+
+	UFUNCTION()
+	void OnSettingDanmakuButtonUnHovered();
+};
