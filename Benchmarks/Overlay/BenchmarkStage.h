@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Stage.h"
+
+#include <chrono>
+#include <memory>
+#include <string>
+
+namespace Flitmark
+{
+
+constexpr float FrameTime = 1.f / 60.f;
+
+/** A stage after its preroll; ends the program where none can be made. */
+std::unique_ptr<FStage> MakeStage(FVector2f CanvasSize, FSlateFontMeasure& Measure);
+
+/** Seconds of media time, and a frame there that takes no time; gives how long that took, in seconds. */
+double GoTo(FStage& Stage, int64 Second, float DeltaTime = 0.f);
+
+/** The text of Count scrolling comments that all fall due in the given second: 5 to 30 letters or ideographs each. */
+std::string MakeDenseDocument(int32 Count, int64 Second, int32 FontSize);
+
+} // namespace Flitmark

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "FontSet.h"
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <memory>
+
+namespace Flitmark
+{
+
+/** What a character means for setting text. */
+enum class ECharFlags : std::uint16_t
+{
+	None = 0,
+
+	/** In a run that is set plainly it adds its own Advance, whatever stands beside it. */
+	Simple = 1U << 0U,
+
+	/** Combines with the character before it. */
+	Mark = 1U << 1U,
+
+	/** Invisible by itself: joiners, variation selectors, direction marks. */
+	Ignorable = 1U << 2U,
+
+	/** Right-to-left, or decides about directions: the line needs the bidirectional algorithm. */
+	Bidi = 1U << 3U,
+
+	/** May be shown as an emoji (ASCII left aside: see keycaps); is one by default; a skin tone; half a flag. */
+	Emoji = 1U << 4U,
+	EmojiByDefault = 1U << 5U,
+	SkinTone = 1U << 6U,
+	Regional = 1U << 7U,
+};
+
+constexpr ECharFlags operator|(ECharFlags InLeft, ECharFlags InRight)
+{
+	return static_cast<ECharFlags>(static_cast<unsigned>(InLeft) | static_cast<unsigned>(InRight));
+}
+
+constexpr ECharFlags Without(ECharFlags InFlags, ECharFlags InRemoved)
+{
+	return static_cast<ECharFlags>(static_cast<unsigned>(InFlags) & ~static_cast<unsigned>(InRemoved));
+}
+
+constexpr bool HasAny(ECharFlags InFlags, ECharFlags InAsked)
+{
+	return (static_cast<unsigned>(InFlags) & static_cast<unsigned>(InAsked)) != 0;
+}
+
+struct FCharInfo
+{
+	/** In TextMetrics::UnitsPerEm; only of Simple characters. */
+	std::int32_t Advance = 0;
+
+	/** First font that has the character, the emoji font last; the primary one where none has it. */
+	FFontId Font = FFontSet::Primary;
+
+	/** For FCharTable::GetScript; kana and bopomofo count as Han, which they are set with. */
+	std::uint8_t Script = 0;
+	ECharFlags Flags = ECharFlags::None;
+};
+
+/**
+ * What is known of every character, found out when it is first met. A look-up takes no lock: whoever meets a character
+ * first computes the same record as everybody else, so it doesn't matter who stores it.
+ */
+class FCharTable
+{
+public:
+	explicit FCharTable(FFontSet& InFonts);
+	~FCharTable();
+	FCharTable(const FCharTable&) = delete;
+	FCharTable& operator=(const FCharTable&) = delete;
+
+	/** InPoint: up to 0x10ffff. */
+	FCharInfo Find(std::uint32_t InPoint)
+	{
+		const FPage* Page = Pages[InPoint / PageSize].load(std::memory_order_acquire);
+		const std::uint64_t Packed = Page ? (*Page)[InPoint % PageSize].load(std::memory_order_relaxed) : 0;
+		return Packed != 0 ? Unpack(Packed) : Learn(InPoint);
+	}
+
+	static hb_script_t GetScript(std::uint8_t InScript);
+	static bool IsCommon(std::uint8_t InScript);
+
+private:
+	static constexpr std::size_t PageSize = 256;
+	using FPage = std::array<std::atomic<std::uint64_t>, PageSize>;
+
+	static std::uint64_t Pack(const FCharInfo& InInfo);
+	static FCharInfo Unpack(std::uint64_t InPacked)
+	{
+		return {static_cast<std::int32_t>(InPacked & 0xffffffU), static_cast<FFontId>(InPacked >> 24U & 0xfffU),
+				static_cast<std::uint8_t>(InPacked >> 36U & 0xffU), static_cast<ECharFlags>(InPacked >> 44U & 0xffffU)};
+	}
+
+	FCharInfo Learn(std::uint32_t InPoint);
+	bool MeasureSimple(std::uint32_t InPoint, FCharInfo& InOutInfo);
+	FPage& NeedPage(std::size_t InPage);
+
+	FFontSet& Fonts;
+	std::array<std::atomic<FPage*>, 0x110000 / PageSize> Pages{};
+};
+
+} // namespace Flitmark

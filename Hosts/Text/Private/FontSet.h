@@ -1,0 +1,54 @@
+#pragma once
+
+#include "Font.h"
+
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace Flitmark
+{
+
+/** A font's place in the order of fallback. */
+using FFontId = std::uint16_t;
+
+/** The fonts of an engine, loaded when first needed. Safe to call from several threads. */
+class FFontSet
+{
+public:
+	/** Null with OutError set where not one font can be loaded. */
+	static std::unique_ptr<FFontSet> Create(const std::string& InFamily, std::string& OutError);
+
+	/** The first font that has all the characters; nothing where none has. */
+	std::optional<FFontId> FindCovering(std::span<const std::uint32_t> InPoints);
+
+	/** An id that FindCovering, Primary or Emoji gave. */
+	const FFont& Get(FFontId InId) { return *TryLoad(InId); }
+
+	static constexpr FFontId Primary = 0;
+	std::optional<FFontId> GetEmoji() const { return Emoji; }
+	const std::string& GetPrimaryFamily() const { return Slots.front()->File.Family; }
+	FT_Library GetLibrary() const { return Library.get(); }
+
+private:
+	struct FSlot
+	{
+		FFontFile File;
+		std::once_flag Once;
+		std::unique_ptr<FFont> Font;
+	};
+
+	FFontSet() = default;
+	const FFont* TryLoad(std::size_t InIndex);
+	void Fill(std::vector<FFontFile> InFiles);
+
+	FFtLibraryPtr Library;
+	std::mutex LibraryLock;
+	std::vector<std::unique_ptr<FSlot>> Slots;
+	std::optional<FFontId> Emoji;
+};
+
+} // namespace Flitmark

@@ -1,0 +1,215 @@
+#include "GlyphRenderer.h"
+
+#include "Resample.h"
+#include "TextMetrics.h"
+
+#include FT_OUTLINE_H
+
+#include <algorithm>
+#include <cmath>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr FT_Pos SubPixels = 64;
+
+/** Bound of a mask: ligatures of a line's width exist, at absurd sizes they would be gigabytes. */
+constexpr FT_Pos MaxMaskPixels = FT_Pos{32} << 20;
+
+/** The outline is black, and lets a little of the picture through. */
+constexpr std::uint16_t OutlineAlpha = 204;
+
+FT_Pos ToSubPixels(double InPixels)
+{
+	return static_cast<FT_Pos>(std::lround(InPixels * SubPixels));
+}
+
+/** Sizes in 1/64 pixel are exact; InEm is that of the font, not of the text. Lock is held. */
+bool SetSize(FFont::FDrawing& InDrawing, FT_Pos InEm)
+{
+	if (InDrawing.CurrentEm != InEm)
+	{
+		InDrawing.CurrentEm = FT_Set_Char_Size(InDrawing.Face.get(), InEm, InEm, 72, 72) == 0 ? InEm : 0;
+	}
+	return InDrawing.CurrentEm == InEm;
+}
+
+/** A mask in the making, of just an outline's size. */
+struct FCoverage : FPixelRect
+{
+	std::vector<std::uint8_t> Pixels;
+};
+
+/** Fills an outline. The outline is moved. */
+bool FillMask(FT_Library InLibrary, FT_Outline& InOutline, FCoverage& OutMask)
+{
+	FT_BBox Box;
+	FT_Outline_Get_CBox(&InOutline, &Box);
+	const FT_Pos Left = Box.xMin >> 6;
+	const FT_Pos Bottom = Box.yMin >> 6;
+	const FT_Pos Width = ((Box.xMax + SubPixels - 1) >> 6) - Left;
+	const FT_Pos Height = ((Box.yMax + SubPixels - 1) >> 6) - Bottom;
+	if (InOutline.n_points == 0 || Width <= 0 || Height <= 0)
+	{
+		return true;
+	}
+	if (Width > MaxMaskPixels || Height > MaxMaskPixels / Width)
+	{
+		return false;
+	}
+	OutMask.Left = static_cast<std::int32_t>(Left);
+	OutMask.Top = static_cast<std::int32_t>(-(Bottom + Height));
+	OutMask.Width = static_cast<std::int32_t>(Width);
+	OutMask.Height = static_cast<std::int32_t>(Height);
+	OutMask.Pixels.resize(static_cast<std::size_t>(Width * Height));
+	FT_Outline_Translate(&InOutline, -Left * SubPixels, -Bottom * SubPixels);
+	FT_Bitmap Bitmap = {};
+	Bitmap.width = static_cast<unsigned>(Width);
+	Bitmap.rows = static_cast<unsigned>(Height);
+	Bitmap.pitch = OutMask.Width;
+	Bitmap.buffer = OutMask.Pixels.data();
+	Bitmap.num_grays = 256;
+	Bitmap.pixel_mode = FT_PIXEL_MODE_GRAY;
+	return FT_Outline_Get_Bitmap(InLibrary, &InOutline, &Bitmap) == 0;
+}
+
+/** Writes a mask into the low or high bytes of a plane that holds it. */
+void PutMask(const FCoverage& InMask, std::uint16_t InFactor, unsigned InShift, FMaskPlane& OutPlane)
+{
+	for (std::int32_t Row = 0; Row < InMask.Height; ++Row)
+	{
+		const std::uint8_t* In = InMask.Pixels.data() + std::ptrdiff_t{Row} * InMask.Width;
+		std::uint16_t* Out = OutPlane.Pixels.data() +
+							 std::ptrdiff_t{InMask.Top - OutPlane.Top + Row} * OutPlane.Stride +
+							 (InMask.Left - OutPlane.Left);
+		for (std::int32_t Column = 0; Column < InMask.Width; ++Column)
+		{
+			const unsigned Value = (unsigned{In[Column]} * InFactor + 127U) / 255U;
+			Out[Column] = static_cast<std::uint16_t>(Out[Column] | Value << InShift);
+		}
+	}
+}
+
+FMaskPlane JoinMasks(const FCoverage& InFill, const FCoverage& InStroke)
+{
+	FMaskPlane Plane;
+	Plane.Left = std::min(InFill.Left, InStroke.Left);
+	Plane.Top = std::min(InFill.Top, InStroke.Top);
+	Plane.Width = std::max(InFill.Left + InFill.Width, InStroke.Left + InStroke.Width) - Plane.Left;
+	Plane.Height = std::max(InFill.Top + InFill.Height, InStroke.Top + InStroke.Height) - Plane.Top;
+	Plane.Stride = (Plane.Width + FMaskPlane::Block - 1) / FMaskPlane::Block * FMaskPlane::Block;
+	Plane.Pixels.resize(static_cast<std::size_t>(Plane.Stride) * static_cast<std::size_t>(Plane.Height));
+	PutMask(InFill, 255, 0, Plane);
+	PutMask(InStroke, OutlineAlpha, 8, Plane);
+	return Plane;
+}
+
+/** From the square em that glyphs are loaded and stroked at to the picture's pixels, pen fraction included. */
+void ToPicture(FT_Outline& InOutOutline, const FGlyphKey& InKey)
+{
+	if (InKey.EmX != InKey.EmY)
+	{
+		const FT_Matrix Stretch = {FT_DivFix(InKey.EmX, InKey.EmY), 0, 0, 0x10000};
+		FT_Outline_Transform(&InOutOutline, &Stretch);
+	}
+	FT_Outline_Translate(&InOutOutline, InKey.Phase * (SubPixels / FGlyphKey::PhaseCount), 0);
+}
+
+bool RenderStroke(FT_Library InLibrary, FT_Stroker InStroker, FT_Outline& InOutline, const FGlyphKey& InKey,
+				  FCoverage& OutMask)
+{
+	const FT_Pos Radius = std::max(ToSubPixels(InKey.EmY * TextMetrics::Outline / SubPixels), SubPixels);
+	FT_Stroker_Set(InStroker, Radius, FT_STROKER_LINECAP_ROUND, FT_STROKER_LINEJOIN_ROUND, 0);
+	FT_UInt Points = 0;
+	FT_UInt Contours = 0;
+	FT_Outline Stroke;
+	if (FT_Stroker_ParseOutline(InStroker, &InOutline, 0) != 0 ||
+		FT_Stroker_GetCounts(InStroker, &Points, &Contours) != 0 ||
+		FT_Outline_New(InLibrary, Points, static_cast<FT_Int>(Contours), &Stroke) != 0)
+	{
+		return false;
+	}
+	Stroke.n_points = 0;
+	Stroke.n_contours = 0;
+	FT_Stroker_Export(InStroker, &Stroke);
+	ToPicture(Stroke, InKey);
+	const bool bDrawn = FillMask(InLibrary, Stroke, OutMask);
+	FT_Outline_Done(InLibrary, &Stroke);
+	return bDrawn;
+}
+
+void RenderMasks(FT_Library InLibrary, FFont::FDrawing& InDrawing, const FGlyphKey& InKey, FGlyphImage& OutImage)
+{
+	const FT_Face Face = InDrawing.Face.get();
+	if (!SetSize(InDrawing, InKey.EmY) ||
+		FT_Load_Glyph(Face, InKey.Glyph, FT_LOAD_NO_HINTING | FT_LOAD_NO_BITMAP) != 0 ||
+		Face->glyph->format != FT_GLYPH_FORMAT_OUTLINE || Face->glyph->outline.n_points == 0)
+	{
+		return;
+	}
+	FT_Outline& Outline = Face->glyph->outline;
+	FCoverage Stroke;
+	FCoverage Fill;
+	OutImage.bCut = !RenderStroke(InLibrary, InDrawing.Stroker.get(), Outline, InKey, Stroke);
+	ToPicture(Outline, InKey);
+	OutImage.bCut = !FillMask(InLibrary, Outline, Fill) || OutImage.bCut;
+	if (!OutImage.bCut)
+	{
+		OutImage.Masks = JoinMasks(Fill, Stroke);
+	}
+}
+
+/** The smallest strike that need not be blown up, else the largest. Gives the em it was drawn for, in 1/64 pixel. */
+FT_Pos SelectStrike(FFont::FDrawing& InDrawing, FT_Pos InEm)
+{
+	const FT_Face Face = InDrawing.Face.get();
+	int Best = 0;
+	for (int Index = 1; Index < Face->num_fixed_sizes; ++Index)
+	{
+		const FT_Pos Size = Face->available_sizes[Index].y_ppem;
+		const FT_Pos BestSize = Face->available_sizes[Best].y_ppem;
+		Best = (BestSize < InEm ? Size > BestSize : Size >= InEm && Size < BestSize) ? Index : Best;
+	}
+	InDrawing.CurrentEm = 0;
+	return FT_Select_Size(Face, Best) == 0 ? Face->available_sizes[Best].y_ppem : 0;
+}
+
+void RenderColor(FFont::FDrawing& InDrawing, double InMagnification, const FGlyphKey& InKey, FGlyphImage& OutImage)
+{
+	const FT_Face Face = InDrawing.Face.get();
+	const FT_Pos Em = std::max(std::lround(InKey.EmY * InMagnification), 1L);
+	const bool bStrikes = FT_HAS_FIXED_SIZES(Face);
+	const FT_Pos DrawnEm = bStrikes ? SelectStrike(InDrawing, Em) : SetSize(InDrawing, Em) ? Em : 0;
+	if (DrawnEm <= 0 || FT_Load_Glyph(Face, InKey.Glyph, FT_LOAD_NO_HINTING | FT_LOAD_COLOR | FT_LOAD_RENDER) != 0 ||
+		Face->glyph->bitmap.pixel_mode != FT_PIXEL_MODE_BGRA)
+	{
+		return;
+	}
+	const double ScaleY = static_cast<double>(Em) / static_cast<double>(DrawnEm);
+	const double ScaleX = ScaleY * InKey.EmX / InKey.EmY;
+	const FT_GlyphSlot Slot = Face->glyph;
+	OutImage.Color = ResampleColor(Slot->bitmap, Slot->bitmap_left, Slot->bitmap_top, ScaleX, ScaleY);
+}
+
+} // namespace
+
+FGlyphImage RenderGlyph(FT_Library InLibrary, const FFont& InFont, const FGlyphKey& InKey)
+{
+	FGlyphImage Image;
+	FFont::FDrawing& Drawing = InFont.GetDrawing();
+	const std::lock_guard Lock(Drawing.Lock);
+	if (InFont.IsColor())
+	{
+		RenderColor(Drawing, InFont.GetMagnification(), InKey, Image);
+	}
+	else
+	{
+		RenderMasks(InLibrary, Drawing, InKey, Image);
+	}
+	return Image;
+}
+
+} // namespace Flitmark

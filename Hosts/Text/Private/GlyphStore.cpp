@@ -1,0 +1,37 @@
+#include "GlyphStore.h"
+
+#include "GlyphRenderer.h"
+#include "TextLimits.h"
+
+namespace Flitmark
+{
+
+FGlyphStore::FGlyphStore(FFontSet& InFonts)
+	: Fonts(InFonts)
+	, Cache(FTextLimits::GlyphCacheBytes)
+{
+}
+
+std::shared_ptr<const FGlyphImage> FGlyphStore::Get(const FGlyphKey& InKey)
+{
+	std::shared_ptr<const FGlyphImage> Image;
+	if (!Cache.Find(InKey, Image))
+	{
+		Image = std::make_shared<const FGlyphImage>(RenderGlyph(Fonts.GetLibrary(), Fonts.Get(InKey.Font), InKey));
+		constexpr std::size_t EntryBytes = sizeof(FGlyphImage) + sizeof(FGlyphKey) + 64;
+		Cache.Add(InKey, Image, EntryBytes + Image->CountBytes());
+	}
+	return Image;
+}
+
+std::size_t FGlyphStore::FHash::operator()(const FGlyphKey& InKey) const
+{
+	// Multiplied by odd constants of random bits and folded: cheap, and spreads neighbouring glyphs.
+	const std::uint64_t Which = std::uint64_t{InKey.Glyph} << 24U | std::uint64_t{InKey.Font} << 8U | InKey.Phase;
+	const std::uint64_t Size = static_cast<std::uint64_t>(static_cast<std::uint32_t>(InKey.EmX)) << 32U |
+							   static_cast<std::uint32_t>(InKey.EmY);
+	const std::uint64_t Mixed = Which * 0x9e3779b97f4a7c15U ^ (Size * 0xc2b2ae3d27d4eb4fU >> 7U);
+	return static_cast<std::size_t>(Mixed ^ Mixed >> 29U);
+}
+
+} // namespace Flitmark

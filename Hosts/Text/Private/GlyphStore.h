@@ -1,0 +1,35 @@
+#pragma once
+
+#include "BoundedCache.h"
+#include "GlyphImage.h"
+
+#include <functional>
+#include <memory>
+
+namespace Flitmark
+{
+
+/** Draws each glyph once and keeps it while it is in use. Safe to call from several threads. */
+class FGlyphStore
+{
+public:
+	explicit FGlyphStore(FFontSet& InFonts);
+
+	std::shared_ptr<const FGlyphImage> Get(const FGlyphKey& InKey);
+
+	/** Memory that the kept glyphs take. */
+	std::size_t CountBytes() { return Cache.CountBytes(); }
+
+private:
+	struct FHash
+	{
+		std::size_t operator()(const FGlyphKey& InKey) const;
+	};
+
+	FFontSet& Fonts;
+
+	/** Few shards, so that glyphs of 2,000 pixels are still kept. */
+	TBoundedCache<FGlyphKey, std::shared_ptr<const FGlyphImage>, FHash, std::equal_to<FGlyphKey>, 4> Cache;
+};
+
+} // namespace Flitmark

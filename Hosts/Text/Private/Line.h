@@ -1,0 +1,42 @@
+#pragma once
+
+#include "CharTable.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace Flitmark
+{
+
+/** Neighbouring characters of a line that are shaped together. */
+struct FRun
+{
+	std::size_t Begin = 0;
+	std::size_t Count = 0;
+	FFontId Font = FFontSet::Primary;
+
+	/** For FCharTable::GetScript. */
+	std::uint8_t Script = 0;
+
+	/** Embedding level of the bidirectional algorithm; odd is right-to-left. */
+	std::int8_t Level = 0;
+
+	/** Every character is Simple. */
+	bool bSimple = false;
+};
+
+/** A line being set. Kept and filled again, so that setting a line takes no memory. */
+struct FLine
+{
+	std::vector<std::uint32_t> Points;
+	hb_language_t Language = nullptr;
+
+	/** Beside Points: their records, with the font that they are set in. */
+	std::vector<FCharInfo> Infos;
+	std::vector<std::int8_t> Levels;
+
+	/** From left to right as they stand on screen. */
+	std::vector<FRun> Runs;
+};
+
+} // namespace Flitmark

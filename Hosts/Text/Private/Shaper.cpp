@@ -1,0 +1,106 @@
+#include "Shaper.h"
+
+#include "Itemiser.h"
+#include "Languages.h"
+#include "RunShaping.h"
+#include "TextLimits.h"
+#include "TextLines.h"
+
+#include <algorithm>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+void AddGlyphs(hb_buffer_t* InBuffer, const FRun& InRun, std::int32_t InLine, std::int64_t& InOutPen,
+			   std::vector<FShapedGlyph>& OutGlyphs)
+{
+	unsigned Count = 0;
+	const hb_glyph_info_t* Infos = hb_buffer_get_glyph_infos(InBuffer, &Count);
+	const hb_glyph_position_t* Positions = hb_buffer_get_glyph_positions(InBuffer, &Count);
+	for (unsigned Index = 0; Index < Count; ++Index)
+	{
+		const hb_glyph_position_t& Position = Positions[Index];
+		OutGlyphs.push_back(
+			{Infos[Index].codepoint, InRun.Font, InLine, InOutPen + Position.x_offset, Position.y_offset});
+		InOutPen += Position.x_advance;
+	}
+}
+
+} // namespace
+
+template <typename SetLineType>
+FTextExtent FShaper::SetLines(std::u16string_view InText, SetLineType InSetLine)
+{
+	thread_local FLine Line;
+	FTextExtent Extent;
+	FTextLines Lines(InText);
+	Line.Language = GuessHanLanguage(InText);
+	while (Lines.Next(Line.Points))
+	{
+		if (Extent.Lines == FTextLimits::MaxLines)
+		{
+			Extent.bCut = true;
+			break;
+		}
+		Itemise(Fonts, Chars, Line);
+		Extent.LongestAdvance = std::max(Extent.LongestAdvance, InSetLine(Line, Extent.Lines));
+		++Extent.Lines;
+	}
+	return Extent;
+}
+
+FTextExtent FShaper::Measure(std::u16string_view InText)
+{
+	return SetLines(InText,
+					[this](const FLine& InLine, std::int32_t)
+					{
+						std::int64_t Advance = 0;
+						for (const FRun& Run : InLine.Runs)
+						{
+							Advance += MeasureRun(InLine, Run);
+						}
+						return Advance;
+					});
+}
+
+FTextExtent FShaper::Shape(std::u16string_view InText, std::vector<FShapedGlyph>& OutGlyphs)
+{
+	return SetLines(InText,
+					[this, &OutGlyphs](const FLine& InLine, std::int32_t InNumber)
+					{
+						std::int64_t Pen = 0;
+						for (const FRun& Run : InLine.Runs)
+						{
+							ShapeRunOf(InLine, Run);
+							AddGlyphs(GetThreadBuffer(), Run, InNumber, Pen, OutGlyphs);
+						}
+						return Pen;
+					});
+}
+
+std::int64_t FShaper::MeasureRun(const FLine& InLine, const FRun& InRun)
+{
+	// Simple characters are on a grid: their advances add up to just what shaping the run gives.
+	if (InRun.bSimple)
+	{
+		std::int64_t Advance = 0;
+		for (std::size_t Index = InRun.Begin; Index < InRun.Begin + InRun.Count; ++Index)
+		{
+			Advance += InLine.Infos[Index].Advance;
+		}
+		return Advance;
+	}
+	ShapeRunOf(InLine, InRun);
+	return SumAdvances(GetThreadBuffer());
+}
+
+void FShaper::ShapeRunOf(const FLine& InLine, const FRun& InRun)
+{
+	const FRunStyle Style = {FCharTable::GetScript(InRun.Script), InLine.Language, (InRun.Level & 1) != 0};
+	ShapeRun(GetThreadBuffer(), Fonts.Get(InRun.Font), Style, InLine.Points, InRun.Begin, InRun.Count);
+}
+
+} // namespace Flitmark

@@ -1,0 +1,280 @@
+#include "SpritePainter.h"
+
+#include "TextLimits.h"
+#include "TextMetrics.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** Pixels of a mask that a thread keeps for its next sprite. */
+constexpr std::size_t MaxKeptPixels = std::size_t{1} << 20;
+
+/** Memory of the glyphs of a sprite: what covers a sprite of the largest size four times over. */
+constexpr std::size_t MaxGlyphBytes = std::size_t{FTextLimits::MaxSpritePixels} * sizeof(std::uint16_t) * 4;
+
+struct FPlacedImage
+{
+	std::shared_ptr<const FGlyphImage> Image;
+	std::int32_t X = 0;
+	std::int32_t Y = 0;
+};
+
+struct FBounds
+{
+	std::int64_t Left = std::numeric_limits<std::int32_t>::max();
+	std::int64_t Top = std::numeric_limits<std::int32_t>::max();
+	std::int64_t Right = std::numeric_limits<std::int32_t>::min();
+	std::int64_t Bottom = std::numeric_limits<std::int32_t>::min();
+
+	void Add(const FPlacedImage& InPlaced, const FPixelRect& InPlane)
+	{
+		if (InPlane.Width > 0)
+		{
+			Left = std::min<std::int64_t>(Left, InPlaced.X + InPlane.Left);
+			Top = std::min<std::int64_t>(Top, InPlaced.Y + InPlane.Top);
+			Right = std::max<std::int64_t>(Right, InPlaced.X + InPlane.Left + InPlane.Width);
+			Bottom = std::max<std::int64_t>(Bottom, InPlaced.Y + InPlane.Top + InPlane.Height);
+		}
+	}
+};
+
+/** Of two values up to 255, as fractions of it: the product, rounded. */
+constexpr std::uint16_t Multiply(std::uint16_t InLeft, std::uint16_t InRight)
+{
+	const auto Sum = static_cast<std::uint16_t>(InLeft * InRight + 128U);
+	return static_cast<std::uint16_t>(static_cast<std::uint16_t>(Sum + (Sum >> 8U)) >> 8U);
+}
+
+/** Calls InBlendRow(first pixel in the sprite, row and column in the plane, pixels) for each row that lies in the sprite. */
+template <typename BlendRowType>
+void ForEachRow(const FSprite& InSprite, const FPlacedImage& InPlaced, const FPixelRect& InPlane,
+				BlendRowType InBlendRow)
+{
+	const std::int32_t X = InPlaced.X + InPlane.Left - InSprite.Left;
+	const std::int32_t Y = InPlaced.Y + InPlane.Top - InSprite.Top;
+	const std::int32_t Left = std::max(X, 0);
+	const std::int32_t Width = std::min(X + InPlane.Width, InSprite.Width) - Left;
+	const std::int32_t Bottom = std::min(Y + InPlane.Height, InSprite.Height);
+	if (Width <= 0)
+	{
+		return;
+	}
+	for (std::int32_t Row = std::max(Y, 0); Row < Bottom; ++Row)
+	{
+		InBlendRow(std::ptrdiff_t{Row} * InSprite.Width + Left, Row - Y, Left - X, Width);
+	}
+}
+
+/**
+ * Coverages add up, since parts of one letter may abut in a pixel; of outlines the darkest counts, so that they don't
+ * darken each other. In 16 bits and plain loops, so that compilers make vectors of it.
+ */
+void BlendMask(std::uint16_t* __restrict OutTarget, const std::uint16_t* __restrict InSource, std::int32_t InCount)
+{
+	for (std::int32_t Index = 0; Index < InCount; ++Index)
+	{
+		const auto Fill = static_cast<std::uint16_t>((OutTarget[Index] & 0xffU) + (InSource[Index] & 0xffU));
+		const auto Below = static_cast<std::uint16_t>(OutTarget[Index] >> 8U);
+		const auto Above = static_cast<std::uint16_t>(InSource[Index] >> 8U);
+		const std::uint16_t Capped = Fill < 255 ? Fill : std::uint16_t{255};
+		const std::uint16_t Shade = Below < Above ? Above : Below;
+		OutTarget[Index] = static_cast<std::uint16_t>(Capped | Shade << 8U);
+	}
+}
+
+void BlendColor(std::uint8_t* OutTarget, const std::uint8_t* InSource, std::uint16_t InAlpha, std::int32_t InCount)
+{
+	for (std::int32_t Index = 0; Index < InCount; ++Index, OutTarget += 4, InSource += 4)
+	{
+		const auto Uncovered = static_cast<std::uint16_t>(255U - Multiply(InSource[3], InAlpha));
+		for (std::size_t Channel = 0; Channel < 4; ++Channel)
+		{
+			const unsigned Own = Multiply(InSource[Channel], InAlpha);
+			const unsigned Below = Multiply(OutTarget[Channel], Uncovered);
+			OutTarget[Channel] = static_cast<std::uint8_t>(std::min(Own + Below, 255U));
+		}
+	}
+}
+
+/** Beyond these, in pixels from the comment's corner, nothing of a glyph would be painted. */
+struct FReach
+{
+	double Right = std::numeric_limits<double>::infinity();
+	double Bottom = std::numeric_limits<double>::infinity();
+};
+
+/** Known before a glyph is drawn: drawing what is left out would take the time and memory that the limits save. */
+FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle)
+{
+	const auto IsLeftOf = [](const FShapedGlyph& InLeft, const FShapedGlyph& InRight)
+	{
+		return InLeft.X < InRight.X;
+	};
+	const auto [First, Last] = std::minmax_element(InGlyphs.begin(), InGlyphs.end(), IsLeftOf);
+	FReach Reach;
+	if (InGlyphs.empty())
+	{
+		return Reach;
+	}
+	const double LineHeight = TextMetrics::LineHeight * InStyle.EmY;
+	const double Left = TextMetrics::ToEms(First->X) * InStyle.EmX;
+	const double Top = InGlyphs.front().Line * LineHeight;
+	// An em more on both sides for what the glyphs are wide.
+	const double Width = TextMetrics::ToEms(Last->X) * InStyle.EmX - Left + 2.0 * InStyle.EmX;
+	const double Height = (InGlyphs.back().Line + 1) * LineHeight - Top;
+	if (Width * Height > static_cast<double>(FTextLimits::MaxSpritePixels))
+	{
+		const double Rows = std::min(Height, static_cast<double>(FTextLimits::MaxSpriteRows));
+		Reach.Right = Left + static_cast<double>(FTextLimits::MaxSpritePixels) / Rows + InStyle.EmX;
+		Reach.Bottom = Top + Rows + InStyle.EmY;
+	}
+	return Reach;
+}
+
+/** Draws the glyphs. False where some were left out. */
+bool PlaceGlyphs(FGlyphStore& InStore, std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle,
+				 std::vector<FPlacedImage>& OutPlaced)
+{
+	constexpr double SubPixels = 64.0;
+	const auto EmX = static_cast<std::int32_t>(std::lround(InStyle.EmX * SubPixels));
+	const auto EmY = static_cast<std::int32_t>(std::lround(InStyle.EmY * SubPixels));
+	const FReach Reach = FindReach(InGlyphs, InStyle);
+	std::size_t Bytes = 0;
+	OutPlaced.reserve(InGlyphs.size());
+	for (const FShapedGlyph& Glyph : InGlyphs)
+	{
+		const double PenX = (TextMetrics::Outline + TextMetrics::ToEms(Glyph.X)) * InStyle.EmX;
+		const double Baseline = (TextMetrics::LineHeight * Glyph.Line + TextMetrics::Baseline) * InStyle.EmY;
+		if (PenX > Reach.Right || Baseline > Reach.Bottom || Bytes > MaxGlyphBytes)
+		{
+			continue;
+		}
+		const double Raise = TextMetrics::ToEms(Glyph.Y) * InStyle.EmY;
+		const std::int64_t Steps = std::llround(PenX * FGlyphKey::PhaseCount);
+		const auto Phase = static_cast<std::uint8_t>(Steps & (FGlyphKey::PhaseCount - 1));
+		FPlacedImage& Placed = OutPlaced.emplace_back();
+		Placed.Image = InStore.Get({Glyph.Glyph, Glyph.Font, Phase, EmX, EmY});
+		Placed.X = static_cast<std::int32_t>((Steps - Phase) / FGlyphKey::PhaseCount);
+		Placed.Y = static_cast<std::int32_t>(std::lround(Baseline) - std::lround(Raise));
+		Bytes += Placed.Image->CountBytes();
+	}
+	return OutPlaced.size() == InGlyphs.size();
+}
+
+/** Sizes the sprite to its ink, as far as that may be painted. */
+void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
+{
+	FBounds Bounds;
+	for (const FPlacedImage& Placed : InPlaced)
+	{
+		Bounds.Add(Placed, Placed.Image->Masks);
+		Bounds.Add(Placed, Placed.Image->Color);
+		OutSprite.bCut = OutSprite.bCut || Placed.Image->bCut;
+	}
+	std::int64_t Width = Bounds.Right - Bounds.Left;
+	std::int64_t Height = Bounds.Bottom - Bounds.Top;
+	if (Width <= 0 || Height <= 0)
+	{
+		return;
+	}
+	if (Width > FTextLimits::MaxSpritePixels / Height)
+	{
+		Height = std::min(Height, FTextLimits::MaxSpriteRows);
+		Width = std::min(Width, FTextLimits::MaxSpritePixels / Height);
+		OutSprite.bCut = true;
+	}
+	OutSprite.Left = static_cast<std::int32_t>(Bounds.Left);
+	OutSprite.Top = static_cast<std::int32_t>(Bounds.Top);
+	OutSprite.Width = static_cast<std::int32_t>(Width);
+	OutSprite.Height = static_cast<std::int32_t>(Height);
+}
+
+static_assert(std::endian::native == std::endian::little, "a pixel's first byte, red, is its lowest");
+
+/** Fill over outline, the whole faded by the colour's alpha. */
+void ComposeMasks(const std::uint16_t* __restrict InMasks, std::size_t InCount, FTextColor InColor,
+				  std::uint8_t* __restrict OutPixels)
+{
+	const std::uint16_t Alpha = InColor.Alpha;
+	const std::uint16_t Red = Multiply(InColor.Red, Alpha);
+	const std::uint16_t Green = Multiply(InColor.Green, Alpha);
+	const std::uint16_t Blue = Multiply(InColor.Blue, Alpha);
+	for (std::size_t Index = 0; Index < InCount; ++Index)
+	{
+		const auto Fill = static_cast<std::uint16_t>(InMasks[Index] & 0xffU);
+		const auto Shade = static_cast<std::uint16_t>(InMasks[Index] >> 8U);
+		const auto Uncovered = static_cast<std::uint16_t>(255U - Fill);
+		const auto Cover = static_cast<std::uint16_t>(Fill + Multiply(Shade, Uncovered));
+		const auto RedGreen = static_cast<std::uint16_t>(Multiply(Fill, Red) | Multiply(Fill, Green) << 8U);
+		const auto BlueAlpha = static_cast<std::uint16_t>(Multiply(Fill, Blue) | Multiply(Cover, Alpha) << 8U);
+		const std::uint32_t Pixel = RedGreen | static_cast<std::uint32_t>(BlueAlpha) << 16U;
+		// Whole pixels, not bytes: those would be stored one by one.
+		std::memcpy(OutPixels + 4 * Index, &Pixel, sizeof(Pixel));
+	}
+}
+
+void PaintMasks(std::span<const FPlacedImage> InPlaced, FTextColor InColor, FSprite& InOutSprite)
+{
+	thread_local std::vector<std::uint16_t> Canvas;
+	const std::size_t Count = InOutSprite.Pixels.size() / 4;
+	// A glyph's whole blocks may reach past the last pixel: they are empty there.
+	Canvas.assign(Count + FMaskPlane::Block, 0);
+	for (const FPlacedImage& Placed : InPlaced)
+	{
+		const FMaskPlane& Plane = Placed.Image->Masks;
+		const auto BlendRow =
+			[&Plane](std::ptrdiff_t InTarget, std::int32_t InRow, std::int32_t InColumn, std::int32_t InCount)
+		{
+			const std::uint16_t* Source = Plane.Pixels.data() + std::ptrdiff_t{InRow} * Plane.Stride + InColumn;
+			const std::int32_t Whole = InCount == Plane.Width ? Plane.Stride : InCount;
+			BlendMask(Canvas.data() + InTarget, Source, Whole);
+		};
+		ForEachRow(InOutSprite, Placed, Plane, BlendRow);
+	}
+	ComposeMasks(Canvas.data(), Count, InColor, InOutSprite.Pixels.data());
+	if (Count > MaxKeptPixels)
+	{
+		Canvas = std::vector<std::uint16_t>();
+	}
+}
+
+void PaintColors(std::span<const FPlacedImage> InPlaced, std::uint16_t InAlpha, FSprite& InOutSprite)
+{
+	for (const FPlacedImage& Placed : InPlaced)
+	{
+		const FColorPlane& Plane = Placed.Image->Color;
+		const auto BlendRow = [&Plane, &InOutSprite, InAlpha](std::ptrdiff_t InTarget, std::int32_t InRow,
+															  std::int32_t InColumn, std::int32_t InCount)
+		{
+			std::uint8_t* Target = InOutSprite.Pixels.data() + InTarget * 4;
+			const std::uint8_t* Source = Plane.Pixels.data() + (std::ptrdiff_t{InRow} * Plane.Width + InColumn) * 4;
+			BlendColor(Target, Source, InAlpha, InCount);
+		};
+		ForEachRow(InOutSprite, Placed, Plane, BlendRow);
+	}
+}
+
+} // namespace
+
+FSprite PaintSprite(FGlyphStore& InStore, std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle)
+{
+	std::vector<FPlacedImage> Placed;
+	FSprite Sprite;
+	Sprite.bCut = !PlaceGlyphs(InStore, InGlyphs, InStyle, Placed);
+	SizeSprite(Placed, Sprite);
+	Sprite.Pixels.resize(static_cast<std::size_t>(Sprite.Width) * static_cast<std::size_t>(Sprite.Height) * 4);
+	PaintMasks(Placed, InStyle.Color, Sprite);
+	PaintColors(Placed, InStyle.Color.Alpha, Sprite);
+	return Sprite;
+}
+
+} // namespace Flitmark

@@ -1,0 +1,130 @@
+#include "TextEngine.h"
+
+#include "BoundedCache.h"
+#include "GlyphStore.h"
+#include "Shaper.h"
+#include "SpritePainter.h"
+#include "TextLimits.h"
+#include "TextLines.h"
+#include "TextMetrics.h"
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+struct FTextHash
+{
+	using is_transparent = void;
+	std::size_t operator()(std::u16string_view InText) const { return std::hash<std::u16string_view>()(InText); }
+};
+
+/** Canvas units to the em; 0 where a text of that size can't be seen. */
+double ToEm(float InSizePoints)
+{
+	if (!(InSizePoints > 0.0F))
+	{
+		return 0.0;
+	}
+	return std::min(InSizePoints, std::numeric_limits<float>::max()) * TextMetrics::CanvasUnitsPerPoint;
+}
+
+} // namespace
+
+class FTextEngine::FImpl
+{
+public:
+	explicit FImpl(std::unique_ptr<FFontSet> InFonts)
+		: Fonts(std::move(InFonts))
+		, Shaper(*Fonts)
+		, Glyphs(*Fonts)
+		, Extents(FTextLimits::MeasureCacheBytes)
+	{
+	}
+
+	FTextExtent FindExtent(std::u16string_view InText)
+	{
+		FTextExtent Extent;
+		if (!Extents.Find(InText, Extent))
+		{
+			Extent = Shaper.Measure(InText);
+			// A node of the map, and what the allocator adds to it and to a long key.
+			constexpr std::size_t EntryBytes = sizeof(std::u16string) + sizeof(FTextExtent) + 64;
+			Extents.Add(std::u16string(InText), Extent, EntryBytes + InText.size() * sizeof(char16_t));
+		}
+		return Extent;
+	}
+
+	std::unique_ptr<FFontSet> Fonts;
+	FShaper Shaper;
+	FGlyphStore Glyphs;
+	TBoundedCache<std::u16string, FTextExtent, FTextHash, std::equal_to<>, 16> Extents;
+};
+
+std::unique_ptr<FTextEngine> FTextEngine::Create(const FTextOptions& InOptions, std::string& OutError)
+{
+	std::unique_ptr<FFontSet> Fonts = FFontSet::Create(InOptions.Family, OutError);
+	if (!Fonts)
+	{
+		return nullptr;
+	}
+	return std::unique_ptr<FTextEngine>(new FTextEngine(std::make_unique<FImpl>(std::move(Fonts))));
+}
+
+FTextEngine::FTextEngine(std::unique_ptr<FImpl> InImpl)
+	: Impl(std::move(InImpl))
+{
+}
+
+FTextEngine::~FTextEngine() = default;
+
+FTextSize FTextEngine::Measure(std::u16string_view InText, float InSizePoints)
+{
+	const double Em = ToEm(InSizePoints);
+	const std::u16string_view Text = LimitText(InText);
+	FTextSize Size;
+	if (Em > 0.0)
+	{
+		const FTextExtent Extent = Impl->FindExtent(Text);
+		const double Advance = TextMetrics::ToEms(Extent.LongestAdvance);
+		Size.Width = Advance > 0.0 ? (Advance + 2.0 * TextMetrics::Outline) * Em : 0.0;
+		Size.Height = Extent.Lines * TextMetrics::LineHeight * Em;
+		Size.bCut = Extent.bCut || Text.size() < InText.size();
+	}
+	return Size;
+}
+
+FSprite FTextEngine::Rasterise(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale)
+{
+	FSprite Sprite;
+	const FSpriteStyle Style = {ToEm(InSizePoints) * InScale.X, ToEm(InSizePoints) * InScale.Y, InColor};
+	// Less than a pixel to the em is no more than dust.
+	if (!(Style.EmX >= 1.0) || !(Style.EmY >= 1.0) || InColor.Alpha == 0)
+	{
+		return Sprite;
+	}
+	if (Style.EmX > FTextLimits::MaxEmPixels || Style.EmY > FTextLimits::MaxEmPixels)
+	{
+		Sprite.bCut = !InText.empty();
+		return Sprite;
+	}
+	thread_local std::vector<FShapedGlyph> Glyphs;
+	Glyphs.clear();
+	const std::u16string_view Text = LimitText(InText);
+	const FTextExtent Extent = Impl->Shaper.Shape(Text, Glyphs);
+	Sprite = PaintSprite(Impl->Glyphs, Glyphs, Style);
+	Sprite.bCut = Sprite.bCut || Extent.bCut || Text.size() < InText.size();
+	return Sprite;
+}
+
+const std::string& FTextEngine::PrimaryFamily() const
+{
+	return Impl->Fonts->GetPrimaryFamily();
+}
+
+} // namespace Flitmark

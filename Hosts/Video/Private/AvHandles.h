@@ -1,0 +1,43 @@
+#pragma once
+
+extern "C"
+{
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/buffer.h>
+#include <libavutil/frame.h>
+#include <libswscale/swscale.h>
+}
+
+#include <memory>
+
+namespace Flitmark
+{
+
+/** Frees each of FFmpeg's objects by its own function. */
+struct FAvDelete
+{
+	void operator()(AVFrame* InFrame) const { av_frame_free(&InFrame); }
+	void operator()(AVPacket* InPacket) const { av_packet_free(&InPacket); }
+	void operator()(AVCodecContext* InContext) const { avcodec_free_context(&InContext); }
+	void operator()(AVFormatContext* InContext) const { avformat_close_input(&InContext); }
+	void operator()(SwsContext* InContext) const { sws_freeContext(InContext); }
+	void operator()(AVBufferPool* InPool) const { av_buffer_pool_uninit(&InPool); }
+};
+
+using FFramePtr = std::unique_ptr<AVFrame, FAvDelete>;
+using FPacketPtr = std::unique_ptr<AVPacket, FAvDelete>;
+using FCodecPtr = std::unique_ptr<AVCodecContext, FAvDelete>;
+using FInputPtr = std::unique_ptr<AVFormatContext, FAvDelete>;
+using FSwsPtr = std::unique_ptr<SwsContext, FAvDelete>;
+using FBufferPoolPtr = std::unique_ptr<AVBufferPool, FAvDelete>;
+
+/** Throw std::bad_alloc where there is no memory, like everything else here. */
+FFramePtr MakeFrame();
+FPacketPtr MakePacket();
+
+/** Ticks of 100 nanoseconds, the overlay's unit of media time. */
+inline constexpr AVRational TickBase{1, 10'000'000};
+inline constexpr int64_t TicksPerSecond = 10'000'000;
+
+} // namespace Flitmark

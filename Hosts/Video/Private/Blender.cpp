@@ -1,0 +1,158 @@
+#include "Blender.h"
+
+#include "BlendRows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** Planes of the sprites that are alive. */
+template <typename SampleType>
+class TPlaneCache
+{
+public:
+	explicit TPlaneCache(const FBlendStyle& InStyle)
+		: Style(InStyle)
+	{
+	}
+
+	TSpritePlanes<SampleType>& Find(const std::shared_ptr<const FSprite>& InSprite)
+	{
+		FEntry& Entry = Entries[InSprite.get()];
+		// A new sprite may have got the address of a dead one.
+		if (Entry.Sprite.expired())
+		{
+			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InSprite, Style);
+			Entry.Sprite = InSprite;
+		}
+		return *Entry.Planes;
+	}
+
+	void Sweep()
+	{
+		constexpr int32_t FramesBetween = 32;
+		if (++Frames % FramesBetween == 0)
+		{
+			std::erase_if(Entries, [](const auto& InEntry) { return InEntry.second.Sprite.expired(); });
+		}
+	}
+
+private:
+	struct FEntry
+	{
+		std::weak_ptr<const FSprite> Sprite;
+		std::unique_ptr<TSpritePlanes<SampleType>> Planes;
+	};
+
+	const FBlendStyle& Style;
+	std::unordered_map<const FSprite*, FEntry> Entries;
+	uint32_t Frames = 0;
+};
+
+template <typename SampleType>
+class TBlender final : public IBlender
+{
+public:
+	explicit TBlender(const FBlendStyle& InStyle)
+		: Style(InStyle)
+		, Cache(Style)
+		, BlendRow(FastestBlendRow<SampleType>())
+	{
+	}
+
+	void Blend(AVFrame& InFrame, std::span<const FPlacedSprite> InSprites) override
+	{
+		for (const FPlacedSprite& Each : InSprites)
+		{
+			const auto Place = StoredPlace(Each, Style.Orientation, InFrame.width, InFrame.height);
+			if (!Place)
+			{
+				continue;
+			}
+			TSpritePlanes<SampleType>& Planes = Cache.Find(Each.Sprite);
+			for (int32_t Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
+			{
+				const FPlaneLayout& Layout = Style.Layout.Planes[static_cast<size_t>(Plane)];
+				BlendLayer(InFrame, Plane, Planes.Layer(Layout, Place->X, Place->Y), *Place);
+			}
+		}
+		Cache.Sweep();
+	}
+
+private:
+	void BlendLayer(AVFrame& InFrame, int32_t InPlane, const TInkLayer<SampleType>& InLayer, const FPixelRect& InPlace)
+	{
+		const FPlaneLayout& Plane = Style.Layout.Planes[static_cast<size_t>(InPlane)];
+		const int32_t Color = TSpritePlanes<SampleType>::ColorOf(Plane);
+		const int32_t Width = AV_CEIL_RSHIFT(InFrame.width, Plane.ShiftX) * Plane.Components;
+		const int32_t Height = AV_CEIL_RSHIFT(InFrame.height, Plane.ShiftY);
+		const int32_t X = (InPlace.X >> Plane.ShiftX) * Plane.Components;
+		const int32_t Y = InPlace.Y >> Plane.ShiftY;
+		const int32_t LastRow = std::min(InLayer.Height, Height - Y);
+		for (int32_t Row = std::max(0, -Y); Row < LastRow; ++Row)
+		{
+			uint8_t* const Line = InFrame.data[InPlane] + ptrdiff_t{Y + Row} * InFrame.linesize[InPlane];
+			SampleType* const Samples = reinterpret_cast<SampleType*>(Line);
+			for (const FInkSpan& Span : InLayer.RowSpans(Row))
+			{
+				const int32_t Begin = std::max(Span.Begin, -X);
+				const int32_t End = std::min(Span.End, Width - X);
+				if (Begin < End)
+				{
+					BlendRow(Samples + X + Begin, InLayer.KeepRow(Row) + Begin, InLayer.ColorRow(Color, Row) + Begin,
+							 End - Begin, Style.Layout.SampleShift);
+				}
+			}
+		}
+	}
+
+	FBlendStyle Style;
+	TPlaneCache<SampleType> Cache;
+	FBlendRow<SampleType> BlendRow;
+};
+
+} // namespace
+
+std::unique_ptr<IBlender> IBlender::Make(const FBlendStyle& InStyle)
+{
+	if (InStyle.Layout.Depth > 8)
+	{
+		return std::make_unique<TBlender<uint16_t>>(InStyle);
+	}
+	return std::make_unique<TBlender<uint8_t>>(InStyle);
+}
+
+std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32_t InWidth,
+									  int32_t InHeight)
+{
+	// Far beyond any picture, and far from where integers run over.
+	constexpr double Farthest = 1'000'000.0;
+	if (!InSprite.Sprite || InSprite.Sprite->Width <= 0 || InSprite.Sprite->Height <= 0)
+	{
+		return std::nullopt;
+	}
+	const FSprite& Sprite = *InSprite.Sprite;
+	const double X = std::floor(InSprite.X + 0.5) + Sprite.Left;
+	const double Y = std::floor(InSprite.Y + 0.5) + Sprite.Top;
+	const size_t Pixels = static_cast<size_t>(Sprite.Width) * static_cast<size_t>(Sprite.Height);
+	if (!(std::abs(X) < Farthest && std::abs(Y) < Farthest) || Sprite.Width > Farthest || Sprite.Height > Farthest ||
+		Sprite.Pixels.size() < Pixels * 4)
+	{
+		return std::nullopt;
+	}
+	const FPixelRect Upright{static_cast<int32_t>(X), static_cast<int32_t>(Y), Sprite.Width, Sprite.Height};
+	const FPixelRect Place = InOrientation.ToStored(Upright, InWidth, InHeight);
+	if (Place.X >= InWidth || Place.Y >= InHeight || Place.X + Place.Width <= 0 || Place.Y + Place.Height <= 0)
+	{
+		return std::nullopt;
+	}
+	return Place;
+}
+
+} // namespace Flitmark

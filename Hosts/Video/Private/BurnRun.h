@@ -1,0 +1,72 @@
+#pragma once
+
+#include "FrameConverter.h"
+#include "FramePainter.h"
+#include "OverlayClock.h"
+#include "PacketReader.h"
+#include "VideoBurn.h"
+#include "VideoEncoder.h"
+#include "VideoOutput.h"
+
+#include <deque>
+#include <optional>
+#include <string>
+
+namespace Flitmark
+{
+
+/** One burn, from opening the input to naming the output. */
+class FBurnRun
+{
+public:
+	FBurnRun(const FBurnOptions& InOptions, IBurnProgress& InProgress, const std::atomic<bool>& InCancel);
+
+	FVideoResult Burn(IOverlaySource& InOverlay);
+
+private:
+	// Each false with Error set, or with the burn cancelled.
+	bool Open();
+	bool OpenInput();
+	bool SkipToFrom(FOverlayClock& InClock);
+	bool Pump(FOverlayClock& InClock);
+	bool TakeFrame(FOverlayClock& InClock, FFramePtr InFrame);
+	bool TakePacket(FPacketPtr InPacket);
+	bool StartOutput(AVFrame& InFirst);
+	bool Encode(FFramePtr InFrame);
+	bool Drain();
+	bool Finish();
+
+	void Tell(const AVFrame& InFrame);
+	void TellDamage();
+	void SayConversion(AVPixelFormat InSource, const FFormatPlan& InPlan);
+	int64_t Zero(const AVFrame& InFirst) const;
+	int64_t FromTicks() const;
+	int64_t ToTicks() const;
+	bool Fail(std::string InError);
+
+	const FBurnOptions& Options;
+	IBurnProgress& Progress;
+	const std::atomic<bool>& Cancel;
+	std::string Error;
+
+	const AVCodec* Codec = nullptr;
+	std::unique_ptr<FVideoInput> Input;
+	std::unique_ptr<FVideoDecoder> Decoder;
+	std::unique_ptr<FVideoOutput> Output;
+	std::unique_ptr<FVideoEncoder> Encoder;
+	std::optional<FFramePainter> Painter;
+
+	/** Only where the encoder takes no format that comments can be blended into. */
+	std::optional<FFrameConverter> LastConverter;
+
+	/** Copied packets that came before the first frame, without which the output cannot start. */
+	std::deque<FPacketPtr> Waiting;
+
+	FPacketPtr Packet;
+	FBurnState State;
+	std::optional<int64_t> LastStamp;
+	int64_t LastEndTicks = 0;
+	int64_t Misplaced = 0;
+};
+
+} // namespace Flitmark

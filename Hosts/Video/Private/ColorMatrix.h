@@ -1,0 +1,30 @@
+#pragma once
+
+#include "AvHandles.h"
+
+#include <array>
+#include <cstdint>
+
+namespace Flitmark
+{
+
+/**
+ * From 8-bit sRGB multiplied by alpha to a video's code values multiplied by alpha. Because both are linear in the
+ * multiplied values, the offsets (black level, neutral chroma) become a fourth column that alpha is multiplied by.
+ */
+struct FColorMatrix
+{
+	/** Rows Y, Cb, Cr; columns red, green, blue, alpha; 16 fraction bits. */
+	std::array<std::array<int32_t, 4>, 3> Row{};
+
+	/**
+	 * By the frame's tags. Without a matrix tag: BT.709 for pictures beyond standard definition (wider than 1279 or
+	 * higher than 576), else BT.601, as players do; without a range tag: limited.
+	 */
+	static FColorMatrix For(const AVFrame& InFrame, int32_t InDepth);
+};
+
+/** The frame's matrix tag, with "unspecified" settled as said above. */
+AVColorSpace SettledMatrix(const AVFrame& InFrame);
+
+} // namespace Flitmark

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "AvHandles.h"
+
+namespace Flitmark
+{
+
+/** Brings frames to another pixel format or size. Colours keep their matrix; RGB becomes limited YCbCr, tagged so. */
+class FFrameConverter
+{
+public:
+	FFrameConverter(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight)
+		: Format(InFormat)
+		, Width(InWidth)
+		, Height(InHeight)
+	{
+	}
+
+	bool Fits(const AVFrame& InFrame) const
+	{
+		return InFrame.format == Format && InFrame.width == Width && InFrame.height == Height;
+	}
+
+	/** The converted frame with the properties of the given one; empty where it cannot be converted. */
+	FFramePtr Convert(const AVFrame& InFrame);
+
+private:
+	bool Prepare(const AVFrame& InFrame, const AVFrame& InTarget);
+
+	AVPixelFormat Format;
+	int32_t Width;
+	int32_t Height;
+	FSwsPtr Scaler;
+
+	/** What the scaler was made for. */
+	FFramePtr Kind;
+};
+
+} // namespace Flitmark

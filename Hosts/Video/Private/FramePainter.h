@@ -1,0 +1,50 @@
+#pragma once
+
+#include "AvHandles.h"
+#include "Blender.h"
+#include "FrameConverter.h"
+
+#include <optional>
+#include <span>
+
+namespace Flitmark
+{
+
+/**
+ * Paints comments on decoded frames. All frames come out in one size and in one pixel format that can be blended into,
+ * which are the first frame's own where possible.
+ */
+class FFramePainter
+{
+public:
+	FFramePainter(const FOrientation& InOrientation, double InOpacity)
+		: Orientation(InOrientation)
+		, Opacity(InOpacity)
+	{
+	}
+
+	/** InFormat: what frames are brought to before they are blended into; must be a format FPixelLayout knows. */
+	void Start(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight);
+
+	/** The painted frame; InFrame itself where nothing had to change. Null where a frame cannot be converted. */
+	FFramePtr Paint(FFramePtr InFrame, std::span<const FPlacedSprite> InSprites);
+
+private:
+	void PrepareBlender(const AVFrame& InFrame);
+	FFramePtr WritableCopy(const AVFrame& InFrame);
+
+	FOrientation Orientation;
+	double Opacity;
+	std::optional<FFrameConverter> Converter;
+	std::unique_ptr<IBlender> Blender;
+
+	/** The colour tags that the blender was made for. */
+	AVColorSpace Space = AVCOL_SPC_UNSPECIFIED;
+	AVColorRange Range = AVCOL_RANGE_UNSPECIFIED;
+
+	/** Buffers of the copies: fresh memory for every frame would cost more in page faults than the copying. */
+	FBufferPoolPtr Pool;
+	size_t PoolSize = 0;
+};
+
+} // namespace Flitmark

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "VideoDecoder.h"
+#include "VideoInput.h"
+
+#include <string>
+
+namespace Flitmark
+{
+
+/** Decodes an input's video alone, without its other streams. */
+class FFrameSource
+{
+public:
+	FFrameSource(FVideoInput& InInput, FVideoDecoder& InDecoder);
+
+	/** False at the end of the video. */
+	bool Next(AVFrame& OutFrame);
+
+private:
+	FVideoInput& Input;
+	FVideoDecoder& Decoder;
+	FPacketPtr Packet;
+	bool bEnd = false;
+};
+
+/**
+ * Opens a file at the last keyframe from which the frame shown at InTicks of media time can be decoded: at the
+ * beginning where seeking leads past it. Null with OutError set where the file cannot be read.
+ */
+std::unique_ptr<FVideoInput> OpenVideoAt(const std::string& InPath, int64_t InTicks, std::string& OutError);
+
+} // namespace Flitmark

@@ -1,0 +1,107 @@
+#include "Picture.h"
+
+#include "AvErrors.h"
+#include "FrameConverter.h"
+#include "TemporaryFile.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <new>
+#include <utility>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+FFramePtr Upright(FFramePtr InPicture, const FOrientation& InOrientation)
+{
+	const AVFrame& Source = *InPicture;
+	FFramePtr Turned = MakeFrame();
+	Turned->format = Source.format;
+	Turned->width = InOrientation.bTranspose ? Source.height : Source.width;
+	Turned->height = InOrientation.bTranspose ? Source.width : Source.height;
+	Turned->sample_aspect_ratio = Source.sample_aspect_ratio;
+	if (InOrientation.bTranspose)
+	{
+		std::swap(Turned->sample_aspect_ratio.num, Turned->sample_aspect_ratio.den);
+	}
+	if (av_frame_get_buffer(Turned.get(), 0) < 0)
+	{
+		throw std::bad_alloc();
+	}
+	for (int32_t Y = 0; Y < Turned->height; ++Y)
+	{
+		uint8_t* Target = Turned->data[0] + ptrdiff_t{Y} * Turned->linesize[0];
+		for (int32_t X = 0; X < Turned->width; ++X, Target += 3)
+		{
+			const auto [P, Q] = InOrientation.ToStored(X, Y, Source.width, Source.height);
+			std::memcpy(Target, Source.data[0] + ptrdiff_t{Q} * Source.linesize[0] + ptrdiff_t{P} * 3, 3);
+		}
+	}
+	return Turned;
+}
+
+/** The packet that holds the whole PNG; null with OutError set. */
+FPacketPtr Encode(AVFrame& InPicture, std::string& OutError)
+{
+	const AVCodec* const Png = avcodec_find_encoder(AV_CODEC_ID_PNG);
+	FCodecPtr Codec(Png != nullptr ? avcodec_alloc_context3(Png) : nullptr);
+	if (!Codec)
+	{
+		OutError = "there is no PNG encoder";
+		return nullptr;
+	}
+	Codec->width = InPicture.width;
+	Codec->height = InPicture.height;
+	Codec->pix_fmt = AV_PIX_FMT_RGB24;
+	Codec->time_base = {1, 1};
+	Codec->sample_aspect_ratio = InPicture.sample_aspect_ratio;
+	InPicture.pts = 0;
+	FAvLog::Start();
+	FPacketPtr Packet = MakePacket();
+	int Code = avcodec_open2(Codec.get(), Png, nullptr);
+	Code = Code < 0 ? Code : avcodec_send_frame(Codec.get(), &InPicture);
+	Code = Code < 0 ? Code : avcodec_send_frame(Codec.get(), nullptr);
+	Code = Code < 0 ? Code : avcodec_receive_packet(Codec.get(), Packet.get());
+	if (Code < 0)
+	{
+		OutError = "the picture cannot be encoded: " + FAvLog::Explain(Code);
+		return nullptr;
+	}
+	return Packet;
+}
+
+} // namespace
+
+bool WritePicture(const AVFrame& InFrame, const FOrientation& InOrientation, const std::string& InPath,
+				  std::string& OutError)
+{
+	FFramePtr Picture = FFrameConverter(AV_PIX_FMT_RGB24, InFrame.width, InFrame.height).Convert(InFrame);
+	if (!Picture)
+	{
+		OutError = InPath + ": the frame cannot be converted to RGB";
+		return false;
+	}
+	Picture = Upright(std::move(Picture), InOrientation);
+	const FPacketPtr Packet = Encode(*Picture, OutError);
+	const auto File = Packet ? FTemporaryFile::Create(InPath, OutError) : nullptr;
+	if (!File)
+	{
+		return false;
+	}
+	FILE* const Stream = fopen(File->Path().c_str(), "wb");
+	const size_t Size = static_cast<size_t>(Packet->size);
+	const bool bWritten = Stream != nullptr && fwrite(Packet->data, 1, Size, Stream) == Size;
+	const bool bClosed = Stream != nullptr && fclose(Stream) == 0;
+	if (!bWritten || !bClosed)
+	{
+		OutError = InPath + ": cannot be written: " + std::strerror(errno);
+		return false;
+	}
+	return File->Commit(OutError);
+}
+
+} // namespace Flitmark

@@ -1,0 +1,169 @@
+#include "StreamCopy.h"
+
+extern "C"
+{
+#include <libavutil/avstring.h>
+#include <libavutil/dict.h>
+}
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** Tags that the container writes anew, or that count what the burn changes. */
+constexpr const char* StaleTags[] = {
+	"major_brand", "minor_version",	   "compatible_brands", "encoder",	   "duration",
+	"bps",		   "number_of_frames", "number_of_bytes",	"_statistics",
+};
+
+bool IsStale(const char* InName)
+{
+	return std::any_of(std::begin(StaleTags), std::end(StaleTags),
+					   [InName](const char* InStale)
+					   { return av_strncasecmp(InName, InStale, std::strlen(InStale)) == 0; });
+}
+
+/** Whether side data of a video stream holds for its new encoding too. */
+bool StaysTrue(AVPacketSideDataType InType)
+{
+	switch (InType)
+	{
+	case AV_PKT_DATA_DISPLAYMATRIX:
+	case AV_PKT_DATA_STEREO3D:
+	case AV_PKT_DATA_SPHERICAL:
+	case AV_PKT_DATA_MASTERING_DISPLAY_METADATA:
+	case AV_PKT_DATA_CONTENT_LIGHT_LEVEL:
+		return true;
+	default:
+		return false;
+	}
+}
+
+void AddSideData(AVStream& InTarget, AVPacketSideDataType InType, const uint8_t* InData, size_t InSize)
+{
+	uint8_t* const Data = av_stream_new_side_data(&InTarget, InType, InSize);
+	if (Data == nullptr)
+	{
+		throw std::bad_alloc();
+	}
+	std::memcpy(Data, InData, InSize);
+}
+
+} // namespace
+
+std::string CopyObstacle(const AVStream& InStream, const AVOutputFormat& InContainer)
+{
+	const AVMediaType Kind = InStream.codecpar->codec_type;
+	const char* const KindName = av_get_media_type_string(Kind);
+	const std::string What =
+		std::string(KindName != nullptr ? KindName : "data") + ", " + avcodec_get_name(InStream.codecpar->codec_id);
+	if (Kind == AVMEDIA_TYPE_VIDEO)
+	{
+		return What + ": only one video stream is burnt";
+	}
+	const bool bKind = Kind == AVMEDIA_TYPE_AUDIO || Kind == AVMEDIA_TYPE_SUBTITLE || Kind == AVMEDIA_TYPE_ATTACHMENT;
+	const bool bAttachable = Kind != AVMEDIA_TYPE_ATTACHMENT || std::strcmp(InContainer.name, "matroska") == 0;
+	if (!bKind || !bAttachable ||
+		avformat_query_codec(&InContainer, InStream.codecpar->codec_id, FF_COMPLIANCE_NORMAL) == 0)
+	{
+		return What + ": the container " + InContainer.name + " cannot hold it";
+	}
+	return {};
+}
+
+uint32_t TagFor(const AVCodecParameters& InStream, const AVOutputFormat& InContainer)
+{
+	unsigned Unused = 0;
+	const bool bSame = InContainer.codec_tag == nullptr ||
+					   av_codec_get_id(InContainer.codec_tag, InStream.codec_tag) == InStream.codec_id ||
+					   av_codec_get_tag2(InContainer.codec_tag, InStream.codec_id, &Unused) == 0;
+	return bSame ? InStream.codec_tag : 0;
+}
+
+void CopyMetadata(const AVDictionary* InSource, AVDictionary*& InTarget)
+{
+	const AVDictionaryEntry* Entry = nullptr;
+	while ((Entry = av_dict_get(InSource, "", Entry, AV_DICT_IGNORE_SUFFIX)) != nullptr)
+	{
+		if (!IsStale(Entry->key))
+		{
+			av_dict_set(&InTarget, Entry->key, Entry->value, 0);
+		}
+	}
+}
+
+void CopyStreamProperties(const AVStream& InSource, AVStream& InTarget)
+{
+	const bool bVideo = InSource.codecpar->codec_type == AVMEDIA_TYPE_VIDEO;
+	InTarget.time_base = InSource.time_base;
+	InTarget.disposition = InSource.disposition;
+	CopyMetadata(InSource.metadata, InTarget.metadata);
+	for (int Index = 0; Index < InSource.nb_side_data; ++Index)
+	{
+		const AVPacketSideData& Data = InSource.side_data[Index];
+		if (!bVideo || StaysTrue(Data.type))
+		{
+			AddSideData(InTarget, Data.type, Data.data, Data.size);
+		}
+	}
+}
+
+void CopyLight(const AVFrame& InSource, AVStream& InTarget)
+{
+	constexpr std::pair<AVFrameSideDataType, AVPacketSideDataType> Kinds[] = {
+		{AV_FRAME_DATA_MASTERING_DISPLAY_METADATA, AV_PKT_DATA_MASTERING_DISPLAY_METADATA},
+		{AV_FRAME_DATA_CONTENT_LIGHT_LEVEL, AV_PKT_DATA_CONTENT_LIGHT_LEVEL},
+	};
+	for (const auto& [InFrame, InStream] : Kinds)
+	{
+		const AVFrameSideData* const Data = av_frame_get_side_data(&InSource, InFrame);
+		if (Data != nullptr && av_stream_get_side_data(&InTarget, InStream, nullptr) == nullptr)
+		{
+			AddSideData(InTarget, InStream, Data->data, Data->size);
+		}
+	}
+}
+
+void AddChapter(AVFormatContext& InTarget, const AVChapter& InSource, int64_t InStart, int64_t InEnd)
+{
+	// FFmpeg frees these with the context, so they must be its own memory.
+	AVChapter* const Chapter = static_cast<AVChapter*>(av_mallocz(sizeof(AVChapter)));
+	int Count = static_cast<int>(InTarget.nb_chapters);
+	if (Chapter == nullptr || av_dynarray_add_nofree(&InTarget.chapters, &Count, Chapter) < 0)
+	{
+		av_free(Chapter);
+		throw std::bad_alloc();
+	}
+	InTarget.nb_chapters = static_cast<unsigned>(Count);
+	Chapter->id = InSource.id;
+	Chapter->time_base = InSource.time_base;
+	Chapter->start = InStart;
+	Chapter->end = InEnd;
+	av_dict_copy(&Chapter->metadata, InSource.metadata, 0);
+}
+
+bool MoveToZero(AVPacket& InPacket, int64_t InZero, bool bInCutBefore, AVMediaType InKind)
+{
+	const int64_t Stamp = InPacket.pts != AV_NOPTS_VALUE ? InPacket.pts : InPacket.dts;
+	if (bInCutBefore && Stamp != AV_NOPTS_VALUE && Stamp < InZero)
+	{
+		if (InKind != AVMEDIA_TYPE_SUBTITLE || Stamp + InPacket.duration <= InZero)
+		{
+			return false;
+		}
+		InPacket.duration -= InZero - Stamp;
+		InPacket.pts = InZero;
+		InPacket.dts = InZero;
+	}
+	InPacket.pts -= InPacket.pts != AV_NOPTS_VALUE ? InZero : 0;
+	InPacket.dts -= InPacket.dts != AV_NOPTS_VALUE ? InZero : 0;
+	return true;
+}
+
+} // namespace Flitmark

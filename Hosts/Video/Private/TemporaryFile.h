@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace Flitmark
+{
+
+/** A file that gets its name when it is whole, and is gone otherwise. */
+class FTemporaryFile
+{
+public:
+	/** Beside the file it is to become; null with OutError set where it cannot be made. */
+	static std::unique_ptr<FTemporaryFile> Create(const std::string& InFinalPath, std::string& OutError);
+	~FTemporaryFile();
+	FTemporaryFile(const FTemporaryFile&) = delete;
+	FTemporaryFile& operator=(const FTemporaryFile&) = delete;
+
+	const std::string& Path() const { return TemporaryPath; }
+
+	/** Brings the file to the disk and under its name; false with OutError set. */
+	bool Commit(std::string& OutError);
+
+private:
+	FTemporaryFile(std::string InFinalPath, std::string InTemporaryPath, int InHandle);
+
+	std::string FinalPath;
+	std::string TemporaryPath;
+	int Handle;
+	bool bCommitted = false;
+};
+
+/**
+ * What speaks against writing InOutput while InInput is read (it is the same file, its folder is missing, it is no
+ * plain file); empty where nothing does.
+ */
+std::string OutputObstacle(const std::string& InInput, const std::string& InOutput);
+
+} // namespace Flitmark

@@ -1,0 +1,85 @@
+#include "VideoDecoder.h"
+
+#include "AvErrors.h"
+
+#include <algorithm>
+#include <new>
+
+namespace Flitmark
+{
+
+std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, int32_t InThreads, std::string& OutError)
+{
+	const AVStream& Stream = InInput.Video();
+	const char* const Name = avcodec_get_name(Stream.codecpar->codec_id);
+	const AVCodec* const Decoder = avcodec_find_decoder(Stream.codecpar->codec_id);
+	if (Decoder == nullptr)
+	{
+		OutError = std::string(InInput.Format().url) + ": there is no decoder for its video (" + Name + ")";
+		return nullptr;
+	}
+	FCodecPtr Codec(avcodec_alloc_context3(Decoder));
+	if (!Codec)
+	{
+		throw std::bad_alloc();
+	}
+	int Code = avcodec_parameters_to_context(Codec.get(), Stream.codecpar);
+	Codec->thread_count = std::max(0, InThreads);
+	Codec->pkt_timebase = Stream.time_base;
+	Codec->framerate = Stream.avg_frame_rate;
+	FAvLog::Start();
+	Code = Code < 0 ? Code : avcodec_open2(Codec.get(), Decoder, nullptr);
+	if (Code < 0)
+	{
+		OutError = std::string("the decoder for ") + Name + " does not start: " + FAvLog::Explain(Code);
+		return nullptr;
+	}
+	return std::unique_ptr<FVideoDecoder>(new FVideoDecoder(std::move(Codec)));
+}
+
+void FVideoDecoder::Send(const AVPacket* InPacket)
+{
+	const int Code = avcodec_send_packet(Codec.get(), InPacket);
+	if (Code == AVERROR(ENOMEM))
+	{
+		throw std::bad_alloc();
+	}
+	Broken += Code < 0 && Code != AVERROR_EOF ? 1 : 0;
+}
+
+bool FVideoDecoder::Receive(AVFrame& OutFrame)
+{
+	while (true)
+	{
+		const int Code = avcodec_receive_frame(Codec.get(), &OutFrame);
+		if (Code >= 0)
+		{
+			SetTimestamp(OutFrame);
+			return true;
+		}
+		if (Code == AVERROR(ENOMEM))
+		{
+			throw std::bad_alloc();
+		}
+		if (Code == AVERROR(EAGAIN) || Code == AVERROR_EOF)
+		{
+			return false;
+		}
+		++Broken;
+	}
+}
+
+void FVideoDecoder::SetTimestamp(AVFrame& InFrame)
+{
+	if (InFrame.best_effort_timestamp != AV_NOPTS_VALUE)
+	{
+		InFrame.pts = InFrame.best_effort_timestamp;
+	}
+	else if (InFrame.pts == AV_NOPTS_VALUE)
+	{
+		InFrame.pts = NextTimestamp;
+	}
+	NextTimestamp = InFrame.pts + std::max<int64_t>(1, InFrame.pkt_duration);
+}
+
+} // namespace Flitmark

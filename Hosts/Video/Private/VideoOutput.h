@@ -1,0 +1,90 @@
+#pragma once
+
+#include "AvHandles.h"
+#include "TemporaryFile.h"
+#include "VideoInput.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Flitmark
+{
+
+/** Which part of the input goes into the output. */
+struct FOutputCut
+{
+	/** Timestamp of the input's video stream that becomes 0. */
+	int64_t Zero = 0;
+
+	/** Whether packets of copied streams that start before Zero are left out. */
+	bool bCutBefore = false;
+
+	/** Seconds that the output lasts, for its chapters; endless where unknown. */
+	std::optional<double> Seconds;
+};
+
+/** The file being made: an encoded video stream, and copies of the input's other streams. */
+class FVideoOutput
+{
+public:
+	/** Null with OutError set where no container has the name's ending, or it cannot hold the codec. */
+	static std::unique_ptr<FVideoOutput> Open(const std::string& InPath, const AVCodec& InCodec, std::string& OutError);
+
+	/** Frees without finishing: the file is gone. */
+	~FVideoOutput();
+
+	bool WantsGlobalHeader() const { return (Muxer->oformat->flags & AVFMT_GLOBALHEADER) != 0; }
+
+	/**
+	 * Decides which of the input's streams are copied and makes the input skip the others.
+	 * OutMessages: what of the input the container cannot hold.
+	 */
+	void ChooseCopies(FVideoInput& InInput, std::vector<std::string>& OutMessages);
+
+	/** Writes the headers. InFirst: a frame as it is encoded, which may carry data on its light. */
+	bool Start(const FVideoInput& InInput, const AVCodecContext& InEncoder, const AVFrame& InFirst,
+			   const FOutputCut& InCut, std::string& OutError);
+
+	/** A packet of the encoder, in the input's video time base. */
+	bool WriteVideo(AVPacket& InPacket, std::string& OutError);
+
+	/** A packet of a copied stream, as it came out of the input. */
+	bool WriteCopy(AVPacket& InPacket, std::string& OutError);
+
+	/** Ends the file and gives it its name. */
+	bool Finish(std::string& OutError);
+
+private:
+	explicit FVideoOutput(std::unique_ptr<FTemporaryFile> InFile, std::string InPath);
+
+	std::string RotationObstacle(const FVideoInput& InInput) const;
+	void AddCopy(const AVStream& InSource);
+	void AddVideo(const AVStream& InSource, const AVCodecContext& InEncoder, const AVFrame& InFirst);
+	void CopyChapters(const AVFormatContext& InSource);
+	void KeepTimes(int64_t InFirst);
+
+	/** The time of a copied stream that becomes 0, in the base of its source. */
+	int64_t ZeroOf(const AVStream& InTarget, AVRational InBase) const;
+	bool Write(AVPacket& InPacket, AVRational InBase, AVStream& InTarget, std::string& OutError);
+	std::string WriteError(int InCode) const;
+
+	std::unique_ptr<FTemporaryFile> File;
+	std::string Path;
+	AVFormatContext* Muxer = nullptr;
+	AVStream* Video = nullptr;
+	FOutputCut Cut;
+	AVRational VideoBase{1, 1};
+	bool bWarmUpApart = false;
+
+	/** By the input's streams: whether they are copied, then where to. */
+	std::vector<bool> Chosen;
+	std::vector<AVStream*> Copies;
+	std::vector<AVRational> Bases;
+
+	/** The latest decoding time by the output's streams. */
+	std::vector<int64_t> LastDts;
+};
+
+} // namespace Flitmark

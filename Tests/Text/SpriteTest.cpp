@@ -1,0 +1,198 @@
+#include "TextTestKit.h"
+
+#include <cmath>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr FTextScale OneToOne = {1.0, 1.0};
+constexpr float Size = 24.0F;
+constexpr double Em = 32.0;
+
+/** The middle pixel of a full block, which covers all of its em. */
+std::array<int, 4> GetMiddle(const FSprite& InSprite)
+{
+	const auto Middle = static_cast<std::size_t>(InSprite.Height / 2 * InSprite.Width + InSprite.Width / 2) * 4;
+	const std::vector<uint8_t>& Pixels = InSprite.Pixels;
+	return {Pixels[Middle], Pixels[Middle + 1], Pixels[Middle + 2], Pixels[Middle + 3]};
+}
+
+uint8_t GetMaximum(const FSprite& InSprite, std::size_t InChannel)
+{
+	uint8_t Maximum = 0;
+	for (std::size_t Index = InChannel; Index < InSprite.Pixels.size(); Index += 4)
+	{
+		Maximum = std::max(Maximum, InSprite.Pixels[Index]);
+	}
+	return Maximum;
+}
+
+} // namespace
+
+/** Ink may hang out of the box by accents, swashes and the outline's least width, but no further. */
+TEST(Sprite, LiesInItsMeasuredBox)
+{
+	constexpr FTextScale Scales[] = {OneToOne, {2.0, 2.0}, {0.75, 0.75}, {1.5, 1.0}, {1.37, 1.37}};
+	for (const std::u16string& Text : GetSamples())
+	{
+		for (const FTextScale& Scale : Scales)
+		{
+			for (const float Points : {10.0F, 18.0F, 24.0F, 72.0F})
+			{
+				const FTextSize Box = GetEngine().Measure(Text, Points);
+				const FInk Ink = FindInk(GetEngine().Rasterise(Text, Points, {}, Scale));
+				const double Overhang = Points * 96.0 / 72.0 * 0.3;
+				SCOPED_TRACE(ToNarrow(Text.substr(0, 8)) + std::to_string(Points) + " at " + std::to_string(Scale.X));
+				EXPECT_GE(Ink.Left, -Overhang * Scale.X - 1.0);
+				EXPECT_GE(Ink.Top, -Overhang * Scale.Y - 1.0);
+				EXPECT_LE(Ink.Right, (Box.Width + Overhang) * Scale.X + 1.0);
+				EXPECT_LE(Ink.Bottom, (Box.Height + Overhang) * Scale.Y + 1.0);
+			}
+		}
+	}
+}
+
+TEST(Sprite, IdeographsAndDescendersLieInTheirLine)
+{
+	for (const float Points : {18.0F, 24.0F, 36.0F, 72.0F})
+	{
+		for (const std::u16string_view Text : {u"国鬱語警ー", u"Agjpqy dlk", u"😀👍🏽", u"한글"})
+		{
+			const FInk Ink = FindInk(GetEngine().Rasterise(Text, Points, {}, OneToOne), 3, 16);
+			EXPECT_GE(Ink.Top, 0) << ToNarrow(Text) << Points;
+			EXPECT_LE(Ink.Bottom, std::ceil(GetEngine().Measure(Text, Points).Height)) << ToNarrow(Text) << Points;
+		}
+	}
+}
+
+/** A full block's ink is its advance and a little: it shows where the pen began and ended, between the outlines. */
+TEST(Sprite, PenRunsFromOutlineToOutline)
+{
+	for (const double Scale : {0.5, 0.75, 1.0, 1.1, 1.37, 2.0, 3.3})
+	{
+		for (const int Count : {1, 2, 7, 40})
+		{
+			const std::u16string Blocks(static_cast<std::size_t>(Count), u'\u2588');
+			const double Width = GetEngine().Measure(Blocks, Size).Width * Scale;
+			const double Outline = Em / 16.0 * Scale;
+			const FInk Fill = FindInk(GetEngine().Rasterise(Blocks, Size, {}, {Scale, Scale}), 0, 128);
+			const double Tolerance = 0.75 + 0.015 * Em * Scale;
+			EXPECT_NEAR(Fill.Left, Outline, Tolerance) << Count << " at " << Scale;
+			EXPECT_NEAR(Fill.Right, Width - Outline, Tolerance) << Count << " at " << Scale;
+		}
+	}
+}
+
+TEST(Sprite, LinesStandBeneathEachOther)
+{
+	const FInk One = FindInk(GetEngine().Rasterise(u"国", Size, {}, OneToOne));
+	const FInk Three = FindInk(GetEngine().Rasterise(u"\n\n国", Size, {}, OneToOne));
+	EXPECT_EQ(Three.Top - One.Top, 80);
+	EXPECT_EQ(Three.Left, One.Left);
+}
+
+TEST(Sprite, PixelsMayBeOblong)
+{
+	const FInk Square = FindInk(GetEngine().Rasterise(u"国O😀", Size, {}, OneToOne));
+	const FInk Wide = FindInk(GetEngine().Rasterise(u"国O😀", Size, {}, {2.0, 1.0}));
+	EXPECT_NEAR(Wide.Right - Wide.Left, 2 * (Square.Right - Square.Left), 3);
+	EXPECT_NEAR(Wide.Bottom, Square.Bottom, 1);
+	EXPECT_NEAR(Wide.Top, Square.Top, 1);
+}
+
+TEST(Sprite, ColourAndAlphaAreExact)
+{
+	struct FCase
+	{
+		FTextColor Color;
+		std::array<int, 4> Middle;
+	};
+	constexpr FCase Cases[] = {
+		{{255, 255, 255, 255}, {255, 255, 255, 255}},
+		{{255, 128, 0, 255}, {255, 128, 0, 255}},
+		{{1, 2, 3, 255}, {1, 2, 3, 255}},
+		{{255, 128, 0, 128}, {128, 64, 0, 128}},
+		{{0, 0, 0, 1}, {0, 0, 0, 1}},
+	};
+	for (const FCase& Case : Cases)
+	{
+		EXPECT_EQ(GetMiddle(GetEngine().Rasterise(u"\u2588", Size, Case.Color, OneToOne)), Case.Middle);
+	}
+}
+
+TEST(Sprite, AlphaFadesOutlineAndEmojiToo)
+{
+	for (const std::u16string_view Text : {u"国", u"😀"})
+	{
+		const FSprite Full = GetEngine().Rasterise(Text, Size, {255, 255, 255, 255}, OneToOne);
+		const FSprite Half = GetEngine().Rasterise(Text, Size, {255, 255, 255, 128}, OneToOne);
+		ASSERT_EQ(Full.Pixels.size(), Half.Pixels.size());
+		for (std::size_t Index = 0; Index < Full.Pixels.size(); ++Index)
+		{
+			ASSERT_NEAR(Half.Pixels[Index], Full.Pixels[Index] * 128.0 / 255.0, 2.0);
+		}
+		EXPECT_EQ(GetEngine().Rasterise(Text, Size, {255, 255, 255, 0}, OneToOne).Width, 0);
+	}
+}
+
+TEST(Sprite, ColoursAreMultipliedByAlpha)
+{
+	for (const std::u16string& Text : GetSamples())
+	{
+		for (const FTextColor& Color : {FTextColor{255, 255, 255, 255}, FTextColor{255, 40, 200, 77}})
+		{
+			const FSprite Sprite = GetEngine().Rasterise(Text, Size, Color, OneToOne);
+			for (std::size_t Index = 0; Index < Sprite.Pixels.size(); ++Index)
+			{
+				ASSERT_LE(Sprite.Pixels[Index], Sprite.Pixels[Index | 3U]) << ToNarrow(Text);
+			}
+		}
+	}
+}
+
+TEST(Sprite, WhiteTextReadsOnWhite)
+{
+	for (const float Points : {10.0F, 24.0F, 72.0F})
+	{
+		const FSprite Sprite = GetEngine().Rasterise(u"\u2588", Points, {}, OneToOne);
+		const FInk Fill = FindInk(Sprite, 0, 128);
+		const FInk All = FindInk(Sprite, 3, 80);
+		const int32_t Least = std::max(1, static_cast<int32_t>(Points / 72.0F * 96.0F / 16.0F) - 1);
+		EXPECT_GE(Fill.Left - All.Left, Least) << Points;
+		EXPECT_GE(Fill.Top - All.Top, Least) << Points;
+		EXPECT_GE(All.Right - Fill.Right, Least) << Points;
+		EXPECT_GE(All.Bottom - Fill.Bottom, Least) << Points;
+		const std::size_t Edge =
+			static_cast<std::size_t>(Sprite.Height / 2 * Sprite.Width + Fill.Left - 1 - Sprite.Left) * 4;
+		const int OnWhite = Sprite.Pixels[Edge] + 255 - Sprite.Pixels[Edge + 3];
+		EXPECT_LT(OnWhite, 160) << Points;
+	}
+}
+
+TEST(Sprite, EmojiKeepTheirColours)
+{
+	const FSprite Heart = GetEngine().Rasterise(u"❤️", 48.0F, {0, 0, 255, 255}, OneToOne);
+	const std::array<int, 4> Middle = GetMiddle(Heart);
+	EXPECT_GT(Middle[0], 150);
+	EXPECT_LT(Middle[2], 100);
+	EXPECT_EQ(GetMaximum(Heart, 3), 255);
+	const FInk Ink = FindInk(Heart, 3, 64);
+	EXPECT_NEAR(Ink.Right - Ink.Left, 64, 8) << "as large as an ideograph";
+	EXPECT_NEAR(Ink.Bottom - Ink.Top, 60, 8);
+}
+
+TEST(Sprite, BlanksPaintNothing)
+{
+	for (const std::u16string_view Text : {u"", u" ", u"\u3000\t ", u"\n", u"\u200d\ufe0f"})
+	{
+		const FSprite Sprite = GetEngine().Rasterise(Text, Size, {}, OneToOne);
+		EXPECT_EQ(Sprite.Width, 0) << ToNarrow(Text);
+		EXPECT_TRUE(Sprite.Pixels.empty());
+		EXPECT_FALSE(Sprite.bCut);
+	}
+}
+
+} // namespace Flitmark

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "AvHandles.h"
+#include "VideoBurn.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace Flitmark::Testing
+{
+
+/** A folder that is gone with the test. */
+class FTestFolder
+{
+public:
+	FTestFolder();
+	~FTestFolder();
+	std::string File(const std::string& InName) const { return (Path / InName).string(); }
+	size_t CountFiles() const;
+
+private:
+	std::filesystem::path Path;
+};
+
+/**
+ * Makes a video by the ffmpeg command, once per program and name (whose ending says the container); gives its path.
+ * InArguments: what stands between the inputs' "-y" and the output.
+ */
+std::string MakeVideo(const std::string& InName, const std::string& InArguments);
+
+/** A text file beside those videos. */
+std::string MakeText(const std::string& InName, const std::string& InText);
+
+/** Two seconds of a test picture with sound, H.264 with B-frames. */
+std::string PlainVideo();
+
+/** Frames at uneven distances. */
+std::string UnevenVideo();
+
+/** A sprite of one colour, multiplied by alpha already. */
+std::shared_ptr<const FSprite> MakeBox(int32_t InWidth, int32_t InHeight, uint8_t InRed, uint8_t InGreen,
+									   uint8_t InBlue, uint8_t InAlpha = 255);
+
+/** A box that moves by the time steps it is given, so that a step left out or doubled shows. Records its calls. */
+class FMovingBox final : public IOverlaySource
+{
+public:
+	void Open(const FVideoShape& InShape) override { Shape = InShape; }
+	void Advance(int64_t InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+
+	FVideoShape Shape;
+	std::vector<int64_t> Times;
+	double Way = 0.0;
+	std::shared_ptr<const FSprite> Box = MakeBox(13, 9, 250, 250, 40);
+	bool bVisible = true;
+};
+
+/** Collects messages; calls OnEach after each frame. */
+class FTestProgress final : public IBurnProgress
+{
+public:
+	void OnFrame(const FBurnState& InState) override;
+	void OnMessage(const std::string& InMessage) override { Messages += InMessage + "\n"; }
+
+	FBurnState Last;
+	std::string Messages;
+	std::function<void()> OnEach;
+};
+
+/** Burns without ever cancelling. */
+FVideoResult BurnQuietly(const FBurnOptions& InOptions, IOverlaySource& InOverlay, FTestProgress& InProgress);
+FVideoResult BurnQuietly(const FBurnOptions& InOptions, IOverlaySource& InOverlay);
+
+/** One packet of a file: its time in microseconds, and a checksum of its bytes. */
+using FPacketMark = std::pair<int64_t, uint32_t>;
+
+/** The packets of each stream by the stream's kind ("video", "audio", "subtitle"), in order of time. */
+std::map<std::string, std::vector<FPacketMark>> ReadPackets(const std::string& InPath);
+
+/** The times of packets. */
+std::vector<int64_t> TimesOf(const std::vector<FPacketMark>& InPackets);
+
+/** All frames of a file's video. */
+std::vector<FFramePtr> ReadFrames(const std::string& InPath);
+
+/** A sample of a frame's plane, 8 or 16 bits. */
+int32_t SampleAt(const AVFrame& InFrame, int32_t InPlane, int32_t InX, int32_t InY);
+
+/** Whether all samples of two frames are the same. */
+bool SamePicture(const AVFrame& InFirst, const AVFrame& InSecond);
+
+} // namespace Flitmark::Testing
