@@ -1,0 +1,232 @@
+#include "CheckCommand.h"
+
+#include "CommentDocument.h"
+#include "CommentsFile.h"
+#include "DocumentReview.h"
+#include "ExitCodes.h"
+#include "Files.h"
+#include "JsonLine.h"
+#include "Message.h"
+#include "OptionChecks.h"
+#include "OptionValues.h"
+#include "SizeProbe.h"
+#include "TextMeasure.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <memory>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+struct FCheckArguments
+{
+	std::string Comments;
+	std::string Size = "1920x1080";
+	bool bJson = false;
+};
+
+/** "element 4", or "elements 4, 17, 30 and 1,201 more". */
+std::string NameElements(const FFinding& InFinding)
+{
+	std::string Text = InFinding.Count == 1 ? "element " : "elements ";
+	for (std::size_t Index = 0; Index < InFinding.Elements.size(); ++Index)
+	{
+		Text += (Index > 0 ? ", " : "") + std::to_string(InFinding.Elements[Index]);
+	}
+	const int64 NumMore = InFinding.Count - static_cast<int64>(InFinding.Elements.size());
+	return NumMore > 0 ? Text + " and " + FormatCount(NumMore) + " more" : Text;
+}
+
+void PrintFindings(const FDocumentReview& InReview, bool bInSeen, const char* InTitle)
+{
+	bool bTitled = false;
+	for (const FFinding& Finding : InReview.Findings)
+	{
+		if (Finding.bSeen == bInSeen)
+		{
+			std::printf("%s", bTitled ? "" : InTitle);
+			std::printf("%9s  %s: %s\n", FormatCount(Finding.Count).c_str(), Finding.Text.c_str(),
+						NameElements(Finding).c_str());
+			bTitled = true;
+		}
+	}
+}
+
+void PrintReview(const std::string& InPath, const FDocumentReview& InReview)
+{
+	std::printf("%s: %s comment%s, ", InPath.c_str(), FormatCount(InReview.NumComments).c_str(),
+				InReview.NumComments == 1 ? "" : "s");
+	if (InReview.NumUnseen == 0)
+	{
+		std::printf("nothing that keeps one from being seen\n");
+	}
+	else
+	{
+		std::printf("%s will not be seen\n", FormatCount(InReview.NumUnseen).c_str());
+	}
+	PrintFindings(InReview, false, "\nNot seen:\n");
+	PrintFindings(InReview, true, "\nSeen, but perhaps not as it was meant:\n");
+	if (!InReview.Findings.empty())
+	{
+		std::printf("(elements of \"datas\", the first is element 0)\n");
+	}
+	if (InReview.NumComments > 0)
+	{
+		const auto& Modes = InReview.NumOfMode;
+		std::printf("\nmodes    %s scroll, %s top, %s bottom, %s other\n", FormatCount(Modes[0]).c_str(),
+					FormatCount(Modes[1]).c_str(), FormatCount(Modes[2]).c_str(), FormatCount(Modes[3]).c_str());
+	}
+	if (InReview.NumSeconds > 0)
+	{
+		const auto Time = [](int64 InSecond)
+		{
+			return FormatTime(static_cast<double>(InSecond));
+		};
+		std::printf("times    %s to %s, in %s second%s of it\n", Time(InReview.FirstSecond).c_str(),
+					Time(InReview.LastSecond).c_str(), FormatCount(InReview.NumSeconds).c_str(),
+					InReview.NumSeconds == 1 ? "" : "s");
+		std::printf("busiest  %s with %s comment%s\n", Time(InReview.BusiestSecond).c_str(),
+					FormatCount(InReview.NumInBusiest).c_str(), InReview.NumInBusiest == 1 ? "" : "s");
+	}
+}
+
+void AddText(FJsonLine& Line, std::string_view InKey, std::string_view InText)
+{
+	Line.Add(InKey, FromUtf8(InText));
+}
+
+void AddFinding(FJsonLine& Line, const FFinding& InFinding)
+{
+	Line.BeginObject();
+	AddText(Line, "kind", InFinding.Kind);
+	if (!InFinding.Key.empty())
+	{
+		AddText(Line, "key", InFinding.Key);
+	}
+	Line.Add("seen", InFinding.bSeen);
+	AddText(Line, "text", InFinding.Text);
+	Line.Add("count", InFinding.Count);
+	Line.BeginArray("elements");
+	for (const int64 Element : InFinding.Elements)
+	{
+		Line.Add("", Element);
+	}
+	Line.EndArray();
+	Line.EndObject();
+}
+
+void AddReview(FJsonLine& Line, const FDocumentReview& InReview)
+{
+	Line.Add("comments", InReview.NumComments);
+	Line.Add("unseen", InReview.NumUnseen);
+	Line.BeginArray("findings");
+	for (const FFinding& Finding : InReview.Findings)
+	{
+		AddFinding(Line, Finding);
+	}
+	Line.EndArray();
+	Line.BeginObject("modes");
+	Line.Add("scroll", InReview.NumOfMode[0]);
+	Line.Add("top", InReview.NumOfMode[1]);
+	Line.Add("bottom", InReview.NumOfMode[2]);
+	Line.Add("other", InReview.NumOfMode[3]);
+	Line.EndObject();
+	Line.Add("seconds", InReview.NumSeconds);
+	if (InReview.NumSeconds > 0)
+	{
+		Line.Add("first_second", InReview.FirstSecond);
+		Line.Add("last_second", InReview.LastSecond);
+		Line.Add("busiest_second", InReview.BusiestSecond);
+		Line.Add("comments_in_busiest", InReview.NumInBusiest);
+	}
+}
+
+/** The error of a text that is no comment document, as a JSON object. */
+void PrintFaultAsJson(const std::string& InPath, const FDocumentFault& InFault)
+{
+	FJsonLine Line;
+	Line.BeginObject();
+	AddText(Line, "file", InPath);
+	Line.BeginObject("fault");
+	AddText(Line, "text", InFault.Reason);
+	if (InFault.Line > 0)
+	{
+		Line.Add("line", static_cast<int64>(InFault.Line));
+		Line.Add("column", static_cast<int64>(InFault.Column));
+	}
+	Line.EndObject();
+	Line.EndObject();
+	std::printf("%s\n", Line.GetText().c_str());
+}
+
+void PrintReviewAsJson(const std::string& InPath, const FDocumentReview& InReview)
+{
+	FJsonLine Line;
+	Line.BeginObject();
+	AddText(Line, "file", InPath);
+	AddReview(Line, InReview);
+	Line.EndObject();
+	std::printf("%s\n", Line.GetText().c_str());
+}
+
+int RunCheck(const FCheckArguments& InArguments)
+{
+	std::string Error;
+	std::optional<FString> Text = LoadText(InArguments.Comments, Error);
+	if (!Text)
+	{
+		return PrintError(Error);
+	}
+	const FCommentDocument Document = FCommentDocument::Read(*Text);
+	Text.reset();
+	if (Document.GetFault())
+	{
+		if (InArguments.bJson)
+		{
+			PrintFaultAsJson(InArguments.Comments, *Document.GetFault());
+			return ExitFailure;
+		}
+		return PrintError(DescribeFault(InArguments.Comments, *Document.GetFault()));
+	}
+	const std::unique_ptr<FTextMeasure> Measure = FTextMeasure::Create({}, Error);
+	const std::unique_ptr<FSizeProbe> Probe =
+		Measure ? FSizeProbe::Create(*ParseCanvasSize(InArguments.Size), *Measure, Error) : nullptr;
+	if (!Probe)
+	{
+		return PrintError(Error);
+	}
+	const FDocumentReview Review = ReviewDocument(Document, *Probe);
+	(InArguments.bJson ? PrintReviewAsJson : PrintReview)(InArguments.Comments, Review);
+	return Review.NumUnseen == 0 ? ExitSuccess : ExitFailure;
+}
+
+constexpr const char* Footer =
+	R"(Exit status: 0 when every comment can be seen, 1 when some or all can't, 2 for wrong use.
+Comments that find no free lane among the others are not foretold; "flitmark trace" tells them.
+
+Examples:
+  flitmark check comments.json
+  flitmark check comments.json --json | jq '.findings[] | select(.seen | not)')";
+
+} // namespace
+
+void AddCheckCommand(CLI::App& App, int& OutExitCode)
+{
+	const auto Arguments = std::make_shared<FCheckArguments>();
+	CLI::App* const Command =
+		App.add_subcommand("check", "Tell which comments of a document a viewer will not see, and why");
+	Command->add_option("COMMENTS", Arguments->Comments, "Comment document (JSON)")->required();
+	Command->add_flag("--json", Arguments->bJson, "Print one JSON object, for programs");
+	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT; decides which sizes fit")
+		->check(MakeCheck(&ParseCanvasSize, "is no size such as 1920x1080"))
+		->capture_default_str();
+	Command->footer(Footer);
+	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunCheck(*Arguments); });
+}
+
+} // namespace Flitmark

@@ -1,0 +1,297 @@
+#include "DocumentReview.h"
+
+#include "DanmakuDataStruct.h"
+#include "OptionValues.h"
+#include "TextLimits.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** Findings that are not about one key. */
+enum class EFinding : uint8
+{
+	NotAnObject,
+	EmptyText,
+	UnservedMode,
+	InvisibleColor,
+	SizeNotPositive,
+	SizeTooLarge,
+	NeverReached,
+	TextCut,
+	Num
+};
+
+constexpr std::size_t NumFindings = static_cast<std::size_t>(EFinding::Num);
+constexpr std::size_t NumKeys = static_cast<std::size_t>(ECommentKey::Num);
+
+bool IsServed(int32 InMode)
+{
+	return InMode == static_cast<int32>(EDanmakuMode::SCROLL) || InMode == static_cast<int32>(EDanmakuMode::TOP) ||
+		   InMode == static_cast<int32>(EDanmakuMode::BOTTOM);
+}
+
+bool IsBlank(std::u16string_view InText)
+{
+	const auto Length = static_cast<int32_t>(InText.size());
+	for (int32_t Index = 0; Index < Length;)
+	{
+		UChar32 Character = 0;
+		U16_NEXT(InText.data(), Index, Length, Character);
+		const bool bInvisible = u_isUWhiteSpace(Character) || u_iscntrl(Character) ||
+								u_hasBinaryProperty(Character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
+		if (!bInvisible)
+		{
+			return false;
+		}
+	}
+	return true;
+}
+
+/** Lines that end at LF, CR LF or CR. */
+int32 CountLines(std::u16string_view InText)
+{
+	int32 Lines = 1;
+	for (std::size_t Index = 0; Index < InText.size(); ++Index)
+	{
+		const bool bFeed = InText[Index] == u'\n' && (Index == 0 || InText[Index - 1] != u'\r');
+		Lines += bFeed || InText[Index] == u'\r' ? 1 : 0;
+	}
+	return Lines;
+}
+
+/** What comes of a key that can't be read; whether the comment is seen all the same. */
+struct FKeyEffect
+{
+	std::string_view Text;
+	bool bSeen = true;
+};
+
+FKeyEffect GetEffect(ECommentKey InKey)
+{
+	switch (InKey)
+	{
+	case ECommentKey::SpawnTime:
+		return {"taken as 0, so the comment comes at the start"};
+	case ECommentKey::Mode:
+		return {"taken as 0, so the comment scrolls"};
+	case ECommentKey::Content:
+		return {"taken as empty", false};
+	case ECommentKey::FontSize:
+		return {"taken as 0", false};
+	case ECommentKey::FontColor:
+		return {"taken as transparent", false};
+	default:
+		return {"which no viewer sees"};
+	}
+}
+
+class FReviewer
+{
+public:
+	FReviewer(const FCommentDocument& InDocument, FSizeProbe& InProbe)
+		: Document(InDocument)
+		, Probe(InProbe)
+	{
+		NameFindings();
+	}
+
+	FDocumentReview Review()
+	{
+		const std::vector<FCommentEntry>& Entries = Document.GetEntries();
+		Result.NumComments = static_cast<int64>(Entries.size());
+		std::vector<int64> Seconds;
+		for (Index = 0; Index < Result.NumComments; ++Index)
+		{
+			const FCommentEntry& Entry = Entries[static_cast<std::size_t>(Index)];
+			bSeen = true;
+			ReviewEntry(Entry);
+			Result.NumUnseen += bSeen ? 0 : 1;
+			++Result.NumOfMode[IsServed(Entry.Mode) ? static_cast<std::size_t>(Entry.Mode) : 3];
+			if (Entry.IsReached())
+			{
+				Seconds.push_back(Entry.GetSecond());
+			}
+		}
+		CountSeconds(std::move(Seconds));
+		GatherFindings();
+		return std::move(Result);
+	}
+
+private:
+	void NameFindings()
+	{
+		char Canvas[64];
+		std::snprintf(Canvas, sizeof(Canvas), "%g x %g", static_cast<double>(Probe.GetCanvasSize().X),
+					  static_cast<double>(Probe.GetCanvasSize().Y));
+		const auto Name = [this](EFinding InFinding, std::string_view InKind, std::string InText, bool bInSeen = false)
+		{
+			Found[static_cast<std::size_t>(InFinding)] = {InKind, {}, std::move(InText), bInSeen, 0, {}};
+		};
+		Name(EFinding::NotAnObject, "not-an-object", "is no JSON object, so no comment");
+		Name(EFinding::EmptyText, "empty-text", "text is empty or blank");
+		Name(EFinding::UnservedMode, "unserved-mode", "mode is none of 0 (scroll), 1 (top), 2 (bottom)");
+		Name(EFinding::InvisibleColor, "invisible-color", "colour is transparent, or none such as #FFFFFF");
+		Name(EFinding::SizeNotPositive, "size-not-positive", "font size is 0 or below");
+		Name(EFinding::SizeTooLarge, "size-too-large",
+			 std::string("font size needs more lanes than a canvas of ") + Canvas + " has");
+		Name(EFinding::NeverReached, "never-reached", "spawn time is before 0, or 24 hours or more");
+		Name(EFinding::TextCut, "text-cut",
+			 "text is cut: only " + FormatCount(static_cast<int64>(FTextLimits::MaxCodeUnits)) + " characters and " +
+				 FormatCount(FTextLimits::MaxLines) + " lines are painted",
+			 true);
+		for (std::size_t Key = 0; Key < NumKeys; ++Key)
+		{
+			const FKeyEffect Effect = GetEffect(static_cast<ECommentKey>(Key));
+			const std::string_view KeyName = ToText(static_cast<ECommentKey>(Key));
+			const std::string Quoted = "\"" + std::string(KeyName) + "\" ";
+			const std::string End = ", " + std::string(Effect.Text);
+			Missing[Key] = {"missing-key", KeyName, Quoted + "is missing" + End, Effect.bSeen, 0, {}};
+			Mistyped[Key] = {"mistyped-key", KeyName, Quoted + "can't be read" + End, Effect.bSeen, 0, {}};
+		}
+	}
+
+	void Add(FFinding& InOutFinding)
+	{
+		bSeen = bSeen && InOutFinding.bSeen;
+		++InOutFinding.Count;
+		if (InOutFinding.Elements.size() < FFinding::MaxNamed)
+		{
+			InOutFinding.Elements.push_back(Index);
+		}
+	}
+	void Add(EFinding InFinding) { Add(Found[static_cast<std::size_t>(InFinding)]); }
+
+	void ReviewEntry(const FCommentEntry& InEntry)
+	{
+		if (!InEntry.bIsObject)
+		{
+			Add(EFinding::NotAnObject);
+			return;
+		}
+		for (std::size_t Key = 0; (InEntry.MissingKeys | InEntry.MistypedKeys) != 0 && Key < NumKeys; ++Key)
+		{
+			if (InEntry.IsMissing(static_cast<ECommentKey>(Key)))
+			{
+				Add(Missing[Key]);
+			}
+			else if (InEntry.IsMistyped(static_cast<ECommentKey>(Key)))
+			{
+				Add(Mistyped[Key]);
+			}
+		}
+		ReviewLook(InEntry);
+		if (!InEntry.IsReached())
+		{
+			Add(EFinding::NeverReached);
+		}
+	}
+
+	/** What was read; a value that was not is not told a second time. */
+	void ReviewLook(const FCommentEntry& InEntry)
+	{
+		const auto IsRead = [&InEntry](ECommentKey InKey)
+		{
+			return !InEntry.IsMissing(InKey) && !InEntry.IsMistyped(InKey);
+		};
+		const std::u16string_view Text = Document.GetText(InEntry);
+		const int32 Lines = CountLines(Text.substr(0, FTextLimits::MaxCodeUnits));
+		if (IsRead(ECommentKey::Content) && IsBlank(Text))
+		{
+			Add(EFinding::EmptyText);
+		}
+		if (Text.size() > FTextLimits::MaxCodeUnits || Lines > FTextLimits::MaxLines)
+		{
+			Add(EFinding::TextCut);
+		}
+		if (IsRead(ECommentKey::FontColor) && InEntry.Color.A == 0)
+		{
+			Add(EFinding::InvisibleColor);
+		}
+		if (!IsServed(InEntry.Mode))
+		{
+			Add(EFinding::UnservedMode);
+		}
+		if (InEntry.FontSize <= 0)
+		{
+			if (IsRead(ECommentKey::FontSize))
+			{
+				Add(EFinding::SizeNotPositive);
+			}
+		}
+		else if (IsServed(InEntry.Mode) &&
+				 InEntry.FontSize > Probe.GetLargest(InEntry.Mode, std::min(Lines, FTextLimits::MaxLines)))
+		{
+			Add(EFinding::SizeTooLarge);
+		}
+	}
+
+	void CountSeconds(std::vector<int64> InSeconds)
+	{
+		if (InSeconds.empty())
+		{
+			return;
+		}
+		std::ranges::sort(InSeconds);
+		Result.FirstSecond = InSeconds.front();
+		Result.LastSecond = InSeconds.back();
+		for (auto Begin = InSeconds.begin(); Begin != InSeconds.end();)
+		{
+			const auto End = std::upper_bound(Begin, InSeconds.end(), *Begin);
+			++Result.NumSeconds;
+			if (End - Begin > Result.NumInBusiest)
+			{
+				Result.NumInBusiest = End - Begin;
+				Result.BusiestSecond = *Begin;
+			}
+			Begin = End;
+		}
+	}
+
+	void GatherFindings()
+	{
+		const auto Gather = [this](bool bInSeen, auto& InOutFindings)
+		{
+			for (FFinding& Finding : InOutFindings)
+			{
+				if (Finding.Count > 0 && Finding.bSeen == bInSeen)
+				{
+					Result.Findings.push_back(std::move(Finding));
+				}
+			}
+		};
+		for (const bool bWanted : {false, true})
+		{
+			Gather(bWanted, Found);
+			Gather(bWanted, Missing);
+			Gather(bWanted, Mistyped);
+		}
+	}
+
+	const FCommentDocument& Document;
+	FSizeProbe& Probe;
+	FDocumentReview Result;
+	std::array<FFinding, NumFindings> Found;
+	std::array<FFinding, NumKeys> Missing;
+	std::array<FFinding, NumKeys> Mistyped;
+
+	/** The element that is looked at, and whether it will be seen as far as was looked. */
+	int64 Index = 0;
+	bool bSeen = true;
+};
+
+} // namespace
+
+FDocumentReview ReviewDocument(const FCommentDocument& InDocument, FSizeProbe& InProbe)
+{
+	return FReviewer(InDocument, InProbe).Review();
+}
+
+} // namespace Flitmark

@@ -1,0 +1,22 @@
+#include "Message.h"
+
+#include "ExitCodes.h"
+
+#include <cstdio>
+
+namespace Flitmark
+{
+
+int PrintError(const std::string& InMessage)
+{
+	PrintNote(InMessage);
+	return ExitFailure;
+}
+
+void PrintNote(const std::string& InMessage)
+{
+	// In one piece, so that lines of several programs do not mix.
+	std::fputs(("flitmark: " + InMessage + "\n").c_str(), stderr);
+}
+
+} // namespace Flitmark

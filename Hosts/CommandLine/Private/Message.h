@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace Flitmark
+{
+
+/** "flitmark: what, where, what to do" on standard error; gives the exit status of a failure. */
+int PrintError(const std::string& InMessage);
+
+/** The same for what is no failure, but should be known. */
+void PrintNote(const std::string& InMessage);
+
+} // namespace Flitmark

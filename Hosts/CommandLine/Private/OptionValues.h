@@ -1,0 +1,24 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Flitmark
+{
+
+/** "90", "90.5", "1:30" or "0:01:30.25" as seconds; empty for anything else. */
+std::optional<double> ParseTime(std::string_view InText);
+
+/** "01:30", or "1:01:30" from an hour on; fractions are left out. */
+std::string FormatTime(double InSeconds);
+
+/** "1920x1080", above 0 and within what a canvas can be; empty for anything else. */
+std::optional<FVector2f> ParseCanvasSize(std::string_view InText);
+
+/** "1,204". */
+std::string FormatCount(int64 InCount);
+
+} // namespace Flitmark

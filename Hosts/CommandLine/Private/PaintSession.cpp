@@ -1,0 +1,132 @@
+#include "PaintSession.h"
+
+#include "CommentsFile.h"
+#include "DocumentReview.h"
+#include "Message.h"
+#include "OptionValues.h"
+#include "SizeProbe.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** Bounds of --scale: from a canvas of a few lanes on a small video to one of thousands on a large one. */
+constexpr double MinScale = 0.01;
+constexpr double MaxScale = 100.0;
+
+/** Whether a family that was found answers what was asked for; a generic name stands for any family. */
+bool IsFamily(const std::string& InAsked, const std::string& InFound)
+{
+	const auto Lower = [](std::string InText)
+	{
+		std::ranges::transform(InText, InText.begin(),
+							   [](unsigned char InLetter) { return static_cast<char>(std::tolower(InLetter)); });
+		return InText;
+	};
+	const std::string Asked = Lower(InAsked.substr(0, InAsked.find_first_of(":-,")));
+	const auto Generic = {"", "sans", "sans-serif", "serif", "mono", "monospace", "system-ui", "cursive", "fantasy"};
+	return std::ranges::find(Generic, Asked) != Generic.end() || Lower(InFound).starts_with(Asked);
+}
+
+} // namespace
+
+void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
+{
+	InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
+	InCommand.add_option("COMMENTS", InOutArguments.Comments, "Comment document (JSON)")->required();
+	InCommand
+		.add_option("--scale", InOutArguments.Scale,
+					"Canvas units per video pixel; twice as many make comments half as large (default: a canvas 1080 "
+					"units high, so that comments look the same on every video)")
+		->check(CLI::Range(MinScale, MaxScale));
+	InCommand.add_option("--font", InOutArguments.Font,
+						 "Font family, also with a style as in \"Noto Sans:bold\" (default: the system's sans-serif)");
+	InCommand.add_option("--opacity", InOutArguments.Opacity, "Opacity of the comments, from 0 to 1")
+		->check(CLI::Range(0.0, 1.0))
+		->capture_default_str();
+	InCommand
+		.add_option("--seed", InOutArguments.Seed, "Seed of the comments' speeds; the same seed gives the same picture")
+		->capture_default_str();
+	InCommand
+		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and encoding each; 0: as they see fit")
+		->check(CLI::Range(0, 256))
+		->capture_default_str();
+}
+
+std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArguments, std::string& OutError)
+{
+	auto Session = std::make_unique<FPaintSession>();
+	Session->CommentsPath = InArguments.Comments;
+	std::error_code Ignored;
+	if (std::filesystem::equivalent(InArguments.Output, InArguments.Comments, Ignored))
+	{
+		OutError = InArguments.Output + ": is the comment document; name another output";
+		return nullptr;
+	}
+	Session->Video = LoadVideoLibrary(OutError);
+	const std::optional<FVideoInfo> Info =
+		Session->Video != nullptr ? Session->Video->Probe(InArguments.Video, OutError) : std::nullopt;
+	std::optional<FCommentsFile> Comments = Info ? LoadComments(InArguments.Comments, OutError) : std::nullopt;
+	if (!Comments || !Session->LoadFont(InArguments.Font, OutError) ||
+		!Session->TellUnseen(Comments->Document, FCanvasView::Cover(Info->Shape, InArguments.Scale), OutError))
+	{
+		return nullptr;
+	}
+	Session->Painted =
+		FStageOverlay::Create(std::move(*Comments), InArguments.Scale, InArguments.Seed, *Session->Measure, OutError);
+	return Session->Painted ? std::move(Session) : nullptr;
+}
+
+bool FPaintSession::LoadFont(const std::string& InFont, std::string& OutError)
+{
+	FTextOptions Options;
+	Options.Family = InFont;
+	Measure = FTextMeasure::Create(Options, OutError);
+	if (!Measure)
+	{
+		return false;
+	}
+	const std::string& Found = Measure->GetEngine().PrimaryFamily();
+	if (!IsFamily(InFont, Found))
+	{
+		PrintNote("--font: no family \"" + InFont + "\" is installed, " + Found +
+				  " is used; \"fc-list : family\" lists them");
+	}
+	return true;
+}
+
+bool FPaintSession::TellUnseen(const FCommentDocument& InDocument, const FCanvasView& InView,
+							   std::string& OutError) const
+{
+	const std::unique_ptr<FSizeProbe> Probe = FSizeProbe::Create(InView.CanvasSize, *Measure, OutError);
+	if (!Probe)
+	{
+		return false;
+	}
+	const FDocumentReview Review = ReviewDocument(InDocument, *Probe);
+	if (Review.NumUnseen > 0)
+	{
+		PrintNote(CommentsPath + ": " + FormatCount(Review.NumUnseen) + " of " + FormatCount(Review.NumComments) +
+				  (Review.NumComments == 1 ? " comment" : " comments") +
+				  " will not be seen; \"flitmark check\" tells which and why");
+	}
+	return true;
+}
+
+void FPaintSession::TellCuts() const
+{
+	if (Painted->WasCut())
+	{
+		PrintNote(CommentsPath + ": parts of some comments are not painted, because they are too long or too large");
+	}
+}
+
+} // namespace Flitmark

@@ -1,0 +1,180 @@
+#include "TraceCommand.h"
+
+#include "CellMeasure.h"
+#include "ExitCodes.h"
+#include "Files.h"
+#include "SaveSlots.h"
+#include "TextMeasure.h"
+#include "TraceRunner.h"
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** What the command line said, before it is looked at. */
+struct FTraceArguments
+{
+	std::string Comments;
+	std::string Size = "1920x1080";
+	int32 Fps = 60;
+	int64 Start = 0;
+	std::optional<int64> Frames;
+	uint32 Seed = 1;
+	std::string Script;
+	bool bPositions = false;
+	std::string Measure = "cells";
+	std::string SaveDir;
+};
+
+/** "1920x1080", each 0 or more, also with a fraction. */
+std::optional<FVector2f> ParseSize(std::string_view Text)
+{
+	const std::size_t Cross = Text.find('x');
+	const std::string_view Halves[] = {Text.substr(0, Cross),
+	                                   Cross == std::string_view::npos ? std::string_view() : Text.substr(Cross + 1)};
+	double Values[2] = {};
+	for (int Index = 0; Index < 2; ++Index)
+	{
+		const std::string_view Half = Halves[Index];
+		const std::from_chars_result Result = std::from_chars(Half.data(), Half.data() + Half.size(), Values[Index]);
+		if (Half.empty() || Result.ec != std::errc() || Result.ptr != Half.data() + Half.size())
+		{
+			return std::nullopt;
+		}
+	}
+	if (!IsCanvasSize(Values[0], Values[1]))
+	{
+		return std::nullopt;
+	}
+	return FVector2f(static_cast<float>(Values[0]), static_cast<float>(Values[1]));
+}
+
+/** A folder of one's own that goes away with its owner. */
+class FTemporaryFolder
+{
+public:
+	FTemporaryFolder()
+	{
+		std::string Pattern = (std::filesystem::temp_directory_path() / "flitmark-XXXXXX").string();
+		Path = ::mkdtemp(Pattern.data()) != nullptr ? Pattern : std::string();
+	}
+	~FTemporaryFolder()
+	{
+		std::error_code Ignored;
+		std::filesystem::remove_all(Path, Ignored);
+	}
+	FTemporaryFolder(const FTemporaryFolder&) = delete;
+	FTemporaryFolder& operator=(const FTemporaryFolder&) = delete;
+
+	/** Empty where none could be made. */
+	std::filesystem::path Path;
+};
+
+/** Fills the options from the arguments; false with an error for a file or value that is not understood. */
+bool ReadArguments(const FTraceArguments& Arguments, FTraceOptions& Options, std::string& Error)
+{
+	const std::optional<FVector2f> Size = ParseSize(Arguments.Size);
+	if (!Size)
+	{
+		Error = "flitmark: --size: \"" + Arguments.Size + "\" is no size: give width and height as in 1920x1080";
+		return false;
+	}
+	Options.Size = *Size;
+	Options.Fps = Arguments.Fps;
+	Options.Start = Arguments.Start;
+	Options.Frames = Arguments.Frames;
+	Options.Seed = Arguments.Seed;
+	Options.bPositions = Arguments.bPositions;
+	if (!Arguments.Comments.empty())
+	{
+		Options.Document = LoadText(Arguments.Comments, Error);
+		if (!Options.Document)
+		{
+			Error = "flitmark: " + Error;
+			return false;
+		}
+	}
+	if (!Arguments.Script.empty())
+	{
+		const std::optional<std::string> Bytes = LoadBytes(Arguments.Script, Error);
+		if (!Bytes)
+		{
+			Error = "flitmark: " + Error;
+			return false;
+		}
+		std::optional<FTraceScript> Script = FTraceScript::Parse(*Bytes, Arguments.Script, Error);
+		if (!Script)
+		{
+			return false;
+		}
+		Options.Script = std::move(*Script);
+	}
+	return true;
+}
+
+int RunTrace(const FTraceArguments& Arguments)
+{
+	FTraceOptions Options;
+	std::string Error;
+	if (!ReadArguments(Arguments, Options, Error))
+	{
+		std::cerr << Error << "\n";
+		return ExitWrongUse;
+	}
+	std::unique_ptr<FSlateFontMeasure> Measure = std::make_unique<FCellMeasure>();
+	if (Arguments.Measure == "fonts")
+	{
+		Measure = FTextMeasure::Create({}, Error);
+	}
+	const FTemporaryFolder Temporary;
+	FSaveSlots Slots(Arguments.SaveDir.empty() ? Temporary.Path : std::filesystem::path(Arguments.SaveDir));
+	ISaveGameSystem::Install(&Slots);
+	Options.Measure = Measure.get();
+	const bool bRan = Measure != nullptr && FTraceRunner(std::move(Options), stdout).Run(Error);
+	ISaveGameSystem::Install(nullptr);
+	if (!bRan)
+	{
+		std::cerr << "flitmark: " << Error << "\n";
+		return ExitFailure;
+	}
+	return ExitSuccess;
+}
+
+} // namespace
+
+void AddTraceCommand(CLI::App& App, int& OutExitCode)
+{
+	const auto Arguments = std::make_shared<FTraceArguments>();
+	CLI::App* Command = App.add_subcommand(
+	    "trace", "Run the overlay without a video or a screen and write what happens, a JSON line an event");
+	Command->add_option("COMMENTS", Arguments->Comments, "Comment document (JSON); without it the schedule is empty");
+	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT")->capture_default_str();
+	Command->add_option("--fps", Arguments->Fps, "Frames per second")
+	    ->check(CLI::Range(1, 1000))
+	    ->capture_default_str();
+	Command->add_option("--start", Arguments->Start, "Media time of the first frame, in ticks of 100 ns")
+	    ->check(CLI::NonNegativeNumber);
+	Command->add_option("--frames", Arguments->Frames, "How many frames to run (default: until all is over)")
+	    ->check(CLI::NonNegativeNumber);
+	Command->add_option("--seed", Arguments->Seed, "Seed of the overlay's two draws")->capture_default_str();
+	Command->add_option("--script", Arguments->Script, "What the host and the viewer do, JSON lines");
+	Command->add_flag("--positions", Arguments->bPositions, "Also write where each comment stands, every frame");
+	Command->add_option("--measure", Arguments->Measure, "How texts are measured")
+	    ->check(CLI::IsMember({"cells", "fonts"}))
+	    ->capture_default_str();
+	Command->add_option("--save-dir", Arguments->SaveDir, "Folder of the save slots (default: a temporary one)");
+	Command->footer("Example: flitmark trace Samples/demo.json --size 1280x720 --positions > trace.jsonl");
+	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunTrace(*Arguments); });
+}
+
+} // namespace Flitmark

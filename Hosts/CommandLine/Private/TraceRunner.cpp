@@ -1,0 +1,285 @@
+#include "TraceRunner.h"
+
+#include "CommentDocument.h"
+#include "Components/CanvasPanel.h"
+#include "DanmakuTrack.h"
+#include "DanmakuTrackManager.h"
+#include "UI_Danmaku.h"
+#include "UI_DanmakuNode.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr int64 TicksPerSecond = 10'000'000;
+constexpr int64 SecondsPerDay = 86'400;
+
+} // namespace
+
+FTraceRunner::FTraceRunner(FTraceOptions InOptions, std::FILE* InOutput)
+    : Options(std::move(InOptions))
+    , Output(InOutput)
+    , Base(Options.Start)
+{
+}
+
+FTraceRunner::~FTraceRunner()
+{
+	bTracing = false;
+	Stage.reset();
+	IWidgetObserver::Install(nullptr);
+}
+
+int64 FTraceRunner::GetMediaTime() const
+{
+	return Base + PlayedFrames * TicksPerSecond / Options.Fps;
+}
+
+bool FTraceRunner::Run(std::string& OutError)
+{
+	FStageOptions StageOptions;
+	StageOptions.CanvasSize = Options.Size;
+	StageOptions.Seed = Options.Seed;
+	StageOptions.Measure = Options.Measure;
+	StageOptions.Settings = Options.Script.Settings;
+	Stage = FStage::Create(StageOptions, OutError);
+	if (Stage == nullptr)
+	{
+		return false;
+	}
+	Stage->SetUrl(TEXT("file:///scenario"));
+	IWidgetObserver::Install(this);
+	Stage->Preroll();
+
+	int64 LastSecond = -1;
+	if (Options.Document)
+	{
+		Stage->GetOverlay().LoadDanmaku(*Options.Document);
+		// A canvas without size has not been laid out, and the document was not taken.
+		if (Options.Size.X != 0.f || Options.Size.Y != 0.f)
+		{
+			LastSecond = FCommentDocument::Read(*Options.Document).GetLastSecond().value_or(-1);
+		}
+		Options.Document.reset();
+	}
+
+	bTracing = true;
+	const bool bEndless = !Options.Frames;
+	const int64 MaxFrames = Options.Frames.value_or(SecondsPerDay * Options.Fps);
+	while (Frame < MaxFrames && RunFrame(LastSecond, bEndless))
+	{
+		++Frame;
+	}
+	bTracing = false;
+	if (std::fflush(Output) != 0 || std::ferror(Output) != 0)
+	{
+		OutError = std::string("the trace cannot be written: ") + std::strerror(errno);
+		return false;
+	}
+	return true;
+}
+
+bool FTraceRunner::RunFrame(int64 LastSecond, bool bEndless)
+{
+	PendingReports = 0;
+	Stage->SetMediaTime(GetMediaTime());
+	Stage->SetPlaying(bPlaying);
+	const std::vector<FTraceStep>& Steps = Options.Script.Steps;
+	for (; NextStep < Steps.size() && Steps[NextStep].Frame == Frame; ++NextStep)
+	{
+		Execute(Steps[NextStep]);
+		Stage->SetMediaTime(GetMediaTime());
+		Stage->SetPlaying(bPlaying);
+	}
+	Stage->RunFrame(static_cast<float>(1.0 / Options.Fps));
+	for (; PendingReports > 0; --PendingReports)
+	{
+		WriteReport();
+	}
+	if (Options.bPositions)
+	{
+		WritePositions();
+	}
+	const bool bIdle =
+	    GetMediaTime() / TicksPerSecond > LastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
+	IdleFrames = bIdle ? IdleFrames + 1 : 0;
+	PlayedFrames += bPlaying ? 1 : 0;
+	return !bEndless || IdleFrames < Options.Fps;
+}
+
+void FTraceRunner::Execute(const FTraceStep& Step)
+{
+	switch (Step.Action)
+	{
+	case ETraceAction::Pause:
+	case ETraceAction::PlayerPause:
+	case ETraceAction::Resume:
+	case ETraceAction::PlayerResume:
+		bPlaying = Step.Action == ETraceAction::Resume || Step.Action == ETraceAction::PlayerResume;
+		Stage->SetPlaying(bPlaying);
+		if (Step.Action == ETraceAction::Pause)
+		{
+			Stage->GetOverlay().Pause();
+		}
+		else if (Step.Action == ETraceAction::Resume)
+		{
+			Stage->GetOverlay().Resume();
+		}
+		break;
+	case ETraceAction::Seek:
+		Base = Step.Number;
+		PlayedFrames = 0;
+		break;
+	case ETraceAction::Url:
+		Stage->SetUrl(Step.Text);
+		break;
+	case ETraceAction::Resize:
+		Stage->SetCanvasSize(Step.Size);
+		break;
+	case ETraceAction::Load:
+		Stage->GetOverlay().LoadDanmaku(Step.Text);
+		break;
+	case ETraceAction::Empty:
+		Stage->GetOverlay().Empty();
+		break;
+	case ETraceAction::Report:
+		++PendingReports;
+		break;
+	default:
+		ExecuteViewer(Step);
+		break;
+	}
+}
+
+void FTraceRunner::OnWidgetCreated(UUserWidget& Widget)
+{
+	UUI_DanmakuNode* Node = Cast<UUI_DanmakuNode>(&Widget);
+	if (bTracing && Node != nullptr)
+	{
+		Nodes[Node] = {++LastId, false};
+		Node->OnEnded.AddRaw(this, &FTraceRunner::OnNodeEnded);
+		Node->OnCanceled.AddRaw(this, &FTraceRunner::OnNodeCanceled);
+	}
+}
+
+void FTraceRunner::OnPositionSet(UCanvasPanelSlot& Slot)
+{
+	const auto Entry = Nodes.find(static_cast<const UUserWidget*>(Slot.Content.Get()));
+	if (!bTracing || Entry == Nodes.end() || Entry->second.bPlaced)
+	{
+		return;
+	}
+	Entry->second.bPlaced = true;
+	const UUI_DanmakuNode& Node = static_cast<const UUI_DanmakuNode&>(*Entry->first);
+	BeginLine("placed");
+	AddRecord(Node, Entry->second);
+	Line.Add("font_size", Node.GetData().FontSize);
+	Line.Add("color", Node.GetData().FontColor);
+	Line.Add("lane", FindLane(Node));
+	Line.Add("lanes", Node.GetUseTracks().Num());
+	Line.Add("x", Node.GetPosition().X);
+	Line.Add("y", Node.GetPosition().Y);
+	Line.Add("width", Node.GetNodeSize().X);
+	Line.Add("height", Node.GetNodeSize().Y);
+	Line.Add("speed", Node.GetRollSpeed());
+	// What starts paused was made so before it was placed.
+	Line.Add("paused", Node.IsPaused());
+	EndLine();
+}
+
+void FTraceRunner::OnWidgetLeaving(UWidget& Widget)
+{
+	const auto Entry = Nodes.find(static_cast<const UUserWidget*>(&Widget));
+	if (!bTracing || Entry == Nodes.end() || Entry->second.bPlaced)
+	{
+		return;
+	}
+	const UUI_DanmakuNode& Node = static_cast<const UUI_DanmakuNode&>(*Entry->first);
+	BeginLine("dropped");
+	AddRecord(Node, Entry->second);
+	Line.Add("width", Node.GetNodeSize().X);
+	Line.Add("height", Node.GetNodeSize().Y);
+	Line.Add("speed", Node.GetRollSpeed());
+	EndLine();
+}
+
+void FTraceRunner::OnNodeEnded(UUI_DanmakuNode* Node)
+{
+	WriteIdLine("ended", Node);
+}
+
+void FTraceRunner::OnNodeCanceled(UUI_DanmakuNode* Node)
+{
+	WriteIdLine("canceled", Node);
+	Nodes.erase(Node);
+}
+
+void FTraceRunner::WriteIdLine(std::string_view Event, const UUI_DanmakuNode* Node)
+{
+	const auto Entry = Nodes.find(Node);
+	if (bTracing && Entry != Nodes.end())
+	{
+		BeginLine(Event);
+		Line.Add("id", Entry->second.Id);
+		EndLine();
+	}
+}
+
+void FTraceRunner::BeginLine(std::string_view Event)
+{
+	Line.Clear();
+	Line.BeginObject();
+	Line.Add("frame", Frame);
+	Line.Add("media", GetMediaTime());
+	Line.Add("event", Event);
+}
+
+void FTraceRunner::EndLine()
+{
+	Line.EndObject();
+	std::fwrite(Line.GetText().data(), 1, Line.GetText().size(), Output);
+	std::fputc('\n', Output);
+}
+
+void FTraceRunner::AddRecord(const UUI_DanmakuNode& Node, const FNodeInfo& Info)
+{
+	Line.Add("id", Info.Id);
+	Line.Add("viewer", Stage->IsViewerComment(Node));
+	Line.Add("content", Node.GetData().Content);
+	Line.Add("mode", static_cast<int32>(Node.GetData().Mode));
+}
+
+int64 FTraceRunner::FindLane(const UUI_DanmakuNode& Node) const
+{
+	// Off the position: a comment without height has a place and no lane that lists it.
+	const double FromEdge = Node.GetData().Mode == EDanmakuMode::BOTTOM
+	                            ? static_cast<double>(Stage->GetCanvas().GetCachedGeometry().GetLocalSize().Y) -
+	                                  Node.GetPosition().Y - Node.GetNodeSize().Y
+	                            : Node.GetPosition().Y;
+	return std::llround(FromEdge / UDanmakuTrackManager::TrackHeight);
+}
+
+void FTraceRunner::WritePositions()
+{
+	BeginLine("frame");
+	Line.BeginArray("nodes");
+	UCanvasPanel& Canvas = Stage->GetCanvas();
+	for (int32 Index = 0; Index < Canvas.GetChildrenCount(); ++Index)
+	{
+		const auto* Node = static_cast<const UUI_DanmakuNode*>(Canvas.GetChildAt(Index));
+		Line.BeginArray();
+		Line.Add({}, Nodes.at(Node).Id);
+		Line.Add({}, Node->GetPosition().X);
+		Line.Add({}, Node->GetPosition().Y);
+		Line.EndArray();
+	}
+	Line.EndArray();
+	EndLine();
+}
+
+} // namespace Flitmark

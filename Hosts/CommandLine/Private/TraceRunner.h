@@ -1,0 +1,94 @@
+#pragma once
+
+#include "Blueprint/WidgetObserver.h"
+#include "JsonLine.h"
+#include "Stage.h"
+#include "TraceScript.h"
+
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+class UUI_DanmakuNode;
+
+namespace Flitmark
+{
+
+struct FTraceOptions
+{
+	FVector2f Size{1920.f, 1080.f};
+	/** Whole frames per second, 1 to 1000. */
+	int32 Fps = 60;
+	/** Media time of frame 0, in ticks. */
+	int64 Start = 0;
+	/** How many frames to run; without it until all that was filed is over. */
+	std::optional<int64> Frames;
+	uint32 Seed = 1;
+	bool bPositions = false;
+	FSlateFontMeasure* Measure = nullptr;
+	/** The document as it was read; empty for none. */
+	std::optional<FString> Document;
+	FTraceScript Script;
+};
+
+/** Runs the overlay on a clock of its own and writes what happens, a JSON line an event. */
+class FTraceRunner final : private IWidgetObserver
+{
+public:
+	FTraceRunner(FTraceOptions InOptions, std::FILE* InOutput);
+	~FTraceRunner() override;
+
+	/** False with OutError set where the stage cannot be built or the output cannot be written. */
+	bool Run(std::string& OutError);
+
+private:
+	struct FNodeInfo
+	{
+		int64 Id = 0;
+		bool bPlaced = false;
+	};
+
+	int64 GetMediaTime() const;
+	bool RunFrame(int64 LastSecond, bool bEndless);
+	void Execute(const FTraceStep& Step);
+	void ExecuteViewer(const FTraceStep& Step);
+
+	void OnWidgetCreated(UUserWidget& Widget) override;
+	void OnPositionSet(UCanvasPanelSlot& Slot) override;
+	void OnWidgetLeaving(UWidget& Widget) override;
+	void OnNodeEnded(UUI_DanmakuNode* Node);
+	void OnNodeCanceled(UUI_DanmakuNode* Node);
+
+	/** Begins a line; the event's own members follow. */
+	void BeginLine(std::string_view Event);
+	void EndLine();
+	void WriteIdLine(std::string_view Event, const UUI_DanmakuNode* Node);
+	void AddRecord(const UUI_DanmakuNode& Node, const FNodeInfo& Info);
+	int64 FindLane(const UUI_DanmakuNode& Node) const;
+	void WriteReport();
+	void WritePositions();
+
+	FTraceOptions Options;
+	std::FILE* Output;
+	std::unique_ptr<FStage> Stage;
+	FJsonLine Line;
+	std::unordered_map<const UUserWidget*, FNodeInfo> Nodes;
+	int64 LastId = 0;
+	/** False outside the frames that are traced. */
+	bool bTracing = false;
+
+	int64 Frame = 0;
+	/** Media time at which the player's count of frames began. */
+	int64 Base = 0;
+	/** Frames that ended since then with the player playing. */
+	int64 PlayedFrames = 0;
+	bool bPlaying = true;
+	std::size_t NextStep = 0;
+	/** Report lines to be written at the end of this frame. */
+	int32 PendingReports = 0;
+	/** Frames in a row in which nothing was left to come. */
+	int64 IdleFrames = 0;
+};
+
+} // namespace Flitmark

@@ -1,0 +1,316 @@
+#include "TraceScript.h"
+
+#include "Dom/JsonObject.h"
+#include "Dom/JsonValue.h"
+#include "Files.h"
+#include "Serialization/JsonReader.h"
+#include "Serialization/JsonSerializer.h"
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <map>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** The highest canvas, in canvas units: a lane is an object, and some hundred thousand of them are enough. */
+constexpr double MaxCanvasHeight = 10'000'000.0;
+
+constexpr double MaxTicks = 9'223'372'036'854'775'807.0;
+
+/** Reads one line: its members, each checked for type and range. The first thing wrong is kept. */
+class FLineReader
+{
+public:
+	FLineReader(const FJsonObject& InObject, const std::filesystem::path& InScript)
+	    : Object(InObject)
+	    , ScriptFolder(InScript.parent_path())
+	{
+	}
+
+	double Number(const TCHAR* Name, double Min, double Max)
+	{
+		const TSharedPtr<FJsonValue> Value = Object.TryGetField(Name);
+		if (!Value.IsValid() || Value->Type != EJson::Number)
+		{
+			Fail(Name, "must be a number");
+			return Min;
+		}
+		const double Found = Value->AsNumber();
+		if (!(Found >= Min && Found <= Max))
+		{
+			Fail(Name, "is out of range");
+			return Min;
+		}
+		return Found;
+	}
+
+	int64 WholeNumber(const TCHAR* Name, double Min, double Max)
+	{
+		const double Found = Number(Name, Min, Max);
+		if (Found != std::floor(Found))
+		{
+			Fail(Name, "must be a whole number");
+		}
+		return Found < MaxTicks ? static_cast<int64>(Found) : std::numeric_limits<int64>::max();
+	}
+
+	FString Text(const TCHAR* Name)
+	{
+		const TSharedPtr<FJsonValue> Value = Object.TryGetField(Name);
+		if (!Value.IsValid() || Value->Type != EJson::String)
+		{
+			Fail(Name, "must be a text");
+			return FString();
+		}
+		return Value->AsString();
+	}
+
+	bool Bool(const TCHAR* Name)
+	{
+		const TSharedPtr<FJsonValue> Value = Object.TryGetField(Name);
+		if (!Value.IsValid() || Value->Type != EJson::Boolean)
+		{
+			Fail(Name, "must be true or false");
+			return false;
+		}
+		double Found = 0.0;
+		return Value->TryGetNumber(Found) && Found != 0.0;
+	}
+
+	/** One of the names of a table. */
+	template <class T>
+	T Choice(const TCHAR* Name, const std::map<std::u16string_view, T>& Choices)
+	{
+		const FString Found = Text(Name);
+		const auto Entry = Choices.find(std::u16string_view(Found.GetStd()));
+		if (Entry == Choices.end())
+		{
+			Fail(Name, "is none of the known names");
+			return T();
+		}
+		return Entry->second;
+	}
+
+	/** The text of a document beside the script. */
+	FString Document(const TCHAR* Name)
+	{
+		const FString File = Text(Name);
+		if (!Error.empty())
+		{
+			return FString();
+		}
+		std::string ReadError;
+		std::optional<FString> Read = LoadText(ScriptFolder / ToUtf8(File), ReadError);
+		if (!Read)
+		{
+			Fail(Name, ReadError.c_str());
+			return FString();
+		}
+		return std::move(*Read);
+	}
+
+	void Fail(const TCHAR* Name, const char* What)
+	{
+		if (Error.empty())
+		{
+			Error = "\"" + ToUtf8(FString(Name)) + "\" " + What;
+		}
+	}
+
+	const std::string& GetError() const { return Error; }
+
+private:
+	const FJsonObject& Object;
+	std::filesystem::path ScriptFolder;
+	std::string Error;
+};
+
+constexpr double MinInt32 = MIN_int32;
+constexpr double MaxInt32 = MAX_int32;
+
+using FReadMembers = std::function<void(FLineReader&, FTraceStep&)>;
+
+struct FActionEntry
+{
+	ETraceAction Action;
+	/** Reads what the action needs beyond its name; may be empty. */
+	FReadMembers Read;
+};
+
+void ReadSave(FLineReader& Line, FTraceStep& Step)
+{
+	Step.Action = Line.Choice<ETraceAction>(TEXT("what"), {{u"FontSize", ETraceAction::SaveFontSize},
+	                                                       {u"SpeedScale", ETraceAction::SaveSpeedScale},
+	                                                       {u"bIsOpened", ETraceAction::SaveIsOpened}});
+	switch (Step.Action)
+	{
+	case ETraceAction::SaveFontSize:
+		Step.Number = Line.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
+		break;
+	case ETraceAction::SaveSpeedScale:
+		Step.Scale = static_cast<float>(Line.Number(TEXT("value"), -std::numeric_limits<float>::max(),
+		                                            std::numeric_limits<float>::max()));
+		break;
+	case ETraceAction::SaveIsOpened:
+		Step.bFlag = Line.Bool(TEXT("value"));
+		break;
+	default:
+		break;
+	}
+}
+
+void ReadCheck(FLineReader& Line, FTraceStep& Step)
+{
+	Step.Text = Line.Text(TEXT("box"));
+	Step.bFlag = Line.Bool(TEXT("checked"));
+	for (const TCHAR* Box : {TEXT("OpenDanmakuButton"), TEXT("Scroll"), TEXT("Top"), TEXT("Bottom"), TEXT("Small"),
+	                         TEXT("Normal"), TEXT("C_FE0302"), TEXT("C_00CD00"), TEXT("C_4266BE"), TEXT("C_FFFFFF")})
+	{
+		if (Step.Text.Equals(Box))
+		{
+			return;
+		}
+	}
+	Line.Fail(TEXT("box"), "is the name of no check box");
+}
+
+void ReadResize(FLineReader& Line, FTraceStep& Step)
+{
+	const double Width = Line.Number(TEXT("width"), 0.0, std::numeric_limits<float>::max());
+	const double Height = Line.Number(TEXT("height"), 0.0, std::numeric_limits<float>::max());
+	if (!IsCanvasSize(Width, Height))
+	{
+		Line.Fail(TEXT("height"), "is out of range");
+	}
+	Step.Size = FVector2f(static_cast<float>(Width), static_cast<float>(Height));
+}
+
+const std::map<std::u16string_view, FActionEntry>& GetActions()
+{
+	using enum ETraceAction;
+	static const std::map<std::u16string_view, FActionEntry> Actions{
+	    {u"pause", {Pause, {}}},
+	    {u"resume", {Resume, {}}},
+	    {u"player-pause", {PlayerPause, {}}},
+	    {u"player-resume", {PlayerResume, {}}},
+	    {u"seek", {Seek, [](FLineReader& L, FTraceStep& S) { S.Number = L.WholeNumber(TEXT("to"), 0.0, MaxTicks); }}},
+	    {u"url", {Url, [](FLineReader& L, FTraceStep& S) { S.Text = L.Text(TEXT("url")); }}},
+	    {u"resize", {Resize, ReadResize}},
+	    {u"load", {Load, [](FLineReader& L, FTraceStep& S) { S.Text = L.Document(TEXT("file")); }}},
+	    {u"empty", {Empty, {}}},
+	    {u"type", {Type, [](FLineReader& L, FTraceStep& S) { S.Text = L.Text(TEXT("text")); }}},
+	    {u"commit",
+	     {Commit,
+	      [](FLineReader& L, FTraceStep& S)
+	      {
+		      S.Commit = L.Choice<ETextCommit::Type>(TEXT("how"), {{u"enter", ETextCommit::OnEnter},
+		                                                           {u"focus", ETextCommit::OnUserMovedFocus},
+		                                                           {u"cleared", ETextCommit::OnCleared},
+		                                                           {u"default", ETextCommit::Default}});
+	      }}},
+	    {u"click",
+	     {Click,
+	      [](FLineReader& L, FTraceStep&) { L.Choice<bool>(TEXT("button"), {{u"SendDanmakuButton", true}}); }}},
+	    {u"check", {Check, ReadCheck}},
+	    {u"color", {Color, [](FLineReader& L, FTraceStep& S) { S.Text = L.Text(TEXT("text")); }}},
+	    {u"hover", {Hover, {}}},
+	    {u"unhover", {Unhover, {}}},
+	    {u"enter-panel", {EnterPanel, {}}},
+	    {u"leave-panel", {LeavePanel, {}}},
+	    {u"save", {SaveFontSize, ReadSave}},
+	    {u"report", {Report, {}}},
+	};
+	return Actions;
+}
+
+/** Reads one line that holds an object; false where something is wrong. */
+bool ReadLine(FLineReader& Line, FTraceScript& Script)
+{
+	FTraceStep Step;
+	Step.Frame = Line.WholeNumber(TEXT("frame"), 0.0, MaxTicks);
+	if (!Script.Steps.empty() && Step.Frame < Script.Steps.back().Frame)
+	{
+		Line.Fail(TEXT("frame"), "is smaller than that of the line before");
+	}
+	const FString Action = Line.Text(TEXT("do"));
+	const auto Entry = GetActions().find(std::u16string_view(Action.GetStd()));
+	if (Action.Equals(TEXT("set")))
+	{
+		const FName Setting = Line.Choice<FName>(TEXT("what"), {{u"MaxNumOFInputTex", FName(TEXT("MaxNumOFInputTex"))},
+		                                                        {u"SmallFontSize", FName(TEXT("SmallFontSize"))},
+		                                                        {u"NormalFontSize", FName(TEXT("NormalFontSize"))}});
+		const int64 Value = Line.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
+		if (Step.Frame != 0)
+		{
+			Line.Fail(TEXT("set"), "is possible at frame 0 only: the widgets are built then");
+		}
+		Script.Settings.push_back({Setting, static_cast<int32>(Value)});
+		return Line.GetError().empty();
+	}
+	if (Entry == GetActions().end())
+	{
+		Line.Fail(TEXT("do"), "is no known action");
+		return false;
+	}
+	Step.Action = Entry->second.Action;
+	if (Entry->second.Read)
+	{
+		Entry->second.Read(Line, Step);
+	}
+	Script.Steps.push_back(std::move(Step));
+	return Line.GetError().empty();
+}
+
+bool IsBlank(std::string_view Line)
+{
+	return Line.find_first_not_of(" \t\r") == std::string_view::npos;
+}
+
+} // namespace
+
+std::optional<FTraceScript> FTraceScript::Parse(std::string_view InBytes, const std::filesystem::path& InName,
+                                                std::string& OutError)
+{
+	FTraceScript Script;
+	int64 LineNumber = 0;
+	while (!InBytes.empty())
+	{
+		const std::string_view Bytes = InBytes.substr(0, InBytes.find('\n'));
+		InBytes.remove_prefix(std::min(InBytes.size(), Bytes.size() + 1));
+		++LineNumber;
+		if (IsBlank(Bytes))
+		{
+			continue;
+		}
+		const std::string Place = InName.string() + ":" + std::to_string(LineNumber) + ": ";
+		const FString Text = FromUtf8(Bytes);
+		TSharedPtr<FJsonValue> Value;
+		if (!FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Value) ||
+		    Value->Type != EJson::Object)
+		{
+			OutError = Place + "not a JSON object";
+			return std::nullopt;
+		}
+		const TSharedPtr<FJsonObject> Object = Value->AsObject();
+		FLineReader Line(*Object, InName);
+		if (!ReadLine(Line, Script))
+		{
+			OutError = Place + Line.GetError();
+			return std::nullopt;
+		}
+	}
+	return Script;
+}
+
+bool IsCanvasSize(double InWidth, double InHeight)
+{
+	return InWidth >= 0.0 && InWidth <= static_cast<double>(std::numeric_limits<float>::max()) && InHeight >= 0.0 &&
+	       InHeight <= MaxCanvasHeight;
+}
+
+} // namespace Flitmark

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "VideoBurn.h"
+#include "VideoProbe.h"
+#include "VideoShot.h"
+
+#include <string>
+
+namespace Flitmark
+{
+
+/** The video host's functions. They bring a hundred libraries along, which only the commands that need them load. */
+struct FVideoLibrary
+{
+	decltype(&Flitmark::Probe) Probe;
+	decltype(&Flitmark::Burn) Burn;
+	decltype(&Flitmark::Shot) Shot;
+};
+
+/** Null with OutError set where the library, which lies beside the program, cannot be loaded. */
+const FVideoLibrary* LoadVideoLibrary(std::string& OutError);
+
+} // namespace Flitmark

@@ -1,0 +1,7 @@
+#include "VideoLibrary.h"
+
+extern "C" __attribute__((visibility("default"))) const Flitmark::FVideoLibrary* FlitmarkVideoLibrary()
+{
+	static constexpr Flitmark::FVideoLibrary Library{&Flitmark::Probe, &Flitmark::Burn, &Flitmark::Shot};
+	return &Library;
+}

@@ -1,0 +1,77 @@
+#include "ProgramKit.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace Flitmark::Testing
+{
+namespace
+{
+
+using testing::HasSubstr;
+
+struct FUsageCase
+{
+	const char* Name;
+	std::vector<std::string> Arguments;
+	int ExitCode;
+	const char* InOut;
+	const char* InError;
+};
+
+class Usage : public testing::TestWithParam<FUsageCase>
+{
+};
+
+TEST_P(Usage, EndsAsItShould)
+{
+	const FProgramResult Result = RunProgram(GetParam().Arguments);
+	EXPECT_EQ(Result.ExitCode, GetParam().ExitCode);
+	EXPECT_THAT(Result.Out, HasSubstr(GetParam().InOut));
+	EXPECT_THAT(Result.Error, HasSubstr(GetParam().InError));
+	EXPECT_EQ(Result.Error.empty(), *GetParam().InError == '\0') << Result.Error;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+	All, Usage,
+	testing::Values(
+		FUsageCase{"Help", {"--help"}, 0, "flitmark burn film.mp4", ""},
+		FUsageCase{"Version", {"--version"}, 0, "flitmark 0.", ""},
+		FUsageCase{"BurnHelp", {"burn", "--help"}, 0, "--crf", ""},
+		FUsageCase{"ShotHelp", {"shot", "--help"}, 0, "--at", ""},
+		FUsageCase{"CheckHelp", {"check", "--help"}, 0, "Exit status", ""},
+		FUsageCase{"TraceHelp", {"trace", "--help"}, 0, "--script", ""},
+		FUsageCase{"Nothing", {}, 2, "", "flitmark: A subcommand is required"},
+		FUsageCase{"UnknownCommand", {"paint"}, 2, "", "no command \"paint\"; see \"flitmark --help\""},
+		FUsageCase{"UnknownOption", {"check", "x", "--fast"}, 2, "", "--fast"},
+		FUsageCase{"MissingFile", {"check"}, 2, "", "COMMENTS is required"},
+		FUsageCase{"MissingOutput", {"burn", "v", "c"}, 2, "", "--output is required"},
+		FUsageCase{"MissingTime", {"shot", "v", "c", "-o", "p.png"}, 2, "", "--at is required"},
+		FUsageCase{"WrongTime", {"shot", "v", "c", "-o", "p.png", "--at", "1:60"}, 2, "", "\"1:60\" is no time"},
+		FUsageCase{"NegativeTime", {"burn", "v", "c", "-o", "o.mp4", "--from=-3"}, 2, "", "\"-3\" is no time"},
+		FUsageCase{"EndBeforeBegin",
+				   {"burn", "v", "c", "-o", "o.mp4", "--from", "1:00", "--to", "60"},
+				   2,
+				   "",
+				   "--to: must be behind"},
+		FUsageCase{"WrongSize", {"check", "x", "--size", "0x5"}, 2, "", "\"0x5\" is no size"},
+		FUsageCase{"Opacity", {"shot", "v", "c", "-o", "p.png", "--at", "1", "--opacity", "1.5"}, 2, "", "--opacity"},
+		FUsageCase{"Scale", {"burn", "v", "c", "-o", "o.mp4", "--scale", "0"}, 2, "", "--scale"},
+		FUsageCase{"Seed", {"burn", "v", "c", "-o", "o.mp4", "--seed", "x"}, 2, "", "--seed"},
+		FUsageCase{"OtherPicture", {"shot", "v", "c", "-o", "p.jpg", "--at", "1"}, 2, "", "only PNG"},
+		FUsageCase{"NoSuchFile", {"check", "/nowhere/c.json"}, 1, "", "flitmark: /nowhere/c.json: cannot be opened"},
+		FUsageCase{"Folder", {"check", "/tmp"}, 1, "", "flitmark: /tmp: is a folder"},
+		FUsageCase{"NoVideo", {"burn", "/nowhere/v.mp4", "c", "-o", "/tmp/o.mp4"}, 1, "", "/nowhere/v.mp4"}),
+	[](const auto& InCase) { return InCase.param.Name; });
+
+TEST(Usage, AFullDiskUnderTheReportIsSaid)
+{
+	const FTestFolder Folder;
+	const FProgramResult Result =
+		RunProgram({"check", Folder.Write("c.json", MakeDocument({MakeComment()}))}, "/dev/full");
+	EXPECT_EQ(Result.ExitCode, 1);
+	EXPECT_THAT(Result.Error, HasSubstr("standard output"));
+}
+
+} // namespace
+} // namespace Flitmark::Testing
