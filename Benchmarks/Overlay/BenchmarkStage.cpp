@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <random>
 
 namespace Flitmark
@@ -49,12 +50,19 @@ std::unique_ptr<FStage> MakeStage(FVector2f CanvasSize, FSlateFontMeasure& Measu
 	return Stage;
 }
 
+double ReadThreadTime()
+{
+	timespec Now = {};
+	clock_gettime(CLOCK_THREAD_CPUTIME_ID, &Now);
+	return static_cast<double>(Now.tv_sec) + static_cast<double>(Now.tv_nsec) * 1e-9;
+}
+
 double GoTo(FStage& Stage, int64 Second, float DeltaTime)
 {
 	Stage.SetMediaTime(Second * TicksPerSecond);
-	const auto Begin = std::chrono::steady_clock::now();
+	const double Begin = ReadThreadTime();
 	Stage.RunFrame(DeltaTime);
-	return std::chrono::duration<double>(std::chrono::steady_clock::now() - Begin).count();
+	return ReadThreadTime() - Begin;
 }
 
 std::string MakeDenseDocument(int32 Count, int64 Second, int32 FontSize)

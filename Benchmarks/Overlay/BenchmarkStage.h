@@ -2,7 +2,6 @@
 
 #include "Stage.h"
 
-#include <chrono>
 #include <memory>
 #include <string>
 
@@ -14,7 +13,13 @@ constexpr float FrameTime = 1.f / 60.f;
 /** A stage after its preroll; ends the program where none can be made. */
 std::unique_ptr<FStage> MakeStage(FVector2f CanvasSize, FSlateFontMeasure& Measure);
 
-/** Seconds of media time, and a frame there that takes no time; gives how long that took, in seconds. */
+/**
+ * Seconds of processor time of this thread so far: all that the overlay does, it does on one, and other programs do not
+ * count.
+ */
+double ReadThreadTime();
+
+/** A frame at a second of media time; gives how long that took, in seconds of thread time. */
 double GoTo(FStage& Stage, int64 Second, float DeltaTime = 0.f);
 
 /** The text of Count scrolling comments that all fall due in the given second: 5 to 30 letters or ideographs each. */

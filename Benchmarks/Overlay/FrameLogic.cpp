@@ -26,7 +26,7 @@ std::unique_ptr<FStage> MakeFullStage(FSlateFontMeasure& Measure)
 	for (const int64 Second : {0, 4})
 	{
 		// Small enough for one lane each.
-		Stage->GetOverlay().LoadDanmaku(FromUtf8(MakeDenseDocument(Second == 0 ? 1'500 : 1'000, Second, 9)));
+		Stage->GetOverlay().LoadDanmaku(FromUtf8(MakeDenseDocument(Second == 0 ? 1'500 : 500, Second, 9)));
 		GoTo(*Stage, Second);
 		for (int32 Frame = 0; Second == 0 && Frame < 4 * 60; ++Frame)
 		{

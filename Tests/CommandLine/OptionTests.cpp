@@ -43,6 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
 		FUsageCase{"TraceHelp", {"trace", "--help"}, 0, "--script", ""},
 		FUsageCase{"Nothing", {}, 2, "", "flitmark: A subcommand is required"},
 		FUsageCase{"UnknownCommand", {"paint"}, 2, "", "no command \"paint\"; see \"flitmark --help\""},
+		FUsageCase{"UnknownFirstOption", {"--fast"}, 2, "", "no option \"--fast\""},
 		FUsageCase{"UnknownOption", {"check", "x", "--fast"}, 2, "", "--fast"},
 		FUsageCase{"MissingFile", {"check"}, 2, "", "COMMENTS is required"},
 		FUsageCase{"MissingOutput", {"burn", "v", "c"}, 2, "", "--output is required"},

@@ -6,11 +6,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
 namespace Flitmark
 {
+
+/** The locale orders the fonts; what single glyphs and kerning are expected to be needs one order. */
+inline const int LocaleIsSet = setenv("LC_ALL", "C.UTF-8", 1);
 
 inline std::unique_ptr<FTextEngine> MakeEngine(const std::string& InFamily = {})
 {

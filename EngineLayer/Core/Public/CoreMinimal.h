@@ -12,5 +12,6 @@
 #include "Misc/DateTime.h"
 #include "Misc/Timespan.h"
 #include "Templates/SharedPointer.h"
+#include "Templates/UnrealTemplate.h"
 #include "UObject/NameTypes.h"
 #include "UObject/WeakObjectPtrTemplates.h"

@@ -89,7 +89,7 @@ FKeyEffect GetEffect(ECommentKey InKey)
 	case ECommentKey::FontColor:
 		return {"taken as transparent", false};
 	default:
-		return {"which no viewer sees"};
+		return {"but nothing that is shown depends on it"};
 	}
 }
 

@@ -2,6 +2,7 @@
 #include "CheckCommand.h"
 #include "ExitCodes.h"
 #include "Message.h"
+#include "ReflectCommand.h"
 #include "ShotCommand.h"
 #include "TraceCommand.h"
 
@@ -41,9 +42,12 @@ int Explain(const CLI::App& App, const CLI::ParseError& InError, const std::stri
 	{
 		Command += " " + Chosen->get_name();
 	}
-	const std::string Reason = App.get_subcommands().empty() && !InFirstArgument.empty() && InFirstArgument[0] != '-'
-								   ? "there is no command \"" + InFirstArgument + "\""
-								   : InError.what();
+	std::string Reason = InError.what();
+	if (App.get_subcommands().empty() && !InFirstArgument.empty())
+	{
+		Reason = std::string("there is no ") + (InFirstArgument[0] == '-' ? "option" : "command") + " \"" +
+				 InFirstArgument + "\"";
+	}
 	std::fprintf(stderr, "%s: %s; see \"%s --help\"\n", Command.c_str(), Reason.c_str(), Command.c_str());
 	return ExitWrongUse;
 }
@@ -61,6 +65,7 @@ int Run(int ArgumentCount, char** Arguments)
 	AddShotCommand(App, ExitCode);
 	AddCheckCommand(App, ExitCode);
 	AddTraceCommand(App, ExitCode);
+	AddReflectCommand(App, ExitCode);
 	try
 	{
 		App.parse(ArgumentCount, Arguments);

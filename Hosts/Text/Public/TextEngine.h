@@ -48,8 +48,8 @@ struct FTextScale
 
 /**
  * Shapes, measures and rasterises comment text. Measuring and rasterising go through the same shaped lines, so that a
- * sprite fills just the box that was measured. Safe to call from several threads; results depend on the arguments and
- * the installed fonts alone, to the bit.
+ * sprite fills just the box that was measured. Safe to call from several threads; results depend on the arguments, the
+ * installed fonts and the locale (it orders the fonts, and chooses the forms of ideographs) alone, to the bit.
  *
  * Lines end at LF, CR LF or CR, and every line starts at the left. A line is 1.25 em high, its baseline 0.93 em below
  * its top: ideographs, and Latin from capitals to descenders, lie in it with their outline, which is 1/16 em wide (one

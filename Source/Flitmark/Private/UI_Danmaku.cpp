@@ -166,8 +166,18 @@ void UUI_Danmaku::NativeTick(const FGeometry& MyGeometry, float InDeltaTime)
 
 void UUI_Danmaku::AddDataToMap(const FDanmakuData& InDanmakuData)
 {
+	FindBucket(InDanmakuData).Add(InDanmakuData);
+}
+
+void UUI_Danmaku::AddDataToMap(FDanmakuData&& InDanmakuData)
+{
+	FindBucket(InDanmakuData).Add(MoveTemp(InDanmakuData));
+}
+
+TArray<FDanmakuData>& UUI_Danmaku::FindBucket(const FDanmakuData& InDanmakuData)
+{
 	const int64 Seconds = InDanmakuData.SpawnTime.GetTicks() / ETimespan::TicksPerSecond;
-	DanmakuDataMap.FindOrAdd(FTimespan::FromSeconds(static_cast<double>(Seconds))).Add(InDanmakuData);
+	return DanmakuDataMap.FindOrAdd(FTimespan::FromSeconds(static_cast<double>(Seconds)));
 }
 
 bool UUI_Danmaku::EnsureTrackManager()

@@ -53,6 +53,9 @@ protected:
 private:
 	/** Files a copy of the record under the whole second of its spawn time, behind those already there. */
 	void AddDataToMap(const FDanmakuData& InDanmakuData);
+	/** Files the record itself. */
+	void AddDataToMap(FDanmakuData&& InDanmakuData);
+	TArray<FDanmakuData>& FindBucket(const FDanmakuData& InDanmakuData);
 
 	/** Makes the track manager once canvas and player are there; true while it lives. */
 	bool EnsureTrackManager();

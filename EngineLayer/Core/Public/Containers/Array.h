@@ -30,11 +30,26 @@ public:
 
 	int32 Add(const ElementType& Item)
 	{
+		if (IsFull())
+		{
+			// It may be one of the array's own.
+			ElementType Copy(Item);
+			Grow();
+			Data.push_back(std::move(Copy));
+			return Num() - 1;
+		}
 		Data.push_back(Item);
 		return Num() - 1;
 	}
 	int32 Add(ElementType&& Item)
 	{
+		if (IsFull())
+		{
+			ElementType Moved(std::move(Item));
+			Grow();
+			Data.push_back(std::move(Moved));
+			return Num() - 1;
+		}
 		Data.push_back(std::move(Item));
 		return Num() - 1;
 	}
@@ -64,5 +79,13 @@ public:
 	auto end() const { return Data.end(); }
 
 private:
+	bool IsFull() const { return Data.size() == Data.capacity(); }
+	/** As the engine does: room for 4 first, then by 3/8 and 16, so that a list of a few dozen is moved once or twice. */
+	void Grow()
+	{
+		const std::size_t Needed = Data.size() + 1;
+		Data.reserve(Data.empty() ? 4 : Needed + 3 * Needed / 8 + 16);
+	}
+
 	std::vector<ElementType> Data;
 };

@@ -2,34 +2,91 @@
 
 #include "CoreTypes.h"
 
-#include <unordered_map>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
-/** Keys to values by hash: a thin name over the standard one. A key type brings its GetTypeHash. */
+/**
+ * Keys to values by hash. A key type brings its GetTypeHash. The elements lie in one block, and a small table of places
+ * leads to them, so that a look-up among thousands stays in the cache. Adding and removing may move every element.
+ */
 template <class KeyType, class ValueType>
 class TMap
 {
 public:
-	int32 Num() const { return static_cast<int32>(Data.size()); }
-	bool IsEmpty() const { return Data.empty(); }
+	int32 Num() const { return static_cast<int32>(Elements.size()); }
+	bool IsEmpty() const { return Elements.empty(); }
 	ValueType* Find(const KeyType& Key)
 	{
-		const auto Found = Data.find(Key);
-		return Found == Data.end() ? nullptr : &Found->second;
+		const uint32 Place = Places.empty() ? 0 : Places[FindPlace(Key)];
+		return Place == 0 ? nullptr : &Elements[Place - 1].Value;
 	}
 	const ValueType* Find(const KeyType& Key) const { return const_cast<TMap*>(this)->Find(Key); }
-	bool Contains(const KeyType& Key) const { return Data.contains(Key); }
-	ValueType& FindOrAdd(const KeyType& Key) { return Data[Key]; }
-	ValueType& Add(const KeyType& Key, ValueType Value) { return Data.insert_or_assign(Key, std::move(Value)).first->second; }
-	int32 Remove(const KeyType& Key) { return static_cast<int32>(Data.erase(Key)); }
+	bool Contains(const KeyType& Key) const { return Find(Key) != nullptr; }
+	ValueType& FindOrAdd(const KeyType& Key)
+	{
+		if (ValueType* Found = Find(Key))
+		{
+			return *Found;
+		}
+		Elements.push_back({Key, ValueType()});
+		if (Elements.size() * 2 > Places.size())
+		{
+			FillPlaces(Places.empty() ? 16 : Places.size() * 2);
+		}
+		else
+		{
+			Places[FindPlace(Key)] = static_cast<uint32>(Elements.size());
+		}
+		return Elements.back().Value;
+	}
+	ValueType& Add(const KeyType& Key, ValueType Value) { return FindOrAdd(Key) = std::move(Value); }
+	/** Gives how many were removed; the cost grows with the number of elements. */
+	int32 Remove(const KeyType& Key)
+	{
+		const uint32 Place = Places.empty() ? 0 : Places[FindPlace(Key)];
+		if (Place != 0)
+		{
+			Elements.erase(Elements.begin() + static_cast<std::ptrdiff_t>(Place - 1));
+			FillPlaces(Places.size());
+		}
+		return Place != 0 ? 1 : 0;
+	}
 	/** Removes all and gives the storage back. */
-	void Empty() { std::unordered_map<KeyType, ValueType, FHash>().swap(Data); }
+	void Empty()
+	{
+		std::vector<FElement>().swap(Elements);
+		std::vector<uint32>().swap(Places);
+	}
 
 private:
-	struct FHash
+	struct FElement
 	{
-		std::size_t operator()(const KeyType& Key) const { return GetTypeHash(Key); }
+		KeyType Key;
+		ValueType Value;
 	};
 
-	std::unordered_map<KeyType, ValueType, FHash> Data;
+	/** Where the key's place stands in the table, or would stand. */
+	std::size_t FindPlace(const KeyType& Key) const
+	{
+		const std::size_t Mask = Places.size() - 1;
+		std::size_t Index = GetTypeHash(Key) & Mask;
+		while (Places[Index] != 0 && !(Elements[Places[Index] - 1].Key == Key))
+		{
+			Index = (Index + 1) & Mask;
+		}
+		return Index;
+	}
+	void FillPlaces(std::size_t Count)
+	{
+		Places.assign(Count, 0);
+		for (std::size_t Index = 0; Index < Elements.size(); ++Index)
+		{
+			Places[FindPlace(Elements[Index].Key)] = static_cast<uint32>(Index + 1);
+		}
+	}
+
+	std::vector<FElement> Elements;
+	/** By hash: the element's number, from 1 on; 0 for none. A power of two of them, at most half of them in use. */
+	std::vector<uint32> Places;
 };

@@ -46,7 +46,7 @@ enum EPropertyFlags : uint64
 	CPF_DisableEditOnInstance = 0x0000000000010000u,
 	CPF_InstancedReference = 0x0000000000080000u,
 	CPF_ReferenceParm = 0x0000000008000000u,
-	CPF_TObjectPtr = 0x0800000000000000u,
+	CPF_TObjectPtr = 0x0100000000000000u,
 };
 
 /** Function flags; the values are the engine's. */
