@@ -110,12 +110,12 @@ TEST_F(FSpritesTest, WhatIsNotSeenIsNotDrawn)
 TEST_F(FSpritesTest, MemoryIsBounded)
 {
 	std::vector<std::string> Texts;
-	for (int Index = 0; Index < 10; ++Index)
+	for (int Index = 0; Index < 8; ++Index)
 	{
 		Texts.push_back(Comment("a comment of some length, number " + std::to_string(Index)));
 	}
 	Start(Texts);
-	ASSERT_EQ(Drawn.size(), 10u);
+	ASSERT_EQ(Drawn.size(), 8u);
 	const int64 One = static_cast<int64>(Drawn[0].Sprite->Pixels.size());
 	Drawn.clear();
 
@@ -124,7 +124,7 @@ TEST_F(FSpritesTest, MemoryIsBounded)
 	Stage->RunFrame(0.f);
 	Stage->SetMediaTime(0);
 	Start(Texts, One * 7 / 2);
-	EXPECT_EQ(Comments.size(), 10u);
+	EXPECT_EQ(Comments.size(), 8u);
 	EXPECT_GE(Drawn.size(), 2u);
 	EXPECT_LE(Drawn.size(), 3u);
 	EXPECT_TRUE(Sprites->WasCut());

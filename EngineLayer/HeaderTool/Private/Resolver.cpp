@@ -290,7 +290,10 @@ private:
 					std::find(Parameter.Flags.begin(), Parameter.Flags.end(), "CPF_OutParm") != Parameter.Flags.end();
 			}
 		}
-		if (bOut)
+		// A delegate's signature has no native entry that could write to its parameters.
+		const bool bDelegate =
+			std::find(Function.Flags.begin(), Function.Flags.end(), "FUNC_Delegate") != Function.Flags.end();
+		if (bOut && !bDelegate)
 		{
 			Function.Flags.push_back("FUNC_HasOutParms");
 		}

@@ -19,7 +19,7 @@ constexpr FT_Pos SubPixels = 64;
 /** Bound of a mask: ligatures of a line's width exist, at absurd sizes they would be gigabytes. */
 constexpr FT_Pos MaxMaskPixels = FT_Pos{32} << 20;
 
-/** The outline is black, and lets a little of the picture through. */
+/** The outline lets a little of the picture through. */
 constexpr std::uint16_t OutlineAlpha = 204;
 
 FT_Pos ToSubPixels(double InPixels)

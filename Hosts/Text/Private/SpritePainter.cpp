@@ -200,7 +200,14 @@ void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
 
 static_assert(std::endian::native == std::endian::little, "a pixel's first byte, red, is its lowest");
 
-/** Fill over outline, the whole faded by the colour's alpha. */
+/** Whether a dark outline would make a blob of the letters: the colour's luma (BT.709) out of 255. */
+constexpr bool IsDark(FTextColor InColor)
+{
+	constexpr unsigned DarkestWithDarkOutline = 40;
+	return (54U * InColor.Red + 183U * InColor.Green + 19U * InColor.Blue) >> 8U < DarkestWithDarkOutline;
+}
+
+/** Fill over outline, the whole faded by the colour's alpha. The outline is black, around dark letters white. */
 void ComposeMasks(const std::uint16_t* __restrict InMasks, std::size_t InCount, FTextColor InColor,
 				  std::uint8_t* __restrict OutPixels)
 {
@@ -208,14 +215,22 @@ void ComposeMasks(const std::uint16_t* __restrict InMasks, std::size_t InCount, 
 	const std::uint16_t Red = Multiply(InColor.Red, Alpha);
 	const std::uint16_t Green = Multiply(InColor.Green, Alpha);
 	const std::uint16_t Blue = Multiply(InColor.Blue, Alpha);
+	const std::uint16_t OutlineLight = IsDark(InColor) ? Alpha : std::uint16_t{0};
 	for (std::size_t Index = 0; Index < InCount; ++Index)
 	{
 		const auto Fill = static_cast<std::uint16_t>(InMasks[Index] & 0xffU);
 		const auto Shade = static_cast<std::uint16_t>(InMasks[Index] >> 8U);
 		const auto Uncovered = static_cast<std::uint16_t>(255U - Fill);
-		const auto Cover = static_cast<std::uint16_t>(Fill + Multiply(Shade, Uncovered));
-		const auto RedGreen = static_cast<std::uint16_t>(Multiply(Fill, Red) | Multiply(Fill, Green) << 8U);
-		const auto BlueAlpha = static_cast<std::uint16_t>(Multiply(Fill, Blue) | Multiply(Cover, Alpha) << 8U);
+		const std::uint16_t Edge = Multiply(Shade, Uncovered);
+		const std::uint16_t Light = Multiply(Edge, OutlineLight);
+		const auto Mix = [Fill, Light](std::uint16_t InChannel)
+		{
+			// Both parts are rounded, so that together they may be one too much.
+			const auto Sum = static_cast<std::uint16_t>(Multiply(Fill, InChannel) + Light);
+			return Sum < 255 ? Sum : std::uint16_t{255};
+		};
+		const auto RedGreen = static_cast<std::uint16_t>(Mix(Red) | Mix(Green) << 8U);
+		const auto BlueAlpha = static_cast<std::uint16_t>(Mix(Blue) | Multiply(Fill + Edge, Alpha) << 8U);
 		const std::uint32_t Pixel = RedGreen | static_cast<std::uint32_t>(BlueAlpha) << 16U;
 		// Whole pixels, not bytes: those would be stored one by one.
 		std::memcpy(OutPixels + 4 * Index, &Pixel, sizeof(Pixel));

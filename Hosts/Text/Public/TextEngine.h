@@ -70,9 +70,9 @@ public:
 	FTextSize Measure(std::u16string_view InText, float InSizePoints);
 
 	/**
-	 * Draws a text with its dark outline. InColor.Alpha scales everything, outline and colour emoji too. Bounded: see
-	 * FTextLimits for what is not painted of an absurd text. A sprite without size where nothing is to be seen, or
-	 * where size or scale are not above zero.
+	 * Draws a text with its outline: a dark one, or a light one around dark letters. InColor.Alpha scales everything,
+	 * outline and colour emoji too. Bounded: see FTextLimits for what is not painted of an absurd text. A sprite without
+	 * size where nothing is to be seen, or where size or scale are not above zero.
 	 */
 	FSprite Rasterise(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale);
 

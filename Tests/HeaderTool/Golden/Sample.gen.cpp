@@ -44,7 +44,7 @@ struct Z_Construct_UDelegateFunction_FOnSampleMoved_Statics
 		{"ModuleRelativePath", "Public/Sample.h"},
 		{"ToolTip", "It was moved."},
 	};
-	static constexpr FFunctionParams FunctionParams = {"OnSampleMoved__DelegateSignature", nullptr, FUNC_MulticastDelegate | FUNC_Public | FUNC_Delegate | FUNC_HasOutParms, Function_FOnSampleMoved_Parameters, 1, {Function_FOnSampleMoved_MetaData, 3}};
+	static constexpr FFunctionParams FunctionParams = {"OnSampleMoved__DelegateSignature", nullptr, FUNC_MulticastDelegate | FUNC_Public | FUNC_Delegate, Function_FOnSampleMoved_Parameters, 1, {Function_FOnSampleMoved_MetaData, 3}};
 };
 static UFunction* Z_Storage_FOnSampleMoved = nullptr;
 

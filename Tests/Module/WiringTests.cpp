@@ -1,0 +1,199 @@
+#include "StageFixture.h"
+
+#include "Components/Button.h"
+#include "Components/CheckBox.h"
+#include "Components/EditableText.h"
+
+namespace Flitmark
+{
+
+namespace
+{
+
+class FWiring : public FStageFixture
+{
+protected:
+	void Send(const char* Text = "200x30")
+	{
+		FindInBar<UEditableText>(TEXT("InputDanmakuText"))->TypeText(FText::FromString(FromUtf8(Text)));
+		FindInBar<UButton>(TEXT("SendDanmakuButton"))->Click();
+	}
+	void Toggle(bool bOn) { FindInBar<UCheckBox>(TEXT("OpenDanmakuButton"))->Toggle(bOn); }
+	bool IsBarOpen() const { return FindInBar<UButton>(TEXT("SendDanmakuButton"))->GetIsEnabled(); }
+	std::size_t NumMade() const { return Log.GetNodes().size(); }
+	UPanelWidget* GetScreen() const { return Stage->GetBar().GetParent(); }
+};
+
+TEST_F(FWiring, ShowsASentCommentAtOnceAndAgainInItsSecond)
+{
+	Load({{12.0, "10x10 loaded"}});
+	GoTo(12.3);
+	ASSERT_EQ(NumMade(), 1u);
+	Send("200x30 \u5F39");
+	ASSERT_EQ(NumMade(), 2u);
+	const UUI_DanmakuNode* Sent = GetLastNode();
+	EXPECT_TRUE(Stage->IsViewerComment(*Sent));
+	EXPECT_EQ(ToUtf8(Sent->GetData().Content), "200x30 \u5F39");
+	EXPECT_EQ(Sent->GetData().SpawnTime.GetTicks(), 123'000'000);
+	EXPECT_EQ(Sent->GetData().Mode, EDanmakuMode::SCROLL);
+	EXPECT_EQ(Sent->GetData().FontSize, 24);
+	EXPECT_EQ(ToUtf8(Sent->GetData().FontColor), "#FFFFFFFF");
+	EXPECT_EQ(Sent->GetPosition().X, 1920.0);
+	GoTo(12.9);
+	EXPECT_EQ(NumMade(), 2u) << "its second is not new";
+	GoTo(13.0);
+	GoTo(12.0);
+	ASSERT_EQ(NumMade(), 4u);
+	EXPECT_EQ(ToUtf8(Log.GetNodes()[2]->GetData().Content), "10x10 loaded");
+	EXPECT_EQ(ToUtf8(Log.GetNodes()[3]->GetData().Content), "200x30 \u5F39") << "behind what was filed before";
+	EXPECT_FALSE(Stage->IsViewerComment(*Log.GetNodes()[3]));
+	Load({});
+	GoTo(13.0);
+	GoTo(12.0);
+	EXPECT_EQ(NumMade(), 4u) << "a document takes the place of it all";
+}
+
+TEST_F(FWiring, ShowsAPausedCommentWhilePaused)
+{
+	Rand.GiveAlways(ShortDraw);
+	Stage->GetOverlay().Pause();
+	Send();
+	ASSERT_EQ(NumMade(), 1u);
+	RunFrames(20, 1.f);
+	EXPECT_EQ(GetLastNode()->GetPosition().X, 1920.0);
+	Stage->GetOverlay().Resume();
+	RunFrames(1, 1.f);
+	EXPECT_EQ(GetLastNode()->GetPosition().X, 1920.0 - 265.0);
+}
+
+TEST_F(FWiring, IgnoresWhatIsSentBeforeThereAreLanes)
+{
+	Rebuild(MakeOptions(FVector2f(0.f, 0.f)));
+	RunFrames(2, 0.1f);
+	Send();
+	EXPECT_EQ(ToUtf8(FindInBar<UEditableText>(TEXT("InputDanmakuText"))->GetText().ToString()), "");
+	Toggle(false);
+	EXPECT_FALSE(IsBarOpen());
+	Toggle(true);
+	EXPECT_TRUE(IsBarOpen());
+	Stage->SetCanvasSize(FVector2f(1920.f, 1080.f));
+	GoTo(1.0);
+	GoTo(0.0);
+	EXPECT_EQ(NumMade(), 0u) << "not held back either";
+	Send();
+	EXPECT_EQ(NumMade(), 1u);
+}
+
+TEST_F(FWiring, IgnoresWhatIsSentWithoutAPlayer)
+{
+	Rebuild(MakeOptions(FVector2f(1920.f, 1080.f)));
+	Stage->GetOverlay().Init(nullptr, &Stage->GetBar(), &Stage->GetPanel());
+	RunFrames(2, 0.1f);
+	Send();
+	Toggle(false);
+	Toggle(true);
+	EXPECT_EQ(NumMade(), 0u);
+}
+
+TEST_F(FWiring, IgnoresWhatIsSentWithoutAPanel)
+{
+	UMediaPlayer* Player = Keep(NewObject<UMediaPlayer>());
+	Stage->GetOverlay().Init(Player, &Stage->GetBar(), nullptr);
+	Send();
+	FindInBar<UButton>(TEXT("DanmakuNodeSettingButton"))->Hover();
+	FindInBar<UButton>(TEXT("DanmakuNodeSettingButton"))->Unhover();
+	EXPECT_EQ(NumMade(), 0u);
+}
+
+TEST_F(FWiring, IgnoresWhatIsSentAfterTheOverlaysEnd)
+{
+	Keep(&Stage->GetOverlay())->RemoveFromParent();
+	Send();
+	Toggle(false);
+	EXPECT_FALSE(IsBarOpen());
+	Toggle(true);
+	EXPECT_TRUE(IsBarOpen());
+	CollectGarbage();
+	Send();
+	EXPECT_EQ(NumMade(), 0u);
+}
+
+TEST_F(FWiring, OutlivesACollectedOverlay)
+{
+	// An overlay of its own, of which nothing is left when the bar sends.
+	UUI_Danmaku* Overlay = CreateWidget<UUI_Danmaku>(&Stage->GetOverlay(), Stage->GetOverlay().GetClass());
+	const TWeakObjectPtr<UUI_Danmaku> Weak(Overlay);
+	Stage->GetOverlay().Init(nullptr, nullptr, nullptr);
+	Overlay->Init(Keep(NewObject<UMediaPlayer>()), &Stage->GetBar(), &Stage->GetPanel());
+	CollectGarbage();
+	ASSERT_EQ(Weak.Get(), nullptr);
+	Send();
+	Toggle(false);
+	EXPECT_EQ(NumMade(), 0u);
+}
+
+TEST_F(FWiring, SendsOnceHoweverOftenItIsConnected)
+{
+	UUI_Danmaku& Overlay = Stage->GetOverlay();
+	UObject* Player = Overlay.GetClass()->FindPropertyByName(TEXT("MediaPlayer"))->GetObjectValue(&Overlay);
+	Overlay.Init(Cast<UMediaPlayer>(Player), &Stage->GetBar(), &Stage->GetPanel());
+	Send();
+	EXPECT_EQ(NumMade(), 1u);
+	UUI_DanmakuBar* Bar = Keep(&Stage->GetBar());
+	UPanelWidget* Screen = GetScreen();
+	for (int32 Round = 0; Round < 2; ++Round)
+	{
+		Bar->RemoveFromParent();
+		Screen->AddChild(Bar);
+	}
+	Send();
+	EXPECT_EQ(NumMade(), 2u) << "constructed three times";
+	Overlay.Init(Cast<UMediaPlayer>(Player), nullptr, nullptr);
+	Send();
+	EXPECT_EQ(NumMade(), 2u) << "a bar that was let go of";
+	Toggle(false);
+	EXPECT_TRUE(IsBarOpen());
+}
+
+TEST_F(FWiring, ClosesAndOpensTheLanes)
+{
+	Load({{0.0}, {1.0}, {2.0}, {3.0}});
+	GoTo(0.0);
+	Toggle(false);
+	EXPECT_FALSE(IsBarOpen());
+	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::Hidden);
+	EXPECT_TRUE(GetShown().empty());
+	GoTo(1.0);
+	EXPECT_EQ(NumMade(), 1u) << "the second passes";
+	Stage->SetPlaying(false);
+	Toggle(true);
+	EXPECT_TRUE(IsBarOpen());
+	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::SelfHitTestInvisible);
+	GoTo(2.0);
+	EXPECT_EQ(NumMade(), 1u) << "open, and paused as the player is";
+	Toggle(false);
+	Stage->SetPlaying(true);
+	Toggle(true);
+	GoTo(3.0);
+	EXPECT_EQ(NumMade(), 2u);
+}
+
+TEST_F(FWiring, OpensPausedOverlaysLanesAlone)
+{
+	Load({{0.0, "200x30"}, {1.0}, {2.0}});
+	GoTo(0.0);
+	Stage->GetOverlay().Pause();
+	Toggle(false);
+	Toggle(true);
+	GoTo(1.0);
+	EXPECT_EQ(NumMade(), 1u) << "the overlay itself is paused until Resume";
+	Send();
+	EXPECT_FALSE(GetLastNode()->IsPaused()) << "its lanes are not";
+	Stage->GetOverlay().Resume();
+	GoTo(2.0);
+	EXPECT_EQ(NumMade(), 3u);
+}
+
+} // namespace
+
+} // namespace Flitmark
