@@ -162,7 +162,8 @@ TEST_F(FBar, LosesTheTextOfAPlayerWithoutAUrl)
 TEST_F(FBar, ClosesAllButTheCheckBox)
 {
 	UWidget* const Closed[] = {GetField(), FindInBar<UWidget>(TEXT("SendDanmakuButton")),
-							   FindInBar<UWidget>(TEXT("TextNum")), FindInBar<UWidget>(TEXT("DanmakuNodeSettingButton"))};
+							   FindInBar<UWidget>(TEXT("TextNum")),
+							   FindInBar<UWidget>(TEXT("DanmakuNodeSettingButton"))};
 	Type(TEXT("unsent"));
 	Stage->GetBar().Close();
 	EXPECT_EQ(GetFieldText(), "ClosedBullet");

@@ -167,9 +167,9 @@ TEST_F(FNodes, WearTheirColours)
 		const TCHAR* Text;
 		const char* Shown;
 	} Cases[] = {
-		{TEXT("#FE0302FF"), "FE0302FF"}, {TEXT("#FE0302"), "FE0302FF"},	  {TEXT("fe0302"), "FE0302FF"},
-		{TEXT("#00CD0080"), "00CD0080"}, {TEXT("#abc"), "AABBCCFF"},	  {TEXT("#000000"), "000000FF"},
-		{TEXT("#12"), "00000000"},		 {TEXT(""), "00000000"},		  {TEXT("#"), "00000000"},
+		{TEXT("#FE0302FF"), "FE0302FF"}, {TEXT("#FE0302"), "FE0302FF"},	   {TEXT("fe0302"), "FE0302FF"},
+		{TEXT("#00CD0080"), "00CD0080"}, {TEXT("#abc"), "AABBCCFF"},	   {TEXT("#000000"), "000000FF"},
+		{TEXT("#12"), "00000000"},		 {TEXT(""), "00000000"},		   {TEXT("#"), "00000000"},
 		{TEXT("#12345"), "00000000"},	 {TEXT("#123456789"), "00000000"}, {TEXT("#GG8000"), "008000FF"},
 	};
 	for (const auto& Case : Cases)

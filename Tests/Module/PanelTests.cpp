@@ -93,10 +93,10 @@ TEST_F(FPanel, HoldsOneModeAndOneSize)
 		EDanmakuMode Mode;
 		int32 Size;
 	} Steps[] = {
-		{"Bottom", true, EDanmakuMode::BOTTOM, 24}, {"Bottom", false, EDanmakuMode::BOTTOM, 24},
-		{"Top", true, EDanmakuMode::TOP, 24},		{"Small", true, EDanmakuMode::TOP, 18},
-		{"Small", false, EDanmakuMode::TOP, 18},	{"Top", false, EDanmakuMode::TOP, 18},
-		{"Normal", true, EDanmakuMode::TOP, 24},	{"Scroll", true, EDanmakuMode::SCROLL, 24},
+		{"Bottom", true, EDanmakuMode::BOTTOM, 24},	 {"Bottom", false, EDanmakuMode::BOTTOM, 24},
+		{"Top", true, EDanmakuMode::TOP, 24},		 {"Small", true, EDanmakuMode::TOP, 18},
+		{"Small", false, EDanmakuMode::TOP, 18},	 {"Top", false, EDanmakuMode::TOP, 18},
+		{"Normal", true, EDanmakuMode::TOP, 24},	 {"Scroll", true, EDanmakuMode::SCROLL, 24},
 		{"Scroll", false, EDanmakuMode::SCROLL, 24},
 	};
 	for (const auto& Step : Steps)
@@ -189,7 +189,10 @@ TEST_F(FPanel, GivesBackEvery8BitColour)
 
 TEST_F(FPanel, HidesWhenThePointerHasBeenAwayForLong)
 {
-	const auto Wait = [this](int32 Quarters) { RunFrames(Quarters, 0.25f); };
+	const auto Wait = [this](int32 Quarters)
+	{
+		RunFrames(Quarters, 0.25f);
+	};
 	GetPanel().SetHidden();
 	Wait(2);
 	EXPECT_FALSE(IsHidden());

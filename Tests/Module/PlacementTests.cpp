@@ -74,7 +74,13 @@ TEST_F(FPlacement, TakesAsManyLanesAsItIsHigh)
 		const char* Content;
 		int32 Lanes;
 	} Cases[] = {
-		{"10x0", 0}, {"10x0.001", 1}, {"10x15.12", 1}, {"10x15.121", 2}, {"10x20", 2}, {"10x30.24", 2}, {"10x32", 3},
+		{"10x0", 0},
+		{"10x0.001", 1},
+		{"10x15.12", 1},
+		{"10x15.121", 2},
+		{"10x20", 2},
+		{"10x30.24", 2},
+		{"10x32", 3},
 		// The product with the reciprocal of the pitch is a bit above 3.
 		{"10x45.36", 4},
 	};

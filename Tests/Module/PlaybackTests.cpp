@@ -71,8 +71,8 @@ TEST_F(FPlayback, ClosesHiddenClearedAndPaused)
 	EXPECT_EQ(CanvasVisibility(), ESlateVisibility::Hidden);
 	EXPECT_TRUE(GetShown().empty());
 	EXPECT_FALSE(Shows());
-	EXPECT_EQ(Log.TakeEvents(), (std::vector<std::string>{"left 3", "canceled 3", "left 2", "canceled 2", "left 1",
-														  "canceled 1"}));
+	EXPECT_EQ(Log.TakeEvents(),
+			  (std::vector<std::string>{"left 3", "canceled 3", "left 2", "canceled 2", "left 1", "canceled 1"}));
 	for (const char* Group : {"Scroll", "Top", "Bottom"})
 	{
 		EXPECT_TRUE(GetNodes(GetTracks(Group)[0]).empty()) << Group;

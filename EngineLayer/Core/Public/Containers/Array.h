@@ -14,7 +14,7 @@ class TArray
 public:
 	TArray() = default;
 	TArray(std::initializer_list<ElementType> InElements)
-	    : Data(InElements)
+		: Data(InElements)
 	{
 	}
 

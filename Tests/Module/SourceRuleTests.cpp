@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
+#include <vector>
+
+/** Rules that keep the module's sources compiling in the engine, as far as reading them tells. */
+namespace Flitmark
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+struct FSource
+{
+	fs::path File;
+	std::vector<std::string> Lines;
+};
+
+std::vector<FSource> ReadSources(const char* Folder)
+{
+	std::vector<FSource> Sources;
+	for (const fs::directory_entry& Entry : fs::directory_iterator(fs::path(MODULE_DIRECTORY) / Folder))
+	{
+		FSource& Source = Sources.emplace_back();
+		Source.File = Entry.path();
+		std::ifstream Stream(Entry.path());
+		for (std::string Line; std::getline(Stream, Line);)
+		{
+			Source.Lines.push_back(Line);
+		}
+	}
+	return Sources;
+}
+
+/** What a line includes, with its quotes or brackets; empty for any other line. */
+std::string GetIncluded(const std::string& Line)
+{
+	constexpr std::string_view Directive = "#include ";
+	return Line.starts_with(Directive) ? Line.substr(Directive.size()) : std::string();
+}
+
+std::vector<std::string> GetIncludes(const FSource& Source)
+{
+	std::vector<std::string> Includes;
+	for (const std::string& Line : Source.Lines)
+	{
+		if (!GetIncluded(Line).empty())
+		{
+			Includes.push_back(GetIncluded(Line));
+		}
+	}
+	return Includes;
+}
+
+/** The engine's headers that the module may use: Core's and those of the modules that its build file names. */
+bool IsEngineHeader(const std::string& Included)
+{
+	static const std::set<std::string> Headers = {
+		"\"Blueprint/UserWidget.h\"",
+		"\"Components/Button.h\"",
+		"\"Components/CanvasPanel.h\"",
+		"\"Components/CanvasPanelSlot.h\"",
+		"\"Components/CheckBox.h\"",
+		"\"Components/EditableText.h\"",
+		"\"Components/Image.h\"",
+		"\"Components/PanelWidget.h\"",
+		"\"Components/TextBlock.h\"",
+		"\"CoreMinimal.h\"",
+		"\"Dom/JsonObject.h\"",
+		"\"Dom/JsonValue.h\"",
+		"\"Engine/EngineTypes.h\"",
+		"\"Engine/World.h\"",
+		"\"GameFramework/SaveGame.h\"",
+		"\"Input/Events.h\"",
+		"\"Kismet/GameplayStatics.h\"",
+		"\"Kismet/KismetStringLibrary.h\"",
+		"\"MediaPlayer.h\"",
+		"\"Modules/ModuleManager.h\"",
+		"\"Serialization/JsonReader.h\"",
+		"\"Serialization/JsonSerializer.h\"",
+		"\"Templates/SubclassOf.h\"",
+		"\"TimerManager.h\"",
+		"\"Types/SlateEnums.h\"",
+		"\"UObject/Object.h\"",
+		"\"UObject/ObjectMacros.h\"",
+		"\"UObject/ObjectPtr.h\"",
+	};
+	return Headers.contains(Included);
+}
+
+TEST(FSourceRules, PublicHeadersUseNothingOfTheStandardLibrary)
+{
+	for (const FSource& Source : ReadSources("Public"))
+	{
+		for (const std::string& Line : Source.Lines)
+		{
+			EXPECT_EQ(Line.find("std::"), std::string::npos) << Source.File << ": " << Line;
+		}
+	}
+}
+
+TEST(FSourceRules, NothingIsIncludedThatTheEngineLacks)
+{
+	for (const char* Folder : {"Public", "Private"})
+	{
+		for (const FSource& Source : ReadSources(Folder))
+		{
+			for (const std::string& Included : GetIncludes(Source))
+			{
+				const std::string Name = Included.substr(1, Included.size() - 2);
+				const std::string Header =
+					Name.ends_with(".generated.h") ? Name.substr(0, Name.size() - 12) + ".h" : Name;
+				const bool bOwn = fs::exists(fs::path(MODULE_DIRECTORY) / "Public" / Header);
+				EXPECT_TRUE(bOwn || IsEngineHeader(Included) || Included == "<cstdlib>")
+					<< Source.File << ": " << Included;
+			}
+		}
+	}
+}
+
+TEST(FSourceRules, GeneratedHeadersComeLast)
+{
+	const std::vector<FSource> Headers = ReadSources("Public");
+	EXPECT_EQ(Headers.size(), 8u);
+	for (const FSource& Source : Headers)
+	{
+		const std::vector<std::string> Includes = GetIncludes(Source);
+		ASSERT_FALSE(Includes.empty()) << Source.File;
+		EXPECT_EQ(Source.Lines.front(), "#pragma once") << Source.File;
+		EXPECT_EQ(Includes.back(), "\"" + Source.File.stem().string() + ".generated.h\"") << Source.File;
+		EXPECT_EQ(
+			std::ranges::count_if(Includes, [](const std::string& Each) { return Each.ends_with(".generated.h\""); }),
+			1)
+			<< Source.File;
+	}
+}
+
+TEST(FSourceRules, EverySourceStartsWithItsHeader)
+{
+	for (const FSource& Source : ReadSources("Private"))
+	{
+		const fs::path Header = fs::path(MODULE_DIRECTORY) / "Public" / (Source.File.stem().string() + ".h");
+		if (fs::exists(Header))
+		{
+			EXPECT_EQ(Source.Lines.front(), "#include \"" + Header.filename().string() + "\"") << Source.File;
+		}
+	}
+}
+
+} // namespace
+
+} // namespace Flitmark
