@@ -45,6 +45,9 @@ public:
 class FSaveGames : public FLayerFixture
 {
 protected:
+	/** The test's class is announced by no library: it is known once it was asked for. */
+	FSaveGames() { UTestSave::StaticClass(); }
+
 	static UTestSave* Make()
 	{
 		return Cast<UTestSave>(UGameplayStatics::CreateSaveGameObject(UTestSave::StaticClass()));

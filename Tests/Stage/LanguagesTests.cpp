@@ -35,10 +35,10 @@ TEST_P(FLanguages, ClosedBarSpeaks)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cultures, FLanguages,
-                         ::testing::Values(FLanguageCase{u"en-US", true, "ClosedBullet"},
-                                           FLanguageCase{u"zh-Hant-TW", true, "弹幕已关闭"},
-                                           FLanguageCase{u"ja_JP.UTF-8", true, "コメントはオフです"},
-                                           FLanguageCase{u"fr_FR", false, "ClosedBullet"},
-                                           FLanguageCase{u"C.UTF-8", false, "ClosedBullet"}));
+						 ::testing::Values(FLanguageCase{u"en-US", true, "ClosedBullet"},
+										   FLanguageCase{u"zh-Hant-TW", true, "弹幕已关闭"},
+										   FLanguageCase{u"ja_JP.UTF-8", true, "コメントはオフです"},
+										   FLanguageCase{u"fr_FR", false, "ClosedBullet"},
+										   FLanguageCase{u"C.UTF-8", false, "ClosedBullet"}));
 
 } // namespace Flitmark

@@ -25,7 +25,7 @@ FNameTable& GetTable()
 } // namespace
 
 FName::FName(const TCHAR* InText)
-    : FName(FStringView(InText))
+	: FName(FStringView(InText))
 {
 }
 
@@ -38,7 +38,7 @@ FName::FName(FStringView InText)
 	FNameTable& Table = GetTable();
 	const std::scoped_lock Lock(Table.Mutex);
 	const auto [Found, bAdded] =
-	    Table.Places.try_emplace(FString(InText).ToUpper().GetStd(), static_cast<int32>(Table.Texts.size()));
+		Table.Places.try_emplace(FString(InText).ToUpper().GetStd(), static_cast<int32>(Table.Texts.size()));
 	if (bAdded)
 	{
 		Table.Texts.emplace_back(InText);

@@ -23,8 +23,7 @@ bool FStringView::Equals(FStringView Other, ESearchCase::Type SearchCase) const
 	{
 		return static_cast<const std::u16string_view&>(*this) == static_cast<const std::u16string_view&>(Other);
 	}
-	return std::ranges::equal(*this, Other,
-	                          [](TCHAR A, TCHAR B) { return ToUpperAscii(A) == ToUpperAscii(B); });
+	return std::ranges::equal(*this, Other, [](TCHAR A, TCHAR B) { return ToUpperAscii(A) == ToUpperAscii(B); });
 }
 
 FString FString::Mid(int32 Start, int32 Count) const
@@ -59,5 +58,5 @@ bool FString::IsNumeric() const
 		Rest.remove_prefix(1);
 	}
 	return std::ranges::count(Rest, u'.') <= 1 &&
-	       std::ranges::all_of(Rest, [](TCHAR Character) { return Character == u'.' || IsDigit(Character); });
+		   std::ranges::all_of(Rest, [](TCHAR Character) { return Character == u'.' || IsDigit(Character); });
 }

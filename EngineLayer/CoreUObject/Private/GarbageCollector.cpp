@@ -57,9 +57,8 @@ void FGarbageCollector::MarkRoots(EObjectFlags KeepFlags)
 	{
 		UObject* Object = FObjectSlots::Get(Index);
 		// Objects without a class are class records: their library owns them.
-		if (Object != nullptr &&
-		    (Object->bRooted || Object->ClassPrivate == nullptr || Object->HasAnyFlags(RF_ClassDefaultObject) ||
-		     Object->HasAnyFlags(KeepFlags)))
+		if (Object != nullptr && (Object->bRooted || Object->ClassPrivate == nullptr ||
+								  Object->HasAnyFlags(RF_ClassDefaultObject) || Object->HasAnyFlags(KeepFlags)))
 		{
 			AddReferencedObject(Object);
 		}

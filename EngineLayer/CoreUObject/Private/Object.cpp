@@ -13,13 +13,13 @@ thread_local const FObjectInitializer* CurrentInitializer = nullptr;
 } // namespace
 
 FObjectInitializer::FObjectInitializer(void* InStorage, UClass* InClass, UObject* InOuter, FName InName,
-                                       EObjectFlags InFlags)
-    : Storage(InStorage)
-    , Class(InClass)
-    , Outer(InOuter)
-    , Name(InName)
-    , Flags(InFlags)
-    , Previous(CurrentInitializer)
+									   EObjectFlags InFlags)
+	: Storage(InStorage)
+	, Class(InClass)
+	, Outer(InOuter)
+	, Name(InName)
+	, Flags(InFlags)
+	, Previous(CurrentInitializer)
 {
 	CurrentInitializer = this;
 }
@@ -35,16 +35,16 @@ const FObjectInitializer& FObjectInitializer::Get()
 }
 
 UObject::UObject()
-    : UObject(FObjectInitializer::Get())
+	: UObject(FObjectInitializer::Get())
 {
 }
 
 UObject::UObject(const FObjectInitializer& ObjectInitializer)
-    : ClassPrivate(ObjectInitializer.GetClass())
-    , OuterPrivate(ObjectInitializer.GetOuter())
-    , NamePrivate(ObjectInitializer.GetName())
-    , ObjectFlags(ObjectInitializer.GetFlags())
-    , SlotIndex(FObjectSlots::Allocate(this))
+	: ClassPrivate(ObjectInitializer.GetClass())
+	, OuterPrivate(ObjectInitializer.GetOuter())
+	, NamePrivate(ObjectInitializer.GetName())
+	, ObjectFlags(ObjectInitializer.GetFlags())
+	, SlotIndex(FObjectSlots::Allocate(this))
 {
 }
 
@@ -56,10 +56,18 @@ UObject::~UObject()
 UClass* UObject::StaticClass()
 {
 	static UClass* Class = nullptr;
-	static const UECodeGen_Private::FClassParams Params{
-	    "Object",         "UObject", nullptr, CLASS_Native, sizeof(UObject),
-	    alignof(UObject), &InternalConstructor<UObject>,
-	    nullptr,          0,         nullptr, 0,            {}};
+	static const UECodeGen_Private::FClassParams Params{"Object",
+														"UObject",
+														nullptr,
+														CLASS_Native,
+														sizeof(UObject),
+														alignof(UObject),
+														&InternalConstructor<UObject>,
+														nullptr,
+														0,
+														nullptr,
+														0,
+														{}};
 	return UECodeGen_Private::ConstructUClass(Class, Params);
 }
 
@@ -73,7 +81,9 @@ UWorld* UObject::GetWorld() const
 	return OuterPrivate != nullptr ? OuterPrivate->GetWorld() : nullptr;
 }
 
-void UObject::BeginDestroy() {}
+void UObject::BeginDestroy()
+{
+}
 
 bool UObject::ConditionalBeginDestroy()
 {
@@ -91,7 +101,9 @@ UFunction* UObject::FindFunction(FName InName) const
 	return ClassPrivate != nullptr ? ClassPrivate->FindFunctionByName(InName) : nullptr;
 }
 
-void UObject::VisitReferences(FReferenceCollector&) {}
+void UObject::VisitReferences(FReferenceCollector&)
+{
+}
 
 UObject* StaticConstructObject_Internal(UClass* Class, UObject* Outer, FName Name, EObjectFlags Flags)
 {
@@ -122,8 +134,8 @@ UObject* GetTransientPackage()
 {
 	static UObject* const Package = []
 	{
-		UObject* Made =
-		    StaticConstructObject_Internal(UObject::StaticClass(), nullptr, FName(TEXT("/Engine/Transient")), RF_Public);
+		UObject* Made = StaticConstructObject_Internal(UObject::StaticClass(), nullptr,
+													   FName(TEXT("/Engine/Transient")), RF_Public);
 		Made->AddToRoot();
 		return Made;
 	}();

@@ -9,7 +9,7 @@ FTimerManager::FTimer* FTimerManager::Find(FTimerHandle InHandle)
 }
 
 void FTimerManager::SetTimer(FTimerHandle& InOutHandle, const FTimerDelegate& InDelegate, float InRate, bool InbLoop,
-                             float InFirstDelay)
+							 float InFirstDelay)
 {
 	ClearTimer(InOutHandle);
 	if (!(InRate > 0.f))

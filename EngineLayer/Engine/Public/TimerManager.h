@@ -22,12 +22,12 @@ public:
 	 */
 	template <class UserClass>
 	void SetTimer(FTimerHandle& InOutHandle, UserClass* InObj, void (UserClass::*InTimerMethod)(), float InRate,
-	              bool InbLoop = false, float InFirstDelay = -1.f)
+				  bool InbLoop = false, float InFirstDelay = -1.f)
 	{
 		SetTimer(InOutHandle, FTimerDelegate::CreateUObject(InObj, InTimerMethod), InRate, InbLoop, InFirstDelay);
 	}
 	void SetTimer(FTimerHandle& InOutHandle, const FTimerDelegate& InDelegate, float InRate, bool InbLoop,
-	              float InFirstDelay = -1.f);
+				  float InFirstDelay = -1.f);
 
 	/** Ends the handle's timer, if there is one, and invalidates the handle. */
 	void ClearTimer(FTimerHandle& InHandle);

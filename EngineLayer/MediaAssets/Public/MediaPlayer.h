@@ -21,7 +21,7 @@ class ENGINELAYER_API UMediaPlayer : public UObject
 
 public:
 	explicit UMediaPlayer(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 

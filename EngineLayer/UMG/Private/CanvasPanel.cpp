@@ -15,7 +15,7 @@ UCanvasPanelSlot* UCanvasPanel::AddChildToCanvas(UWidget* Content)
 
 FVector2D UCanvasPanel::ComputeDesiredSize()
 {
-	FVector2D Extent;
+	FVector2D Extent = FVector2D::ZeroVector;
 	for (int32 Index = 0; Index < GetChildrenCount(); ++Index)
 	{
 		UWidget* Child = GetChildAt(Index);

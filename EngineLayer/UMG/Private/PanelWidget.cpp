@@ -144,7 +144,7 @@ void UPanelWidget::VisitReferences(FReferenceCollector& Collector)
 
 FVector2D UPanelWidget::ComputeDesiredSize()
 {
-	FVector2D Largest;
+	FVector2D Largest = FVector2D::ZeroVector;
 	for (const TObjectPtr<UPanelSlot>& Each : Slots)
 	{
 		Each->Content->ForceLayoutPrepass();

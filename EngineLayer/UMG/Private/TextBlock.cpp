@@ -8,5 +8,5 @@ IMPLEMENT_LAYER_CLASS(UTextBlock, "TextBlock")
 FVector2D UTextBlock::ComputeDesiredSize()
 {
 	FSlateFontMeasure* Measure = FSlateFontMeasure::Get();
-	return Measure != nullptr ? Measure->Measure(Text.ToString(), Font) : FVector2D();
+	return Measure != nullptr ? Measure->Measure(Text.ToString(), Font) : FVector2D::ZeroVector;
 }

@@ -143,7 +143,7 @@ FVector2D UUserWidget::ComputeDesiredSize()
 {
 	if (RootWidget == nullptr)
 	{
-		return FVector2D();
+		return FVector2D::ZeroVector;
 	}
 	RootWidget->ForceLayoutPrepass();
 	return RootWidget->GetDesiredSize();

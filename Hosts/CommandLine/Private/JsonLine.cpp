@@ -60,7 +60,10 @@ void AppendAscii(std::string& Text, char16_t Unit)
 
 void AppendUtf8(std::string& Text, char32_t CodePoint)
 {
-	const auto Byte = [&Text](char32_t Value) { Text += static_cast<char>(static_cast<unsigned char>(Value)); };
+	const auto Byte = [&Text](char32_t Value)
+	{
+		Text += static_cast<char>(static_cast<unsigned char>(Value));
+	};
 	if (CodePoint < 0x800)
 	{
 		Byte(0xC0 | CodePoint >> 6);
@@ -102,7 +105,7 @@ void AppendString(std::string& Text, const std::u16string& Units)
 		{
 			++Index;
 			AppendUtf8(Text, 0x10000u + (static_cast<char32_t>(Unit - 0xD800) << 10) +
-			                     static_cast<char32_t>(Units[Index] - 0xDC00));
+								 static_cast<char32_t>(Units[Index] - 0xDC00));
 		}
 		else if (IsHighSurrogate(Unit) || IsLowSurrogate(Unit))
 		{
@@ -163,9 +166,9 @@ void FJsonLine::AddFloating(std::string_view Key, T Value)
 	// Whole numbers are written as such; the largest double has 309 digits.
 	std::array<char, 320> Digits{};
 	const std::to_chars_result Result =
-	    Value == std::trunc(Value)
-	        ? std::to_chars(Digits.data(), Digits.data() + Digits.size(), Value, std::chars_format::fixed)
-	        : std::to_chars(Digits.data(), Digits.data() + Digits.size(), Value);
+		Value == std::trunc(Value)
+			? std::to_chars(Digits.data(), Digits.data() + Digits.size(), Value, std::chars_format::fixed)
+			: std::to_chars(Digits.data(), Digits.data() + Digits.size(), Value);
 	Text.append(Digits.data(), Result.ptr);
 }
 

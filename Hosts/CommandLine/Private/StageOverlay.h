@@ -19,7 +19,7 @@ namespace Flitmark
 struct FCanvasView
 {
 	/** Canvas units. */
-	FVector2f CanvasSize;
+	FVector2f CanvasSize = FVector2f::ZeroVector;
 	/** Pixels per canvas unit. */
 	FTextScale Scale;
 

@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <iostream>
 #include <memory>
+#include <unistd.h>
 
 namespace Flitmark
 {
@@ -41,7 +42,7 @@ std::optional<FVector2f> ParseSize(std::string_view Text)
 {
 	const std::size_t Cross = Text.find('x');
 	const std::string_view Halves[] = {Text.substr(0, Cross),
-	                                   Cross == std::string_view::npos ? std::string_view() : Text.substr(Cross + 1)};
+									   Cross == std::string_view::npos ? std::string_view() : Text.substr(Cross + 1)};
 	double Values[2] = {};
 	for (int Index = 0; Index < 2; ++Index)
 	{
@@ -79,6 +80,19 @@ public:
 	/** Empty where none could be made. */
 	std::filesystem::path Path;
 };
+
+/** Whether slots can be kept in the folder, which is made where it is not there. */
+bool CanKeepSlots(const std::filesystem::path& Folder, std::string& Error)
+{
+	std::error_code Code;
+	std::filesystem::create_directories(Folder, Code);
+	if (!std::filesystem::is_directory(Folder) || ::access(Folder.c_str(), R_OK | W_OK | X_OK) != 0)
+	{
+		Error = "--save-dir: " + Folder.string() + ": no folder that can be written to: choose another";
+		return false;
+	}
+	return true;
+}
 
 /** Fills the options from the arguments; false with an error for a file or value that is not understood. */
 bool ReadArguments(const FTraceArguments& Arguments, FTraceOptions& Options, std::string& Error)
@@ -137,7 +151,14 @@ int RunTrace(const FTraceArguments& Arguments)
 		Measure = FTextMeasure::Create({}, Error);
 	}
 	const FTemporaryFolder Temporary;
-	FSaveSlots Slots(Arguments.SaveDir.empty() ? Temporary.Path : std::filesystem::path(Arguments.SaveDir));
+	const std::filesystem::path SaveDir =
+		Arguments.SaveDir.empty() ? Temporary.Path : std::filesystem::path(Arguments.SaveDir);
+	if (!CanKeepSlots(SaveDir, Error))
+	{
+		std::cerr << "flitmark: " << Error << "\n";
+		return ExitWrongUse;
+	}
+	FSaveSlots Slots(SaveDir);
 	ISaveGameSystem::Install(&Slots);
 	Options.Measure = Measure.get();
 	const bool bRan = Measure != nullptr && FTraceRunner(std::move(Options), stdout).Run(Error);
@@ -156,22 +177,22 @@ void AddTraceCommand(CLI::App& App, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FTraceArguments>();
 	CLI::App* Command = App.add_subcommand(
-	    "trace", "Run the overlay without a video or a screen and write what happens, a JSON line an event");
+		"trace", "Run the overlay without a video or a screen and write what happens, a JSON line an event");
 	Command->add_option("COMMENTS", Arguments->Comments, "Comment document (JSON); without it the schedule is empty");
 	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT")->capture_default_str();
 	Command->add_option("--fps", Arguments->Fps, "Frames per second")
-	    ->check(CLI::Range(1, 1000))
-	    ->capture_default_str();
+		->check(CLI::Range(1, 1000))
+		->capture_default_str();
 	Command->add_option("--start", Arguments->Start, "Media time of the first frame, in ticks of 100 ns")
-	    ->check(CLI::NonNegativeNumber);
+		->check(CLI::NonNegativeNumber);
 	Command->add_option("--frames", Arguments->Frames, "How many frames to run (default: until all is over)")
-	    ->check(CLI::NonNegativeNumber);
+		->check(CLI::NonNegativeNumber);
 	Command->add_option("--seed", Arguments->Seed, "Seed of the overlay's two draws")->capture_default_str();
 	Command->add_option("--script", Arguments->Script, "What the host and the viewer do, JSON lines");
 	Command->add_flag("--positions", Arguments->bPositions, "Also write where each comment stands, every frame");
 	Command->add_option("--measure", Arguments->Measure, "How texts are measured")
-	    ->check(CLI::IsMember({"cells", "fonts"}))
-	    ->capture_default_str();
+		->check(CLI::IsMember({"cells", "fonts"}))
+		->capture_default_str();
 	Command->add_option("--save-dir", Arguments->SaveDir, "Folder of the save slots (default: a temporary one)");
 	Command->footer("Example: flitmark trace Samples/demo.json --size 1280x720 --positions > trace.jsonl");
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunTrace(*Arguments); });

@@ -22,9 +22,9 @@ constexpr int64 SecondsPerDay = 86'400;
 } // namespace
 
 FTraceRunner::FTraceRunner(FTraceOptions InOptions, std::FILE* InOutput)
-    : Options(std::move(InOptions))
-    , Output(InOutput)
-    , Base(Options.Start)
+	: Options(std::move(InOptions))
+	, Output(InOutput)
+	, Base(Options.Start)
 {
 }
 
@@ -105,8 +105,7 @@ bool FTraceRunner::RunFrame(int64 LastSecond, bool bEndless)
 	{
 		WritePositions();
 	}
-	const bool bIdle =
-	    GetMediaTime() / TicksPerSecond > LastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
+	const bool bIdle = GetMediaTime() / TicksPerSecond > LastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
 	IdleFrames = bIdle ? IdleFrames + 1 : 0;
 	PlayedFrames += bPlaying ? 1 : 0;
 	return !bEndless || IdleFrames < Options.Fps;
@@ -258,9 +257,9 @@ int64 FTraceRunner::FindLane(const UUI_DanmakuNode& Node) const
 {
 	// Off the position: a comment without height has a place and no lane that lists it.
 	const double FromEdge = Node.GetData().Mode == EDanmakuMode::BOTTOM
-	                            ? static_cast<double>(Stage->GetCanvas().GetCachedGeometry().GetLocalSize().Y) -
-	                                  Node.GetPosition().Y - Node.GetNodeSize().Y
-	                            : Node.GetPosition().Y;
+								? static_cast<double>(Stage->GetCanvas().GetCachedGeometry().GetLocalSize().Y) -
+									  Node.GetPosition().Y - Node.GetNodeSize().Y
+								: Node.GetPosition().Y;
 	return std::llround(FromEdge / UDanmakuTrackManager::TrackHeight);
 }
 

@@ -27,8 +27,8 @@ class FLineReader
 {
 public:
 	FLineReader(const FJsonObject& InObject, const std::filesystem::path& InScript)
-	    : Object(InObject)
-	    , ScriptFolder(InScript.parent_path())
+		: Object(InObject)
+		, ScriptFolder(InScript.parent_path())
 	{
 	}
 
@@ -145,16 +145,16 @@ struct FActionEntry
 void ReadSave(FLineReader& Line, FTraceStep& Step)
 {
 	Step.Action = Line.Choice<ETraceAction>(TEXT("what"), {{u"FontSize", ETraceAction::SaveFontSize},
-	                                                       {u"SpeedScale", ETraceAction::SaveSpeedScale},
-	                                                       {u"bIsOpened", ETraceAction::SaveIsOpened}});
+														   {u"SpeedScale", ETraceAction::SaveSpeedScale},
+														   {u"bIsOpened", ETraceAction::SaveIsOpened}});
 	switch (Step.Action)
 	{
 	case ETraceAction::SaveFontSize:
 		Step.Number = Line.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
 		break;
 	case ETraceAction::SaveSpeedScale:
-		Step.Scale = static_cast<float>(Line.Number(TEXT("value"), -std::numeric_limits<float>::max(),
-		                                            std::numeric_limits<float>::max()));
+		Step.Scale = static_cast<float>(
+			Line.Number(TEXT("value"), -std::numeric_limits<float>::max(), std::numeric_limits<float>::max()));
 		break;
 	case ETraceAction::SaveIsOpened:
 		Step.bFlag = Line.Bool(TEXT("value"));
@@ -169,7 +169,7 @@ void ReadCheck(FLineReader& Line, FTraceStep& Step)
 	Step.Text = Line.Text(TEXT("box"));
 	Step.bFlag = Line.Bool(TEXT("checked"));
 	for (const TCHAR* Box : {TEXT("OpenDanmakuButton"), TEXT("Scroll"), TEXT("Top"), TEXT("Bottom"), TEXT("Small"),
-	                         TEXT("Normal"), TEXT("C_FE0302"), TEXT("C_00CD00"), TEXT("C_4266BE"), TEXT("C_FFFFFF")})
+							 TEXT("Normal"), TEXT("C_FE0302"), TEXT("C_00CD00"), TEXT("C_4266BE"), TEXT("C_FFFFFF")})
 	{
 		if (Step.Text.Equals(Box))
 		{
@@ -194,36 +194,64 @@ const std::map<std::u16string_view, FActionEntry>& GetActions()
 {
 	using enum ETraceAction;
 	static const std::map<std::u16string_view, FActionEntry> Actions{
-	    {u"pause", {Pause, {}}},
-	    {u"resume", {Resume, {}}},
-	    {u"player-pause", {PlayerPause, {}}},
-	    {u"player-resume", {PlayerResume, {}}},
-	    {u"seek", {Seek, [](FLineReader& L, FTraceStep& S) { S.Number = L.WholeNumber(TEXT("to"), 0.0, MaxTicks); }}},
-	    {u"url", {Url, [](FLineReader& L, FTraceStep& S) { S.Text = L.Text(TEXT("url")); }}},
-	    {u"resize", {Resize, ReadResize}},
-	    {u"load", {Load, [](FLineReader& L, FTraceStep& S) { S.Text = L.Document(TEXT("file")); }}},
-	    {u"empty", {Empty, {}}},
-	    {u"type", {Type, [](FLineReader& L, FTraceStep& S) { S.Text = L.Text(TEXT("text")); }}},
-	    {u"commit",
-	     {Commit,
-	      [](FLineReader& L, FTraceStep& S)
-	      {
-		      S.Commit = L.Choice<ETextCommit::Type>(TEXT("how"), {{u"enter", ETextCommit::OnEnter},
-		                                                           {u"focus", ETextCommit::OnUserMovedFocus},
-		                                                           {u"cleared", ETextCommit::OnCleared},
-		                                                           {u"default", ETextCommit::Default}});
-	      }}},
-	    {u"click",
-	     {Click,
-	      [](FLineReader& L, FTraceStep&) { L.Choice<bool>(TEXT("button"), {{u"SendDanmakuButton", true}}); }}},
-	    {u"check", {Check, ReadCheck}},
-	    {u"color", {Color, [](FLineReader& L, FTraceStep& S) { S.Text = L.Text(TEXT("text")); }}},
-	    {u"hover", {Hover, {}}},
-	    {u"unhover", {Unhover, {}}},
-	    {u"enter-panel", {EnterPanel, {}}},
-	    {u"leave-panel", {LeavePanel, {}}},
-	    {u"save", {SaveFontSize, ReadSave}},
-	    {u"report", {Report, {}}},
+		{u"pause", {Pause, {}}},
+		{u"resume", {Resume, {}}},
+		{u"player-pause", {PlayerPause, {}}},
+		{u"player-resume", {PlayerResume, {}}},
+		{u"seek",
+		 {Seek,
+		  [](FLineReader& L, FTraceStep& S)
+		  {
+			  S.Number = L.WholeNumber(TEXT("to"), 0.0, MaxTicks);
+		  }}},
+		{u"url",
+		 {Url,
+		  [](FLineReader& L, FTraceStep& S)
+		  {
+			  S.Text = L.Text(TEXT("url"));
+		  }}},
+		{u"resize", {Resize, ReadResize}},
+		{u"load",
+		 {Load,
+		  [](FLineReader& L, FTraceStep& S)
+		  {
+			  S.Text = L.Document(TEXT("file"));
+		  }}},
+		{u"empty", {Empty, {}}},
+		{u"type",
+		 {Type,
+		  [](FLineReader& L, FTraceStep& S)
+		  {
+			  S.Text = L.Text(TEXT("text"));
+		  }}},
+		{u"commit",
+		 {Commit,
+		  [](FLineReader& L, FTraceStep& S)
+		  {
+			  S.Commit = L.Choice<ETextCommit::Type>(TEXT("how"), {{u"enter", ETextCommit::OnEnter},
+																   {u"focus", ETextCommit::OnUserMovedFocus},
+																   {u"cleared", ETextCommit::OnCleared},
+																   {u"default", ETextCommit::Default}});
+		  }}},
+		{u"click",
+		 {Click,
+		  [](FLineReader& L, FTraceStep&)
+		  {
+			  L.Choice<bool>(TEXT("button"), {{u"SendDanmakuButton", true}});
+		  }}},
+		{u"check", {Check, ReadCheck}},
+		{u"color",
+		 {Color,
+		  [](FLineReader& L, FTraceStep& S)
+		  {
+			  S.Text = L.Text(TEXT("text"));
+		  }}},
+		{u"hover", {Hover, {}}},
+		{u"unhover", {Unhover, {}}},
+		{u"enter-panel", {EnterPanel, {}}},
+		{u"leave-panel", {LeavePanel, {}}},
+		{u"save", {SaveFontSize, ReadSave}},
+		{u"report", {Report, {}}},
 	};
 	return Actions;
 }
@@ -242,8 +270,8 @@ bool ReadLine(FLineReader& Line, FTraceScript& Script)
 	if (Action.Equals(TEXT("set")))
 	{
 		const FName Setting = Line.Choice<FName>(TEXT("what"), {{u"MaxNumOFInputTex", FName(TEXT("MaxNumOFInputTex"))},
-		                                                        {u"SmallFontSize", FName(TEXT("SmallFontSize"))},
-		                                                        {u"NormalFontSize", FName(TEXT("NormalFontSize"))}});
+																{u"SmallFontSize", FName(TEXT("SmallFontSize"))},
+																{u"NormalFontSize", FName(TEXT("NormalFontSize"))}});
 		const int64 Value = Line.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
 		if (Step.Frame != 0)
 		{
@@ -274,7 +302,7 @@ bool IsBlank(std::string_view Line)
 } // namespace
 
 std::optional<FTraceScript> FTraceScript::Parse(std::string_view InBytes, const std::filesystem::path& InName,
-                                                std::string& OutError)
+												std::string& OutError)
 {
 	FTraceScript Script;
 	int64 LineNumber = 0;
@@ -291,7 +319,7 @@ std::optional<FTraceScript> FTraceScript::Parse(std::string_view InBytes, const 
 		const FString Text = FromUtf8(Bytes);
 		TSharedPtr<FJsonValue> Value;
 		if (!FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Value) ||
-		    Value->Type != EJson::Object)
+			Value->Type != EJson::Object)
 		{
 			OutError = Place + "not a JSON object";
 			return std::nullopt;
@@ -310,7 +338,7 @@ std::optional<FTraceScript> FTraceScript::Parse(std::string_view InBytes, const 
 bool IsCanvasSize(double InWidth, double InHeight)
 {
 	return InWidth >= 0.0 && InWidth <= static_cast<double>(std::numeric_limits<float>::max()) && InHeight >= 0.0 &&
-	       InHeight <= MaxCanvasHeight;
+		   InHeight <= MaxCanvasHeight;
 }
 
 } // namespace Flitmark

@@ -50,7 +50,7 @@ struct FTraceStep
 	/** Ticks to seek to, or the whole number to save. */
 	int64 Number = 0;
 	float Scale = 0.f;
-	FVector2f Size;
+	FVector2f Size = FVector2f::ZeroVector;
 	bool bFlag = false;
 	/** A text to type, a URL, a document, or a widget's name. */
 	FString Text;
@@ -70,7 +70,7 @@ struct FTraceScript
 	 * document that it loads cannot be read. InName: the file as the user named it.
 	 */
 	static std::optional<FTraceScript> Parse(std::string_view InBytes, const std::filesystem::path& InName,
-	                                         std::string& OutError);
+											 std::string& OutError);
 };
 
 /** Whether a canvas of that size can be laid out: 0 or more, and no higher than lanes can be counted. */

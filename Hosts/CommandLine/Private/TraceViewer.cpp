@@ -68,7 +68,7 @@ void AddPanel(FJsonLine& Line, const UUI_DanmakuNodeSetting& Panel)
 	Line.Add("swatch", FString(TEXT("#")) + Swatch.ToFColorSRGB().ToHex());
 	Line.BeginArray("checked");
 	for (const TCHAR* Box : {TEXT("Scroll"), TEXT("Top"), TEXT("Bottom"), TEXT("Small"), TEXT("Normal"),
-	                         TEXT("C_FE0302"), TEXT("C_00CD00"), TEXT("C_4266BE"), TEXT("C_FFFFFF")})
+							 TEXT("C_FE0302"), TEXT("C_00CD00"), TEXT("C_4266BE"), TEXT("C_FFFFFF")})
 	{
 		if (FindWidget<UCheckBox>(Panel, Box).IsChecked())
 		{

@@ -17,7 +17,7 @@ bool IsWide(UChar32 CodePoint)
 {
 	const int32 Width = u_getIntPropertyValue(CodePoint, UCHAR_EAST_ASIAN_WIDTH);
 	return Width == U_EA_WIDE || Width == U_EA_FULLWIDTH || (CodePoint >= 0x1F1E6 && CodePoint <= 0x1F1FF) ||
-	       (CodePoint >= 0x1F300 && CodePoint <= 0x1FAFF);
+		   (CodePoint >= 0x1F300 && CodePoint <= 0x1FAFF);
 }
 
 int64 CountHalfCells(UChar32 CodePoint)

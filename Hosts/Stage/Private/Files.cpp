@@ -79,7 +79,8 @@ std::optional<FString> LoadText(const std::filesystem::path& InFile, std::string
 FString FromUtf8(std::string_view InText)
 {
 	FString Result;
-	FFileHelper::BufferToString(Result, reinterpret_cast<const uint8*>(InText.data()), static_cast<int32>(InText.size()));
+	FFileHelper::BufferToString(Result, reinterpret_cast<const uint8*>(InText.data()),
+								static_cast<int32>(InText.size()));
 	return Result;
 }
 

@@ -20,8 +20,9 @@ struct FTranslatedText
 };
 
 constexpr FTranslatedText Texts[] = {
-    {TEXT("UUI_DanmakuBar"), TEXT("ClosedBullet"), TEXT("ClosedBullet"), TEXT("弹幕已关闭"), TEXT("コメントはオフです")},
-    {TEXT("UUI_DanmakuBar"), TEXT("TextNum"), TEXT("{0}/{1}"), TEXT("{0}/{1}"), TEXT("{0}/{1}")},
+	{TEXT("UUI_DanmakuBar"), TEXT("ClosedBullet"), TEXT("ClosedBullet"), TEXT("弹幕已关闭"),
+	 TEXT("コメントはオフです")},
+	{TEXT("UUI_DanmakuBar"), TEXT("TextNum"), TEXT("{0}/{1}"), TEXT("{0}/{1}"), TEXT("{0}/{1}")},
 };
 
 void RegisterTexts()

@@ -3,6 +3,7 @@
 #include "Files.h"
 #include "Kismet/GameplayStatics.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -23,6 +24,14 @@ FFileCalls& GetSystemCalls()
 	return Calls;
 }
 
+TArray<uint8> ToArray(const std::string& Bytes)
+{
+	TArray<uint8> Data;
+	Data.SetNum(static_cast<int32>(Bytes.size()));
+	std::ranges::copy(Bytes, Data.begin());
+	return Data;
+}
+
 /** The class of a record; null for bytes that are none. */
 const UClass* GetRecordClass(const TArray<uint8>& Data)
 {
@@ -37,7 +46,7 @@ std::string ToFileName(const TCHAR* Name)
 	for (char& Character : Result)
 	{
 		const bool bPlain = (Character >= '0' && Character <= '9') || (Character >= 'A' && Character <= 'Z') ||
-		                    (Character >= 'a' && Character <= 'z') || Character == '-' || Character == '_';
+							(Character >= 'a' && Character <= 'z') || Character == '-' || Character == '_';
 		Character = bPlain ? Character : '_';
 	}
 	return Result;
@@ -76,8 +85,8 @@ int FFileCalls::Remove(const char* Path)
 }
 
 FSaveSlots::FSaveSlots(std::filesystem::path InFolder, FFileCalls* InCalls)
-    : Folder(std::move(InFolder))
-    , Calls(InCalls != nullptr ? *InCalls : GetSystemCalls())
+	: Folder(std::move(InFolder))
+	, Calls(InCalls != nullptr ? *InCalls : GetSystemCalls())
 {
 }
 
@@ -111,8 +120,7 @@ bool FSaveSlots::LoadGame(const TCHAR* Name, const int32 UserIndex, TArray<uint8
 	{
 		return false;
 	}
-	Data.SetNum(static_cast<int32>(Bytes->size()));
-	std::memcpy(Data.GetData(), Bytes->data(), Bytes->size());
+	Data = ToArray(*Bytes);
 	return true;
 }
 
@@ -139,13 +147,7 @@ bool FSaveSlots::KeepAside(const std::filesystem::path& File, const TArray<uint8
 	}
 	std::string Unread;
 	const std::optional<std::string> Old = LoadBytes(File, Unread);
-	TArray<uint8> OldData;
-	if (Old)
-	{
-		OldData.SetNum(static_cast<int32>(Old->size()));
-		std::memcpy(OldData.GetData(), Old->data(), Old->size());
-	}
-	const UClass* OldClass = Old ? GetRecordClass(OldData) : nullptr;
+	const UClass* OldClass = Old ? GetRecordClass(ToArray(*Old)) : nullptr;
 	if (OldClass != nullptr && OldClass == GetRecordClass(NewData))
 	{
 		return true;
@@ -175,7 +177,7 @@ bool FSaveSlots::WriteDurably(const std::filesystem::path& File, const TArray<ui
 	bWritten = bWritten && (Calls.Flush(Handle) == 0 || Fail("cannot be flushed", Temporary));
 	const bool bClosed = Calls.Close(Handle) == 0 || Fail("cannot be closed", Temporary);
 	if (!bWritten || !bClosed ||
-	    (Calls.Rename(Temporary.c_str(), File.c_str()) != 0 && !Fail("cannot be put in place", File)))
+		(Calls.Rename(Temporary.c_str(), File.c_str()) != 0 && !Fail("cannot be put in place", File)))
 	{
 		Calls.Remove(Temporary.c_str());
 		return false;

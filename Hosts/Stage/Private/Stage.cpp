@@ -59,8 +59,8 @@ std::unique_ptr<FStage> FStage::Create(const FStageOptions& InOptions, std::stri
 }
 
 FStage::FStage(const FStageOptions& InOptions)
-    : Blueprints(std::make_unique<FStageBlueprints>())
-    , CanvasSize(InOptions.CanvasSize)
+	: Blueprints(std::make_unique<FStageBlueprints>())
+	, CanvasSize(InOptions.CanvasSize)
 {
 	FSlateFontMeasure::Install(InOptions.Measure);
 }
@@ -161,9 +161,11 @@ FTrackCounts FStage::GetTrackCounts() const
 		return {};
 	}
 	const auto Count = [Manager](const TCHAR* Name)
-	{ return static_cast<int32>(Manager->GetClass()->FindPropertyByName(Name)->GetObjectArray(Manager).size()); };
+	{
+		return static_cast<int32>(Manager->GetClass()->FindPropertyByName(Name)->GetObjectArray(Manager).size());
+	};
 	return {Count(TEXT("ScrollTracks")), Count(TEXT("TopTracks")), Count(TEXT("BottomTracks")),
-	        Count(TEXT("ReverseTracks"))};
+			Count(TEXT("ReverseTracks"))};
 }
 
 bool FStage::IsViewerComment(const UUI_DanmakuNode& Node) const

@@ -25,15 +25,15 @@ std::unique_ptr<UWidgetBlueprintGeneratedClass> BuildComment(const TCHAR* Name, 
 {
 	// The text block alone: a comment is measured by its text, and cheap to make.
 	return FWidgetBlueprintBuilder(Name, UUI_DanmakuNode::StaticClass())
-	    .Add(UTextBlock::StaticClass(), TEXT("NodeContentText"), NAME_None,
-	         [](UWidget& Widget)
-	         {
-		         UTextBlock& Text = static_cast<UTextBlock&>(Widget);
-		         FSlateFontInfo Font = Text.GetFont();
-		         Font.OutlineSettings.OutlineSize = OutlineSize;
-		         Text.SetFont(Font);
-	         })
-	    .Build(OutError);
+		.Add(UTextBlock::StaticClass(), TEXT("NodeContentText"), NAME_None,
+			 [](UWidget& Widget)
+			 {
+				 UTextBlock& Text = static_cast<UTextBlock&>(Widget);
+				 FSlateFontInfo Font = Text.GetFont();
+				 Font.OutlineSettings.OutlineSize = OutlineSize;
+				 Text.SetFont(Font);
+			 })
+		.Build(OutError);
 }
 
 std::unique_ptr<UWidgetBlueprintGeneratedClass> BuildBar(std::string& OutError)
@@ -41,7 +41,7 @@ std::unique_ptr<UWidgetBlueprintGeneratedClass> BuildBar(std::string& OutError)
 	FWidgetBlueprintBuilder Builder(TEXT("WBP_DanmakuBar"), UUI_DanmakuBar::StaticClass());
 	Builder.Add(UWrapBox::StaticClass(), TEXT("Controls"));
 	Builder.Add(UCheckBox::StaticClass(), TEXT("OpenDanmakuButton"), TEXT("Controls"),
-	            [](UWidget& Widget) { static_cast<UCheckBox&>(Widget).SetIsChecked(true); });
+				[](UWidget& Widget) { static_cast<UCheckBox&>(Widget).SetIsChecked(true); });
 	Builder.Add(UButton::StaticClass(), TEXT("DanmakuNodeSettingButton"), TEXT("Controls"));
 	Builder.Add(UEditableText::StaticClass(), TEXT("InputDanmakuText"), TEXT("Controls"));
 	Builder.Add(UTextBlock::StaticClass(), TEXT("TextNum"), TEXT("Controls"));
@@ -74,12 +74,12 @@ std::unique_ptr<UWidgetBlueprintGeneratedClass> BuildPanel(std::string& OutError
 bool FStageBlueprints::Build(std::string& OutError)
 {
 	Screen = FWidgetBlueprintBuilder(TEXT("WBP_Screen"), UUserWidget::StaticClass())
-	             .Add(UCanvasPanel::StaticClass(), TEXT("Screen"))
-	             .Build(OutError);
+				 .Add(UCanvasPanel::StaticClass(), TEXT("Screen"))
+				 .Build(OutError);
 	Overlay = Screen ? FWidgetBlueprintBuilder(TEXT("WBP_Danmaku"), UUI_Danmaku::StaticClass())
-	                       .Add(UCanvasPanel::StaticClass(), TEXT("DanmakuCanvasPanel"))
-	                       .Build(OutError)
-	                 : nullptr;
+						   .Add(UCanvasPanel::StaticClass(), TEXT("DanmakuCanvasPanel"))
+						   .Build(OutError)
+					 : nullptr;
 	Comment = Overlay ? BuildComment(TEXT("WBP_DanmakuNode"), OutError) : nullptr;
 	ViewerComment = Comment ? BuildComment(TEXT("WBP_DanmakuNodeUser"), OutError) : nullptr;
 	Bar = ViewerComment ? BuildBar(OutError) : nullptr;

@@ -35,7 +35,7 @@ struct FStageSetting
 struct FStageOptions
 {
 	/** The canvas in canvas units; at 0 x 0 the overlay is not laid out. */
-	FVector2f CanvasSize;
+	FVector2f CanvasSize = FVector2f::ZeroVector;
 
 	/** For the C runtime's generator, from which the overlay draws. */
 	uint32 Seed = 1;
@@ -56,8 +56,8 @@ struct FPaintComment
 	const UTextBlock* Text = nullptr;
 
 	/** Top-left corner and size in canvas units. */
-	FVector2D Position;
-	FVector2D Size;
+	FVector2D Position = FVector2D::ZeroVector;
+	FVector2D Size = FVector2D::ZeroVector;
 };
 
 /** How many lanes each group has. */

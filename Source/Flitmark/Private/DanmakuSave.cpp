@@ -74,7 +74,7 @@ UDanmakuSave* UDanmakuSave::ReadOrMakeRecord()
 UDanmakuSave* UDanmakuSave::MakeRecord()
 {
 	UDanmakuSave* Record =
-	    CastChecked<UDanmakuSave>(UGameplayStatics::CreateSaveGameObject(UDanmakuSave::StaticClass()));
+		CastChecked<UDanmakuSave>(UGameplayStatics::CreateSaveGameObject(UDanmakuSave::StaticClass()));
 	Record->FontSize = 24;
 	Record->SpeedScale = 1.f;
 	Record->bIsOpened = true;

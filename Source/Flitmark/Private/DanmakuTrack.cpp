@@ -133,4 +133,6 @@ void UDanmakuTrack::OnNodeEnded(UUI_DanmakuNode* Node)
 	RemoveNode(Node);
 }
 
-void UDanmakuTrack::OnTick() {}
+void UDanmakuTrack::OnTick()
+{
+}

@@ -47,12 +47,12 @@ int32 DrawStartIndex(int32 TrackNum, int32 TrackCount)
 } // namespace
 
 UDanmakuTrackManager::UDanmakuTrackManager(const FObjectInitializer& ObjectInitializer)
-    : Super(ObjectInitializer)
+	: Super(ObjectInitializer)
 {
 }
 
 void UDanmakuTrackManager::Init(UCanvasPanel* InCanvasPanel, TSubclassOf<UUI_DanmakuNode> InNodeClass,
-                                TSubclassOf<UUI_DanmakuNode> InNodeUserClass)
+								TSubclassOf<UUI_DanmakuNode> InNodeUserClass)
 {
 	CanvasPanel = InCanvasPanel;
 	NodeClass = InNodeClass;
@@ -148,7 +148,9 @@ void UDanmakuTrackManager::Empty()
 	}
 }
 
-void UDanmakuTrackManager::Replay() {}
+void UDanmakuTrackManager::Replay()
+{
+}
 
 void UDanmakuTrackManager::BeginDestroy()
 {
@@ -232,12 +234,12 @@ bool UDanmakuTrackManager::AddNodeToBottomTracks(UUI_DanmakuNode* Node, int32 St
 	const double Middle = CanvasPanel->GetCachedGeometry().GetLocalSize().X * 0.5f;
 	const double CanvasHeight = CanvasPanel->GetCachedGeometry().GetLocalSize().Y;
 	FinishPlacement(Node, FVector2D(Middle - Node->GetNodeSize().X * 0.5,
-	                                CanvasHeight - StartIndex * TrackHeight - Node->GetNodeSize().Y));
+									CanvasHeight - StartIndex * TrackHeight - Node->GetNodeSize().Y));
 	return true;
 }
 
 bool UDanmakuTrackManager::AddNodeToTracks(const TArray<TObjectPtr<UDanmakuTrack>>& Tracks, UUI_DanmakuNode* Node,
-                                           int32 StartIndex, int32 TrackCount) const
+										   int32 StartIndex, int32 TrackCount) const
 {
 	// The sum is made so that a comment of absurd height cannot overflow it.
 	if (TrackCount > Tracks.Num() - StartIndex)
@@ -296,7 +298,7 @@ void UDanmakuTrackManager::AddNodeToGroup(UUI_DanmakuNode* Node, int32 StartInde
 }
 
 bool UDanmakuTrackManager::AddNodeToFirstFree(UUI_DanmakuNode* Node, const TArray<TObjectPtr<UDanmakuTrack>>& Tracks,
-                                              int32 TrackCount)
+											  int32 TrackCount)
 {
 	for (int32 Index = 0; Index < Tracks.Num(); ++Index)
 	{
@@ -336,6 +338,10 @@ void UDanmakuTrackManager::OnDanmakuNodeUserStarted(UUI_DanmakuNode* DanmakuNode
 	}
 }
 
-void UDanmakuTrackManager::OnDanmakuNodeEnded(UUI_DanmakuNode*) {}
+void UDanmakuTrackManager::OnDanmakuNodeEnded(UUI_DanmakuNode*)
+{
+}
 
-void UDanmakuTrackManager::OnDanmakuNodeCanceled(UUI_DanmakuNode*) {}
+void UDanmakuTrackManager::OnDanmakuNodeCanceled(UUI_DanmakuNode*)
+{
+}

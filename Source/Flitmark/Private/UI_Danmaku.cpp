@@ -53,7 +53,7 @@ FTimespan ToLookupKey(const FTimespan& MediaTime)
 } // namespace
 
 void UUI_Danmaku::Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuBar* InDanmakuBar,
-                       UUI_DanmakuNodeSetting* InDanmakuNodeSetting)
+					   UUI_DanmakuNodeSetting* InDanmakuNodeSetting)
 {
 	if (DanmakuBar)
 	{
@@ -202,7 +202,7 @@ bool UUI_Danmaku::HasLiveTrackManager() const
 }
 
 void UUI_Danmaku::OnDanmakuSend(const FString&, const int64& InTime, const FString& InContent,
-                                const EDanmakuMode& InMode, const int32& InFontSize, const FString& InFontColor)
+								const EDanmakuMode& InMode, const int32& InFontSize, const FString& InFontColor)
 {
 	// Before the first laid-out frame there is nothing to show the comment on, and after the overlay's end nobody to.
 	if (!HasLiveTrackManager())

@@ -91,8 +91,8 @@ void UUI_DanmakuBar::EmptyInputText()
 
 void UUI_DanmakuBar::SetCounter(int32 Count)
 {
-	TextNum->SetText(FText::Format(LOCTEXT("TextNum", "{0}/{1}"), FText::AsNumber(Count),
-	                               FText::AsNumber(MaxNumOFInputTex)));
+	TextNum->SetText(
+		FText::Format(LOCTEXT("TextNum", "{0}/{1}"), FText::AsNumber(Count), FText::AsNumber(MaxNumOFInputTex)));
 }
 
 void UUI_DanmakuBar::OnInputTextChanged(const FText& Text)

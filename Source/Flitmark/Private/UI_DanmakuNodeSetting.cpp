@@ -19,7 +19,7 @@ constexpr int32 MaxColorDigits = 6;
 constexpr bool IsHexDigit(TCHAR Character)
 {
 	return (Character >= TEXT('0') && Character <= TEXT('9')) || (Character >= TEXT('A') && Character <= TEXT('F')) ||
-	       (Character >= TEXT('a') && Character <= TEXT('f'));
+		   (Character >= TEXT('a') && Character <= TEXT('f'));
 }
 
 /** The first hexadecimal digits of a text, six at most. */
@@ -80,11 +80,11 @@ void UUI_DanmakuNodeSetting::SetHidden()
 	{
 		// The timer holds the panel weakly: a hide never reaches one that is gone.
 		const FTimerDelegate Hide = FTimerDelegate::CreateWeakLambda(this,
-		                                                             [this]
-		                                                             {
-			                                                             SetVisibility(ESlateVisibility::Hidden);
-			                                                             CancelHide();
-		                                                             });
+																	 [this]
+																	 {
+																		 SetVisibility(ESlateVisibility::Hidden);
+																		 CancelHide();
+																	 });
 		World->GetTimerManager().SetTimer(HideTimerHandle, Hide, HideDelay, false);
 	}
 }

@@ -28,7 +28,7 @@ public:
 
 	/** Takes the canvas and makes its lanes; once. Classes: for comments of the schedule, and for the viewer's own. */
 	void Init(UCanvasPanel* InCanvasPanel, TSubclassOf<UUI_DanmakuNode> InNodeClass,
-	          TSubclassOf<UUI_DanmakuNode> InNodeUserClass);
+			  TSubclassOf<UUI_DanmakuNode> InNodeUserClass);
 
 	/** Shows a comment of the schedule if a lane is free; while paused nothing happens. */
 	void SpawnDanmakuNode(const FDanmakuData& InDanmakuData);
@@ -73,7 +73,7 @@ private:
 	bool AddNodeToTopTracks(UUI_DanmakuNode* Node, int32 StartIndex, int32 TrackCount);
 	bool AddNodeToBottomTracks(UUI_DanmakuNode* Node, int32 StartIndex, int32 TrackCount);
 	bool AddNodeToTracks(const TArray<TObjectPtr<UDanmakuTrack>>& Tracks, UUI_DanmakuNode* Node, int32 StartIndex,
-	                     int32 TrackCount) const;
+						 int32 TrackCount) const;
 	void FinishPlacement(UUI_DanmakuNode* Node, const FVector2D& Position) const;
 
 	/** The lanes that serve the comment's mode; null for a mode that is not served. */

@@ -64,9 +64,12 @@ private:
 	/** The bar's send event: shows the viewer's comment at once and files it. Ignored without a track manager. */
 	UFUNCTION()
 	void OnDanmakuSend(const FString& InURL, const int64& InTime, const FString& InContent, const EDanmakuMode& InMode,
-	                   const int32& InFontSize, const FString& InFontColor);
+					   const int32& InFontSize, const FString& InFontColor);
 
-	/** The bar's check box: opens or closes the lanes (if there are any yet) and the bar. */
+	/**
+	 * The bar's check box: opens or closes the lanes and the bar. Before the first laid-out frame there are no lanes yet:
+	 * only the bar follows, and the lanes start open.
+	 */
 	UFUNCTION()
 	void OnOpenDanmakuButtonClicked(bool bIsChecked);
 

@@ -16,8 +16,8 @@ class UUI_DanmakuNodeSetting;
 
 /** A comment is sent; SpawnTime: media time in ticks of 100 ns, FontSize: points, FontColor: "#RRGGBBAA". */
 DECLARE_DYNAMIC_MULTICAST_DELEGATE_SixParams(FOnSendDanmakuSignature, const FString&, VideoURL, const int64&, SpawnTime,
-                                             const FString&, Content, const EDanmakuMode&, Mode, const int32&, FontSize,
-                                             const FString&, FontColor);
+											 const FString&, Content, const EDanmakuMode&, Mode, const int32&, FontSize,
+											 const FString&, FontColor);
 
 /**
  * The strip of controls in which the viewer writes a comment, sends it, opens the style panel, and switches the overlay

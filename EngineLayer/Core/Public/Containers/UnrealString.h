@@ -21,7 +21,7 @@ class ENGINELAYER_API FStringView : public std::u16string_view
 public:
 	using std::u16string_view::u16string_view;
 	constexpr FStringView(std::u16string_view InView)
-	    : std::u16string_view(InView)
+		: std::u16string_view(InView)
 	{
 	}
 
@@ -40,15 +40,15 @@ class ENGINELAYER_API FString
 public:
 	FString() = default;
 	FString(const TCHAR* InText)
-	    : Data(InText != nullptr ? InText : u"")
+		: Data(InText != nullptr ? InText : u"")
 	{
 	}
 	explicit FString(FStringView InText)
-	    : Data(InText)
+		: Data(InText)
 	{
 	}
 	explicit FString(std::u16string InText)
-	    : Data(std::move(InText))
+		: Data(std::move(InText))
 	{
 	}
 
@@ -56,7 +56,7 @@ public:
 	FString& operator=(const FString&) = default;
 	/** Leaves an empty string behind. */
 	FString(FString&& Other) noexcept
-	    : Data(std::move(Other.Data))
+		: Data(std::move(Other.Data))
 	{
 		Other.Data.clear();
 	}

@@ -16,7 +16,7 @@ class FDelegateHandle
 public:
 	FDelegateHandle() = default;
 	explicit FDelegateHandle(uint64 InId)
-	    : Id(InId)
+		: Id(InId)
 	{
 	}
 	bool IsValid() const { return Id != 0; }

@@ -12,7 +12,7 @@ class TSharedPtr : public std::shared_ptr<ObjectType>
 public:
 	using std::shared_ptr<ObjectType>::shared_ptr;
 	TSharedPtr(std::shared_ptr<ObjectType> InPointer)
-	    : std::shared_ptr<ObjectType>(std::move(InPointer))
+		: std::shared_ptr<ObjectType>(std::move(InPointer))
 	{
 	}
 
@@ -27,7 +27,7 @@ class TSharedRef : public TSharedPtr<ObjectType>
 {
 public:
 	explicit TSharedRef(std::shared_ptr<ObjectType> InPointer)
-	    : TSharedPtr<ObjectType>(std::move(InPointer))
+		: TSharedPtr<ObjectType>(std::move(InPointer))
 	{
 	}
 };

@@ -15,8 +15,8 @@ public:
 	explicit FName(FStringView InText);
 	/** Base's text with "_Number" behind it. */
 	constexpr FName(FName InBase, int32 InNumber)
-	    : Index(InBase.Index)
-	    , Number(InNumber + 1)
+		: Index(InBase.Index)
+		, Number(InNumber + 1)
 	{
 	}
 
@@ -26,15 +26,18 @@ public:
 	FName GetPlainName() const { return FName(Index, 0, FInternal()); }
 
 	friend constexpr bool operator==(FName A, FName B) { return A.Index == B.Index && A.Number == B.Number; }
-	friend uint32 GetTypeHash(FName Name) { return static_cast<uint32>(Name.Index) * 31u + static_cast<uint32>(Name.Number); }
+	friend uint32 GetTypeHash(FName Name)
+	{
+		return static_cast<uint32>(Name.Index) * 31u + static_cast<uint32>(Name.Number);
+	}
 
 private:
 	struct FInternal
 	{
 	};
 	constexpr FName(int32 InIndex, int32 InNumber, FInternal)
-	    : Index(InIndex)
-	    , Number(InNumber)
+		: Index(InIndex)
+		, Number(InNumber)
 	{
 	}
 

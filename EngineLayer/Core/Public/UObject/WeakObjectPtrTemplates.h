@@ -45,7 +45,7 @@ class TWeakObjectPtr : public FWeakObjectPtr
 public:
 	TWeakObjectPtr() = default;
 	TWeakObjectPtr(const T* Object)
-	    : FWeakObjectPtr(Object)
+		: FWeakObjectPtr(Object)
 	{
 	}
 

@@ -9,13 +9,12 @@ class TSubclassOf
 public:
 	TSubclassOf() = default;
 	TSubclassOf(UClass* InClass)
-	    : Class(InClass)
+		: Class(InClass)
 	{
 	}
 	template <class OtherType>
-	    requires std::is_convertible_v<OtherType*, T*>
-	TSubclassOf(const TSubclassOf<OtherType>& Other)
-	    : Class(*Other)
+	requires std::is_convertible_v<OtherType*, T*> TSubclassOf(const TSubclassOf<OtherType>& Other)
+		: Class(*Other)
 	{
 	}
 

@@ -236,10 +236,18 @@ ENGINELAYER_API UClass* FindClassByName(std::string_view InCppName);
 	UClass* TClass::StaticClass()                                                                                      \
 	{                                                                                                                  \
 		static UClass* Class = nullptr;                                                                                \
-		static const UECodeGen_Private::FClassParams Params{                                                           \
-		    InName,          #TClass, &TClass::Super::StaticClass, CLASS_Native | (InFlags), sizeof(TClass),           \
-		    alignof(TClass), &InternalConstructor<TClass>,                                                             \
-		    nullptr,         0,       nullptr,                     0,                        {}};                      \
+		static const UECodeGen_Private::FClassParams Params{InName,                                                    \
+															#TClass,                                                   \
+															&TClass::Super::StaticClass,                               \
+															CLASS_Native | (InFlags),                                  \
+															sizeof(TClass),                                            \
+															alignof(TClass),                                           \
+															&InternalConstructor<TClass>,                              \
+															nullptr,                                                   \
+															0,                                                         \
+															nullptr,                                                   \
+															0,                                                         \
+															{}};                                                       \
 		return UECodeGen_Private::ConstructUClass(Class, Params);                                                      \
 	}
 #define IMPLEMENT_LAYER_CLASS(TClass, InName) IMPLEMENT_LAYER_CLASS_FLAGS(TClass, InName, CLASS_None)

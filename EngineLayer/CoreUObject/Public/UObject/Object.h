@@ -14,7 +14,10 @@ public:                                                                         
 	typedef TSuper Super;                                                                                              \
 	typedef TClass ThisClass;                                                                                          \
 	static UClass* StaticClass();                                                                                      \
-	static void __DefaultConstructor(const FObjectInitializer& X) { new (X.GetObj()) TClass(X); }                      \
+	static void __DefaultConstructor(const FObjectInitializer& X)                                                      \
+	{                                                                                                                  \
+		new (X.GetObj()) TClass(X);                                                                                    \
+	}                                                                                                                  \
                                                                                                                        \
 private:
 

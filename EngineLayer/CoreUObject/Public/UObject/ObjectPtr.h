@@ -13,13 +13,12 @@ public:
 	TObjectPtr() = default;
 	TObjectPtr(std::nullptr_t) {}
 	TObjectPtr(T* InObject)
-	    : Object(InObject)
+		: Object(InObject)
 	{
 	}
 	template <class OtherType>
-	    requires std::is_convertible_v<OtherType*, T*>
-	TObjectPtr(const TObjectPtr<OtherType>& Other)
-	    : Object(Other.Get())
+	requires std::is_convertible_v<OtherType*, T*> TObjectPtr(const TObjectPtr<OtherType>& Other)
+		: Object(Other.Get())
 	{
 	}
 

@@ -9,7 +9,7 @@ class FFrame
 {
 public:
 	explicit FFrame(const void* const* InParameters)
-	    : Next(InParameters)
+		: Next(InParameters)
 	{
 	}
 

@@ -66,7 +66,7 @@ public:
 	void Broadcast(ParameterTypes... Parameters) const
 	{
 		const void* Values[sizeof...(ParameterTypes) + 1] = {static_cast<const void*>(std::addressof(Parameters))...,
-		                                                     nullptr};
+															 nullptr};
 		ProcessMulticastDelegate(Values);
 	}
 

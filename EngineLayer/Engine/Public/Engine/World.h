@@ -10,7 +10,7 @@ class ENGINELAYER_API UWorld : public UObject
 
 public:
 	explicit UWorld(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 

@@ -12,7 +12,7 @@ class ENGINELAYER_API UUserWidget : public UWidget
 
 public:
 	explicit UUserWidget(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 
@@ -64,7 +64,7 @@ private:
 /** Makes a user widget of InClass; the owner is a widget or a world. */
 template <class WidgetT, class OwnerType>
 WidgetT* CreateWidget(OwnerType* InOwner, TSubclassOf<UUserWidget> InClass = WidgetT::StaticClass(),
-                      FName InName = NAME_None)
+					  FName InName = NAME_None)
 {
 	return InOwner != nullptr ? Cast<WidgetT>(UUserWidget::CreateWidgetInstance(*InOwner, InClass, InName)) : nullptr;
 }

@@ -10,7 +10,7 @@ class ENGINELAYER_API UCanvasPanel : public UPanelWidget
 
 public:
 	explicit UCanvasPanel(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 

@@ -9,7 +9,7 @@ class ENGINELAYER_API UCanvasPanelSlot : public UPanelSlot
 
 public:
 	explicit UCanvasPanelSlot(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 
@@ -22,6 +22,6 @@ public:
 	bool GetAutoSize() const { return bAutoSize; }
 
 private:
-	FVector2D Position;
+	FVector2D Position = FVector2D::ZeroVector;
 	bool bAutoSize = false;
 };

@@ -9,7 +9,7 @@ class ENGINELAYER_API UPanelSlot : public UVisual
 
 public:
 	explicit UPanelSlot(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 
@@ -31,7 +31,7 @@ class ENGINELAYER_API UPanelWidget : public UWidget
 
 public:
 	explicit UPanelWidget(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 

@@ -11,7 +11,7 @@ class ENGINELAYER_API UTextBlock : public UWidget
 
 public:
 	explicit UTextBlock(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 

@@ -14,7 +14,7 @@ class ENGINELAYER_API UVisual : public UObject
 
 public:
 	explicit UVisual(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 };
@@ -26,7 +26,7 @@ class ENGINELAYER_API UWidget : public UVisual
 
 public:
 	explicit UWidget(const FObjectInitializer& ObjectInitializer)
-	    : Super(ObjectInitializer)
+		: Super(ObjectInitializer)
 	{
 	}
 
@@ -86,11 +86,11 @@ public:
 	void VisitReferences(FReferenceCollector& Collector) override;
 
 protected:
-	virtual FVector2D ComputeDesiredSize() { return FVector2D(); }
+	virtual FVector2D ComputeDesiredSize() { return FVector2D::ZeroVector; }
 
 private:
 	FGeometry CachedGeometry;
-	FVector2D DesiredSize;
+	FVector2D DesiredSize = FVector2D::ZeroVector;
 	ESlateVisibility Visibility = ESlateVisibility::Visible;
 	bool bIsEnabled = true;
 	bool bIsConstructed = false;

@@ -8,5 +8,5 @@ struct FGeometry
 	/** Slate units. */
 	const FVector2f& GetLocalSize() const { return Size; }
 
-	FVector2f Size;
+	FVector2f Size = FVector2f::ZeroVector;
 };

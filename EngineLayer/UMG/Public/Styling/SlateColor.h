@@ -7,7 +7,7 @@ struct FSlateColor
 {
 	FSlateColor() = default;
 	FSlateColor(const FLinearColor& InColor)
-	    : Color(InColor)
+		: Color(InColor)
 	{
 	}
 
