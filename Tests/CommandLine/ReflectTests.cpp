@@ -1,0 +1,40 @@
+#include "ProgramKit.h"
+
+#include <gtest/gtest.h>
+
+namespace Flitmark::Testing
+{
+
+/**
+ * The contract with widget blueprints and stored records: whoever changes it on purpose writes the list anew with
+ * `flitmark reflect > Tests/CommandLine/Golden/reflect.txt` and tells users in the change log.
+ */
+TEST(FReflect, ListsWhatBlueprintsRelyOn)
+{
+	const FProgramResult Result = FProgram({"reflect"}).Wait();
+	EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
+	EXPECT_EQ(Result.Out, ReadFile(REFLECT_GOLDEN));
+}
+
+TEST(FReflect, SaysItToProgramsToo)
+{
+	const FProgramResult Result = FProgram({"reflect", "--json"}).Wait();
+	EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
+	for (const char* Part :
+	     {"\"package\":\"/Script/Flitmark\"",
+	      "{\"name\":\"DanmakuCanvasPanel\",\"type\":\"TObjectPtr<UCanvasPanel>\",\"kind\":\"bound widget\"",
+	      "\"name\":\"SmallFontSize\",\"type\":\"int32\",\"kind\":\"editable anywhere\",\"category\":\"Setting\",\"default\":18",
+	      "{\"name\":\"EDanmakuMode::REVERSE\",\"value\":3}"})
+	{
+		EXPECT_NE(Result.Out.find(Part), std::string::npos) << Part;
+	}
+}
+
+TEST(FReflect, FailsWhereNobodyListens)
+{
+	const FProgramResult Result = FProgram({"reflect"}, "/dev/full").Wait();
+	EXPECT_EQ(Result.ExitCode, 1);
+	EXPECT_NE(Result.Error.find("cannot be written"), std::string::npos) << Result.Error;
+}
+
+} // namespace Flitmark::Testing
