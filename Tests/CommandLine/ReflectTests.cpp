@@ -21,10 +21,11 @@ TEST(FReflect, SaysItToProgramsToo)
 	const FProgramResult Result = FProgram({"reflect", "--json"}).Wait();
 	EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
 	for (const char* Part :
-	     {"\"package\":\"/Script/Flitmark\"",
-	      "{\"name\":\"DanmakuCanvasPanel\",\"type\":\"TObjectPtr<UCanvasPanel>\",\"kind\":\"bound widget\"",
-	      "\"name\":\"SmallFontSize\",\"type\":\"int32\",\"kind\":\"editable anywhere\",\"category\":\"Setting\",\"default\":18",
-	      "{\"name\":\"EDanmakuMode::REVERSE\",\"value\":3}"})
+		 {"\"package\":\"/Script/Flitmark\"",
+		  "{\"name\":\"DanmakuCanvasPanel\",\"type\":\"TObjectPtr<UCanvasPanel>\",\"kind\":\"bound widget\"",
+		  "\"name\":\"SmallFontSize\",\"type\":\"int32\",\"kind\":\"editable "
+		  "anywhere\",\"category\":\"Setting\",\"default\":18",
+		  "{\"name\":\"EDanmakuMode::REVERSE\",\"value\":3}"})
 	{
 		EXPECT_NE(Result.Out.find(Part), std::string::npos) << Part;
 	}

@@ -213,6 +213,13 @@ Examples:
   flitmark check comments.json
   flitmark check comments.json --json | jq '.findings[] | select(.seen | not)')";
 
+/** A canvas that something can be seen on. */
+std::optional<FVector2f> ParseShownSize(std::string_view InText)
+{
+	const std::optional<FVector2f> Size = ParseCanvasSize(InText);
+	return Size && Size->X > 0.f && Size->Y > 0.f ? Size : std::nullopt;
+}
+
 } // namespace
 
 void AddCheckCommand(CLI::App& App, int& OutExitCode)
@@ -223,7 +230,7 @@ void AddCheckCommand(CLI::App& App, int& OutExitCode)
 	Command->add_option("COMMENTS", Arguments->Comments, "Comment document (JSON)")->required();
 	Command->add_flag("--json", Arguments->bJson, "Print one JSON object, for programs");
 	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT; decides which sizes fit")
-		->check(MakeCheck(&ParseCanvasSize, "is no size such as 1920x1080"))
+		->check(MakeCheck(&ParseShownSize, "is no size such as 1920x1080"))
 		->capture_default_str();
 	Command->footer(Footer);
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunCheck(*Arguments); });

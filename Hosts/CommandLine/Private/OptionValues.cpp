@@ -75,7 +75,7 @@ std::optional<FVector2f> ParseCanvasSize(std::string_view InText)
 	}
 	const std::optional<double> Width = ParseNumber(InText.substr(0, Cross));
 	const std::optional<double> Height = ParseNumber(InText.substr(Cross + 1));
-	if (!Width || !Height || *Width <= 0.0 || *Height <= 0.0 || !IsCanvasSize(*Width, *Height))
+	if (!Width || !Height || !IsCanvasSize(*Width, *Height))
 	{
 		return std::nullopt;
 	}

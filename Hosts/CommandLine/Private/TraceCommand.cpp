@@ -3,13 +3,13 @@
 #include "CellMeasure.h"
 #include "ExitCodes.h"
 #include "Files.h"
+#include "OptionValues.h"
 #include "SaveSlots.h"
 #include "TextMeasure.h"
 #include "TraceRunner.h"
 
 #include <CLI/CLI.hpp>
 
-#include <charconv>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -36,29 +36,6 @@ struct FTraceArguments
 	std::string Measure = "cells";
 	std::string SaveDir;
 };
-
-/** "1920x1080", each 0 or more, also with a fraction. */
-std::optional<FVector2f> ParseSize(std::string_view Text)
-{
-	const std::size_t Cross = Text.find('x');
-	const std::string_view Halves[] = {Text.substr(0, Cross),
-									   Cross == std::string_view::npos ? std::string_view() : Text.substr(Cross + 1)};
-	double Values[2] = {};
-	for (int Index = 0; Index < 2; ++Index)
-	{
-		const std::string_view Half = Halves[Index];
-		const std::from_chars_result Result = std::from_chars(Half.data(), Half.data() + Half.size(), Values[Index]);
-		if (Half.empty() || Result.ec != std::errc() || Result.ptr != Half.data() + Half.size())
-		{
-			return std::nullopt;
-		}
-	}
-	if (!IsCanvasSize(Values[0], Values[1]))
-	{
-		return std::nullopt;
-	}
-	return FVector2f(static_cast<float>(Values[0]), static_cast<float>(Values[1]));
-}
 
 /** A folder of one's own that goes away with its owner. */
 class FTemporaryFolder
@@ -97,7 +74,7 @@ bool CanKeepSlots(const std::filesystem::path& Folder, std::string& Error)
 /** Fills the options from the arguments; false with an error for a file or value that is not understood. */
 bool ReadArguments(const FTraceArguments& Arguments, FTraceOptions& Options, std::string& Error)
 {
-	const std::optional<FVector2f> Size = ParseSize(Arguments.Size);
+	const std::optional<FVector2f> Size = ParseCanvasSize(Arguments.Size);
 	if (!Size)
 	{
 		Error = "flitmark: --size: \"" + Arguments.Size + "\" is no size: give width and height as in 1920x1080";

@@ -2,7 +2,7 @@
 
 #include "CoreMinimal.h"
 
-/** A colour of a widget's style: always one that was specified. */
+/** A colour of a widget's style: a fixed one, none that the style would give. */
 struct FSlateColor
 {
 	FSlateColor() = default;
