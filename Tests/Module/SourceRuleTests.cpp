@@ -1,8 +1,11 @@
+#include "UObject/Class.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -139,6 +142,34 @@ TEST(FSourceRules, GeneratedHeadersComeLast)
 			1)
 			<< Source.File;
 	}
+}
+
+/** A handler that is subscribed by name and not reflected is never called, and nothing would say so. */
+TEST(FSourceRules, HandlersBoundByNameAreReflected)
+{
+	// Builds the classes, so that they are found by name.
+	ASSERT_FALSE(FindPackageContents("/Script/Flitmark").Classes.empty());
+	const std::regex Binding(R"(Dynamic\(this, &(\w+)::(\w+)\))");
+	int Bindings = 0;
+	for (const FSource& Source : ReadSources("Private"))
+	{
+		for (const std::string& Line : Source.Lines)
+		{
+			std::smatch Match;
+			if (!std::regex_search(Line, Match, Binding))
+			{
+				continue;
+			}
+			++Bindings;
+			const UClass* Class = FindClassByName(Match[1].str());
+			ASSERT_NE(Class, nullptr) << Source.File << ": " << Line;
+			const std::string Function = Match[2].str();
+			EXPECT_NE(Class->FindFunctionByName(FName(FStringView(std::u16string(Function.begin(), Function.end())))),
+					  nullptr)
+				<< Source.File << ": " << Line;
+		}
+	}
+	EXPECT_GE(Bindings, 17) << "the pattern finds the subscriptions no more";
 }
 
 TEST(FSourceRules, EverySourceStartsWithItsHeader)
