@@ -1,9 +1,9 @@
 #include "GarbageCollector.h"
 
+#include "ObjectStorage.h"
 #include "UObject/Class.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 namespace
@@ -119,8 +119,9 @@ std::vector<UObject*> FGarbageCollector::TakeUnreached()
 
 void FGarbageCollector::Free(UObject* Object)
 {
+	const std::size_t Size = Object->GetClass()->GetPropertiesSize();
 	Object->~UObject();
-	std::free(Object);
+	FObjectStorage::Free(Object, Size);
 }
 
 void FGarbageCollector::Collect(EObjectFlags KeepFlags)

@@ -1,8 +1,8 @@
+#include "ObjectStorage.h"
 #include "UObject/Class.h"
 #include "UObject/GeneratedCppIncludes.h"
 #include "UObject/Object.h"
 
-#include <cstdlib>
 #include <new>
 
 namespace
@@ -111,11 +111,7 @@ UObject* StaticConstructObject_Internal(UClass* Class, UObject* Outer, FName Nam
 	{
 		return nullptr;
 	}
-	void* Storage = std::calloc(1, Class->Size);
-	if (Storage == nullptr)
-	{
-		std::abort();
-	}
+	void* Storage = FObjectStorage::Allocate(Class->Size);
 	const FName ObjectName = Name.IsNone() ? FName(Class->GetFName(), Class->NextObjectNumber++) : Name;
 	{
 		const FObjectInitializer Initializer(Storage, Class, Outer, ObjectName, Flags);
