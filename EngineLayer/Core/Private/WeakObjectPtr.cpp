@@ -11,7 +11,8 @@ struct FSlot
 	int32 Serial = 0;
 };
 
-std::vector<FSlot> Slots;
+// Never destroyed: objects that nobody collected belong to the table to the very end.
+std::vector<FSlot>& Slots = *new std::vector<FSlot>();
 std::vector<int32> FreeSlots;
 
 FSlot& SlotAt(int32 Index)
