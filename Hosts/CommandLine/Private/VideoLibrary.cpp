@@ -1,16 +1,15 @@
 #include "VideoLibrary.h"
 
 #include <dlfcn.h>
-#include <filesystem>
+#include <string>
 
 namespace Flitmark
 {
 
 const FVideoLibrary* LoadVideoLibrary(std::string& OutError)
 {
-	std::error_code Ignored;
-	const std::filesystem::path Folder = std::filesystem::read_symlink("/proc/self/exe", Ignored).parent_path();
-	const std::string Path = (Folder / FLITMARK_VIDEO_LIBRARY).string();
+	// Found as the program's other libraries are: beside it where it was built, in the folder of ours where it is installed.
+	const std::string Path = FLITMARK_VIDEO_LIBRARY;
 	// Never closed: its functions and its threads' data stay in use until the program ends.
 	void* const Library = dlopen(Path.c_str(), RTLD_NOW | RTLD_LOCAL);
 	void* const Entry = Library != nullptr ? dlsym(Library, "FlitmarkVideoLibrary") : nullptr;

@@ -1,0 +1,286 @@
+#include "MpvPlayer.h"
+
+#include <mpv/client.h>
+
+#include <array>
+#include <clocale>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** A property that is followed, and what it becomes. */
+struct FObserved
+{
+	const char* Name;
+	mpv_format Format;
+	void (*Take)(FMpvState& State, const void* Value);
+};
+
+template <bool FMpvState::*Member>
+void TakeFlag(FMpvState& State, const void* Value)
+{
+	State.*Member = Value != nullptr && *static_cast<const int*>(Value) != 0;
+}
+
+template <double FMpvState::*Member>
+void TakeDouble(FMpvState& State, const void* Value)
+{
+	State.*Member = Value != nullptr ? *static_cast<const double*>(Value) : 0.0;
+}
+
+template <int FMpvState::*Member>
+void TakeInt(FMpvState& State, const void* Value)
+{
+	State.*Member = Value != nullptr ? static_cast<int>(*static_cast<const int64_t*>(Value)) : 0;
+}
+
+template <std::string FMpvState::*Member>
+void TakeText(FMpvState& State, const void* Value)
+{
+	State.*Member = Value != nullptr ? *static_cast<const char* const*>(Value) : "";
+}
+
+constexpr FObserved Observed[] = {
+	{"pause", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bPaused>},
+	{"paused-for-cache", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bBuffering>},
+	{"seeking", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bSeeking>},
+	{"eof-reached", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bEnded>},
+	{"seekable", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bSeekable>},
+	{"time-pos", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Position>},
+	{"duration", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Duration>},
+	{"speed", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Speed>},
+	{"volume", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Volume>},
+	{"mute", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bMuted>},
+	{"video-out-params/dw", MPV_FORMAT_INT64, TakeInt<&FMpvState::Width>},
+	{"video-out-params/dh", MPV_FORMAT_INT64, TakeInt<&FMpvState::Height>},
+	{"media-title", MPV_FORMAT_STRING, TakeText<&FMpvState::Title>},
+	{"hwdec-current", MPV_FORMAT_STRING, TakeText<&FMpvState::HardwareDecoder>},
+};
+
+/** An option and its value; those of mpv that would print, ask, or draw by themselves are off. */
+constexpr std::pair<const char*, const char*> FixedOptions[] = {
+	{"vo", "libmpv"},
+	{"config", "no"},
+	{"terminal", "no"},
+	{"osc", "no"},
+	{"osd-level", "0"},
+	{"input-default-bindings", "no"},
+	{"input-vo-keyboard", "no"},
+	{"idle", "yes"},
+	{"keep-open", "yes"},
+	{"ytdl", "no"},
+	{"load-scripts", "no"},
+	{"audio-client-name", "Flitmark"},
+	{"sub-auto", "no"},
+};
+
+} // namespace
+
+FMpvPlayer::FMpvPlayer(IMpvObserver& InObserver, std::function<void()> InWakeUp)
+	: Observer(InObserver)
+	, WakeUp(std::move(InWakeUp))
+{
+}
+
+std::unique_ptr<FMpvPlayer> FMpvPlayer::Create(const FMpvOptions& InOptions, IMpvObserver& InObserver,
+											   std::function<void()> InWakeUp, std::string& OutError)
+{
+	std::unique_ptr<FMpvPlayer> Player(new FMpvPlayer(InObserver, std::move(InWakeUp)));
+	return Player->Start(InOptions, OutError) ? std::move(Player) : nullptr;
+}
+
+FMpvPlayer::~FMpvPlayer()
+{
+	if (Handle)
+	{
+		mpv_set_wakeup_callback(Handle.get(), nullptr, nullptr);
+		Close();
+	}
+}
+
+bool FMpvPlayer::Start(const FMpvOptions& InOptions, std::string& OutError)
+{
+	// libmpv refuses to start where numbers are written with a comma.
+	std::setlocale(LC_NUMERIC, "C");
+	Handle.reset(mpv_create(), mpv_terminate_destroy);
+	if (!Handle)
+	{
+		OutError = "libmpv cannot be started: there is not enough memory for it";
+		return false;
+	}
+	for (const auto& [Name, Value] : FixedOptions)
+	{
+		mpv_set_option_string(Handle.get(), Name, Value);
+	}
+	mpv_set_option_string(Handle.get(), "hwdec", InOptions.bHardwareDecoding ? "auto-safe" : "no");
+	if (!InOptions.AudioOutput.empty())
+	{
+		mpv_set_option_string(Handle.get(), "ao", InOptions.AudioOutput.c_str());
+	}
+	if (const int Error = mpv_initialize(Handle.get()); Error < 0)
+	{
+		OutError = std::string("libmpv cannot be started: ") + mpv_error_string(Error);
+		Handle.reset();
+		return false;
+	}
+	Observe();
+	return true;
+}
+
+void FMpvPlayer::Observe()
+{
+	mpv_request_log_messages(Handle.get(), "error");
+	for (std::size_t Index = 0; Index < std::size(Observed); ++Index)
+	{
+		mpv_observe_property(Handle.get(), Index, Observed[Index].Name, Observed[Index].Format);
+	}
+	mpv_set_wakeup_callback(
+		Handle.get(), [](void* InPlayer) { static_cast<FMpvPlayer*>(InPlayer)->WakeUp(); }, this);
+}
+
+void FMpvPlayer::Command(std::initializer_list<const char*> InArguments)
+{
+	std::vector<const char*> Arguments(InArguments);
+	Arguments.push_back(nullptr);
+	mpv_command_async(Handle.get(), 0, Arguments.data());
+}
+
+void FMpvPlayer::Open(const std::string& InUrl)
+{
+	Complaint.clear();
+	State.Url = InUrl;
+	State.bLoaded = false;
+	State.bEnded = false;
+	if (bRenders)
+	{
+		Command({"loadfile", InUrl.c_str(), "replace"});
+	}
+}
+
+void FMpvPlayer::StartRendering()
+{
+	if (!std::exchange(bRenders, true) && !State.Url.empty())
+	{
+		Open(State.Url);
+	}
+}
+
+void FMpvPlayer::Close()
+{
+	State.Url.clear();
+	Command({"stop"});
+}
+
+void FMpvPlayer::SetPaused(bool bInPaused)
+{
+	int Value = bInPaused ? 1 : 0;
+	mpv_set_property_async(Handle.get(), 0, "pause", MPV_FORMAT_FLAG, &Value);
+}
+
+void FMpvPlayer::Seek(double InPosition, bool bInExact)
+{
+	std::array<char, 32> Position{};
+	std::snprintf(Position.data(), Position.size(), "%.6f", InPosition);
+	Command({"seek", Position.data(), bInExact ? "absolute+exact" : "absolute+keyframes"});
+}
+
+void FMpvPlayer::StepFrame(bool bInForward)
+{
+	Command({bInForward ? "frame-step" : "frame-back-step"});
+}
+
+void FMpvPlayer::SetSpeed(double InSpeed)
+{
+	mpv_set_property_async(Handle.get(), 0, "speed", MPV_FORMAT_DOUBLE, &InSpeed);
+}
+
+void FMpvPlayer::SetVolume(double InPercent)
+{
+	mpv_set_property_async(Handle.get(), 0, "volume", MPV_FORMAT_DOUBLE, &InPercent);
+}
+
+void FMpvPlayer::SetMuted(bool bInMuted)
+{
+	int Value = bInMuted ? 1 : 0;
+	mpv_set_property_async(Handle.get(), 0, "mute", MPV_FORMAT_FLAG, &Value);
+}
+
+void FMpvPlayer::ProcessEvents()
+{
+	for (;;)
+	{
+		const mpv_event* Event = mpv_wait_event(Handle.get(), 0.0);
+		switch (Event->event_id)
+		{
+		case MPV_EVENT_PROPERTY_CHANGE:
+			TakeProperty(*static_cast<const mpv_event_property*>(Event->data), Event->reply_userdata);
+			continue;
+		case MPV_EVENT_LOG_MESSAGE:
+			TakeLog(*static_cast<const mpv_event_log_message*>(Event->data));
+			continue;
+		case MPV_EVENT_FILE_LOADED:
+			State.bLoaded = true;
+			bStateChanged = true;
+			Observer.OnLoaded();
+			continue;
+		case MPV_EVENT_END_FILE:
+			TakeEnd(*static_cast<const mpv_event_end_file*>(Event->data));
+			continue;
+		case MPV_EVENT_SEEK:
+			Observer.OnSeeked();
+			continue;
+		case MPV_EVENT_NONE:
+		case MPV_EVENT_SHUTDOWN:
+			break;
+		default:
+			continue;
+		}
+		break;
+	}
+	// Complaints come behind all other events, also behind that of the end.
+	if (const std::string Error = std::exchange(Failure, {}); !Error.empty())
+	{
+		Observer.OnFailed(Complaint.empty() ? Error : Complaint);
+	}
+	if (std::exchange(bStateChanged, false))
+	{
+		Observer.OnStateChanged();
+	}
+}
+
+void FMpvPlayer::TakeProperty(const mpv_event_property& InProperty, std::size_t InIndex)
+{
+	Observed[InIndex].Take(State, InProperty.format == MPV_FORMAT_NONE ? nullptr : InProperty.data);
+	bStateChanged = true;
+}
+
+void FMpvPlayer::TakeLog(const mpv_event_log_message& InMessage)
+{
+	// The first is nearest to the cause; what follows from it is told after it.
+	if (Complaint.empty())
+	{
+		Complaint = InMessage.text;
+		while (!Complaint.empty() && (Complaint.back() == '\n' || Complaint.back() == '.'))
+		{
+			Complaint.pop_back();
+		}
+	}
+}
+
+void FMpvPlayer::TakeEnd(const mpv_event_end_file& InEnd)
+{
+	State.bLoaded = false;
+	bStateChanged = true;
+	if (InEnd.reason == MPV_END_FILE_REASON_ERROR)
+	{
+		Failure = mpv_error_string(InEnd.error);
+	}
+}
+
+} // namespace Flitmark

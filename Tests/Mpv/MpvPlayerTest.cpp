@@ -1,0 +1,179 @@
+#include "MpvPlayer.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <condition_variable>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <mutex>
+#include <numbers>
+#include <unistd.h>
+#include <vector>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** A folder of its own for the sounds to be played. */
+class FMpvPlayerTest : public testing::Test, public IMpvObserver
+{
+protected:
+	FMpvPlayerTest()
+	{
+		std::filesystem::create_directories(Folder);
+		std::string Error;
+		FMpvOptions Options;
+		Options.AudioOutput = "null";
+		Player = FMpvPlayer::Create(
+			Options, *this,
+			[this]
+			{
+				{
+					const std::lock_guard Lock(Mutex);
+					bAwake = true;
+				}
+				Wake.notify_one();
+			},
+			Error);
+		EXPECT_TRUE(Player) << Error;
+		Player->StartRendering();
+	}
+
+	~FMpvPlayerTest() override
+	{
+		Player.reset();
+		std::filesystem::remove_all(Folder);
+	}
+
+	/** Takes in what happens until it is so, for 20 s at most. */
+	template <class F>
+	bool WaitUntil(F&& InCondition)
+	{
+		const auto End = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+		while (!InCondition())
+		{
+			std::unique_lock Lock(Mutex);
+			if (!Wake.wait_until(Lock, End, [this] { return bAwake; }))
+			{
+				return false;
+			}
+			bAwake = false;
+			Lock.unlock();
+			Player->ProcessEvents();
+		}
+		return true;
+	}
+
+	std::string Write(const char* Name, const std::string& Bytes) const
+	{
+		const std::filesystem::path Path = Folder / Name;
+		std::ofstream(Path, std::ios::binary) << Bytes;
+		return Path.string();
+	}
+
+	/** A tone as an 8-bit WAV of so many seconds. */
+	std::string WriteTone(const char* Name, uint32_t Seconds) const
+	{
+		constexpr uint32_t Rate = 8000;
+		std::string Data;
+		for (uint32_t Index = 0; Index < Seconds * Rate; ++Index)
+		{
+			Data += static_cast<char>(128.0 + 20.0 * std::sin(Index * 440.0 * 2.0 * std::numbers::pi / Rate));
+		}
+		std::string Bytes = "RIFF";
+		const auto Put = [&Bytes](uint32_t Value, int Size)
+		{
+			for (int Index = 0; Index < Size; ++Index)
+			{
+				Bytes += static_cast<char>(Value >> 8 * Index & 0xFF);
+			}
+		};
+		Put(36 + static_cast<uint32_t>(Data.size()), 4);
+		Bytes += "WAVEfmt ";
+		Put(16, 4);
+		Put(1, 2);
+		Put(1, 2);
+		Put(Rate, 4);
+		Put(Rate, 4);
+		Put(1, 2);
+		Put(8, 2);
+		Bytes += "data";
+		Put(static_cast<uint32_t>(Data.size()), 4);
+		return Write(Name, Bytes + Data);
+	}
+
+	void OnStateChanged() override {}
+	void OnLoaded() override { ++NumLoaded; }
+	void OnFailed(const std::string& InReason) override { Failures.push_back(InReason); }
+	void OnSeeked() override { ++NumSeeked; }
+
+	const std::filesystem::path Folder =
+		std::filesystem::temp_directory_path() / ("flitmark-mpv-" + std::to_string(getpid()));
+	int NumLoaded = 0;
+	int NumSeeked = 0;
+	std::vector<std::string> Failures;
+	std::unique_ptr<FMpvPlayer> Player;
+
+private:
+	std::mutex Mutex;
+	std::condition_variable Wake;
+	bool bAwake = false;
+};
+
+TEST_F(FMpvPlayerTest, PlaysAndTellsHow)
+{
+	Player->SetPaused(true);
+	Player->Open(WriteTone("tone.wav", 30));
+	ASSERT_TRUE(WaitUntil([this] { return NumLoaded == 1 && Player->GetState().Duration > 0.0; }));
+	const FMpvState& State = Player->GetState();
+	EXPECT_NEAR(State.Duration, 30.0, 0.1);
+	EXPECT_EQ(State.Title, "tone.wav");
+	EXPECT_TRUE(State.bPaused);
+
+	Player->Seek(12.5, true);
+	EXPECT_TRUE(WaitUntil([&] { return std::abs(State.Position - 12.5) < 0.1; })) << State.Position;
+	EXPECT_GE(NumSeeked, 1);
+
+	Player->SetSpeed(2.0);
+	Player->SetVolume(35.0);
+	Player->SetMuted(true);
+	EXPECT_TRUE(WaitUntil([&] { return State.Speed == 2.0 && State.Volume == 35.0 && State.bMuted; }));
+
+	Player->SetPaused(false);
+	EXPECT_TRUE(WaitUntil([&] { return State.Position > 12.8; }));
+
+	Player->Seek(29.9, true);
+	EXPECT_TRUE(WaitUntil([&] { return State.bEnded; })) << "stays open at its end";
+	EXPECT_TRUE(State.bLoaded);
+}
+
+TEST_F(FMpvPlayerTest, SaysWhyAFileCannotBePlayedAndGoesOn)
+{
+	Player->Open((Folder / "missing.mkv").string());
+	ASSERT_TRUE(WaitUntil([this] { return Failures.size() == 1; }));
+	EXPECT_NE(Failures[0].find("No such file"), std::string::npos) << Failures[0];
+
+	Player->Open(Write("notes.mp4", "this is no film"));
+	ASSERT_TRUE(WaitUntil([this] { return Failures.size() == 2; }));
+	EXPECT_NE(Failures[1].find("format"), std::string::npos) << Failures[1];
+	EXPECT_FALSE(Player->GetState().bLoaded);
+
+	Player->Open(WriteTone("tone.wav", 1));
+	EXPECT_TRUE(WaitUntil([this] { return NumLoaded == 1; }));
+	EXPECT_EQ(Failures.size(), 2U);
+}
+
+TEST_F(FMpvPlayerTest, EndsCleanlyWhileItLoads)
+{
+	Player->Open(WriteTone("tone.wav", 5));
+	Player.reset();
+}
+
+} // namespace
+
+} // namespace Flitmark
