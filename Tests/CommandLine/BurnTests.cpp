@@ -138,7 +138,8 @@ INSTANTIATE_TEST_SUITE_P(
 	All, Refusals,
 	testing::Values(
 		FRefusalCase{"OutputIsVideo", {"burn", "%/v.mp4", "%/c.json", "-o", "%/v.mp4"}, "name another output"},
-		FRefusalCase{"OutputIsDocument", {"burn", "%/v.mp4", "%/c.json", "-o", "%/c.json"}, "is the comment document"},
+		FRefusalCase{
+			"OutputIsDocument", {"burn", "%/v.mp4", "%/c.json", "-o", "%/c.json"}, "is the file of the comments"},
 		FRefusalCase{"NoFolder", {"burn", "%/v.mp4", "%/c.json", "-o", "%/none/o.mp4"}, "none does not exist"},
 		FRefusalCase{"Codec", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--codec", "x"}, "no video encoder"},
 		FRefusalCase{"Preset", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--preset", "x"}, "preset"},

@@ -61,9 +61,10 @@ TEST(Shaping, FallbackFindsEveryScript)
 	}
 }
 
+/** Of the last planes, which fonts leave alone, unlike the private characters of the first. */
 TEST(Shaping, WhatNoFontHasIsDrawnOncePerCharacter)
 {
-	EXPECT_EQ(GetGlyphs(u"\uefff\uefff\U000ffffd"), (std::vector<std::uint32_t>{0, 0, 0}));
+	EXPECT_EQ(GetGlyphs(u"\U0010fffd\U0010fffd\U000ffffd"), (std::vector<std::uint32_t>{0, 0, 0}));
 }
 
 /** Of characters that are drawn by a glyph each, the order on screen can be told by the glyphs. */

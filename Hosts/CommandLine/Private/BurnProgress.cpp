@@ -1,11 +1,12 @@
 #include "BurnProgress.h"
 
+#include "CommentsReport.h"
 #include "Message.h"
 #include "OptionValues.h"
+#include "TerminalText.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace Flitmark
@@ -16,13 +17,6 @@ namespace
 
 constexpr std::chrono::milliseconds BarPeriod(100);
 constexpr std::chrono::seconds LinePeriod(5);
-
-std::size_t TerminalWidth()
-{
-	constexpr std::size_t Usual = 80;
-	winsize Size = {};
-	return ioctl(STDERR_FILENO, TIOCGWINSZ, &Size) == 0 && Size.ws_col > 0 ? Size.ws_col : Usual;
-}
 
 template <class... FParts>
 std::string Format(const char* InFormat, FParts... InParts)
@@ -71,7 +65,8 @@ std::string FBurnProgress::Bar() const
 	// Brackets, and a last column that stays free, since writing there breaks the line on some terminals.
 	constexpr std::size_t Frame = 3;
 	constexpr std::size_t Longest = 40;
-	const std::size_t Width = TerminalWidth();
+	constexpr std::size_t UsualWidth = 80;
+	const std::size_t Width = GetTerminalWidth(stderr).value_or(UsualWidth);
 	const std::size_t Room = Width > Behind.size() + Frame ? std::min(Longest, Width - Behind.size() - Frame) : 0;
 	if (Room == 0 || State.TotalSeconds <= 0.0)
 	{

@@ -1,7 +1,6 @@
 #include "CheckCommand.h"
 
-#include "CommentDocument.h"
-#include "CommentsFile.h"
+#include "CommentOptions.h"
 #include "DocumentReview.h"
 #include "ExitCodes.h"
 #include "Files.h"
@@ -26,6 +25,7 @@ namespace
 struct FCheckArguments
 {
 	std::string Comments;
+	FCommentArguments CommentOptions;
 	std::string Size = "1920x1080";
 	bool bJson = false;
 };
@@ -57,10 +57,23 @@ void PrintFindings(const FDocumentReview& InReview, bool bInSeen, const char* In
 	}
 }
 
-void PrintReview(const std::string& InPath, const FDocumentReview& InReview)
+/** What became of the file before it was reviewed; nothing for our own document as it is. */
+void PrintLoading(const FCommentsFile& InFile)
 {
-	std::printf("%s: %s comment%s, ", InPath.c_str(), FormatCount(InReview.NumComments).c_str(),
-				InReview.NumComments == 1 ? "" : "s");
+	if (InFile.Report.bImported)
+	{
+		std::printf("%s\n", DescribeImport(InFile.Report).c_str());
+	}
+	for (const std::string& Note : InFile.MakeNotes())
+	{
+		std::printf("%s\n", Note.c_str());
+	}
+}
+
+void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
+{
+	PrintLoading(InFile);
+	std::printf("%s: %s, ", InFile.Report.Path.c_str(), CountComments(InReview.NumComments).c_str());
 	if (InReview.NumUnseen == 0)
 	{
 		std::printf("nothing that keeps one from being seen\n");
@@ -73,7 +86,8 @@ void PrintReview(const std::string& InPath, const FDocumentReview& InReview)
 	PrintFindings(InReview, true, "\nSeen, but perhaps not as it was meant:\n");
 	if (!InReview.Findings.empty())
 	{
-		std::printf("(elements of \"datas\", the first is element 0)\n");
+		std::printf("(%s, the first is element 0)\n",
+					InFile.Report.bImported ? "counted among the comments that are left" : "elements of \"datas\"");
 	}
 	if (InReview.NumComments > 0)
 	{
@@ -164,11 +178,44 @@ void PrintFaultAsJson(const std::string& InPath, const FDocumentFault& InFault)
 	std::printf("%s\n", Line.GetText().c_str());
 }
 
-void PrintReviewAsJson(const std::string& InPath, const FDocumentReview& InReview)
+void AddLoading(FJsonLine& Line, const FCommentsFile& InFile)
+{
+	if (!InFile.Report.bImported)
+	{
+		return;
+	}
+	const FImportReport& Import = InFile.Report.Import;
+	Line.BeginObject("import");
+	AddText(Line, "format", ToText(Import.Format));
+	Line.Add("read", static_cast<int64>(Import.NumRead));
+	Line.Add("broken", static_cast<int64>(Import.NumBroken));
+	Line.Add("mended", static_cast<int64>(Import.NumMended));
+	Line.Add("not_served", static_cast<int64>(InFile.Report.Kinds.CountDropped()));
+	Line.BeginArray("notes");
+	for (const std::string& Note : DescribeLosses(InFile.Report))
+	{
+		AddText(Line, "", Note);
+	}
+	Line.EndArray();
+	Line.EndObject();
+	Line.BeginArray("filters");
+	for (const FFilterRule& Rule : InFile.Rules)
+	{
+		Line.BeginObject();
+		AddText(Line, "rule", Rule.Name);
+		Line.Add("taken", Rule.NumTaken);
+		Line.Add("changed", Rule.NumChanged);
+		Line.EndObject();
+	}
+	Line.EndArray();
+}
+
+void PrintReviewAsJson(const FCommentsFile& InFile, const FDocumentReview& InReview)
 {
 	FJsonLine Line;
 	Line.BeginObject();
-	AddText(Line, "file", InPath);
+	AddText(Line, "file", InFile.Report.Path);
+	AddLoading(Line, InFile);
 	AddReview(Line, InReview);
 	Line.EndObject();
 	std::printf("%s\n", Line.GetText().c_str());
@@ -177,22 +224,20 @@ void PrintReviewAsJson(const std::string& InPath, const FDocumentReview& InRevie
 int RunCheck(const FCheckArguments& InArguments)
 {
 	std::string Error;
-	std::optional<FString> Text = LoadText(InArguments.Comments, Error);
-	if (!Text)
+	std::optional<FDocumentFault> Fault;
+	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments.CommentOptions, Error);
+	std::optional<FCommentsFile> File =
+		Settings ? LoadComments(InArguments.Comments, Settings->Options, Error, &Fault) : std::nullopt;
+	if (!File)
 	{
-		return PrintError(Error);
-	}
-	const FCommentDocument Document = FCommentDocument::Read(*Text);
-	Text.reset();
-	if (Document.GetFault())
-	{
-		if (InArguments.bJson)
+		if (Fault && InArguments.bJson)
 		{
-			PrintFaultAsJson(InArguments.Comments, *Document.GetFault());
+			PrintFaultAsJson(InArguments.Comments, *Fault);
 			return ExitFailure;
 		}
-		return PrintError(DescribeFault(InArguments.Comments, *Document.GetFault()));
+		return PrintError(Error);
 	}
+	File->Text = FString();
 	const std::unique_ptr<FTextMeasure> Measure = FTextMeasure::Create({}, Error);
 	const std::unique_ptr<FSizeProbe> Probe =
 		Measure ? FSizeProbe::Create(*ParseCanvasSize(InArguments.Size), *Measure, Error) : nullptr;
@@ -200,9 +245,14 @@ int RunCheck(const FCheckArguments& InArguments)
 	{
 		return PrintError(Error);
 	}
-	const FDocumentReview Review = ReviewDocument(Document, *Probe);
-	(InArguments.bJson ? PrintReviewAsJson : PrintReview)(InArguments.Comments, Review);
-	return Review.NumUnseen == 0 ? ExitSuccess : ExitFailure;
+	FDocumentReview Review = ReviewDocument(File->Document, *Probe);
+	if (File->Report.bImported && File->Report.Import.Format != ECommentFormat::Own)
+	{
+		// What other formats do not tell is no fault of their authors.
+		std::erase_if(Review.Findings, [](const FFinding& InFinding) { return InFinding.Kind == "missing-key"; });
+	}
+	(InArguments.bJson ? PrintReviewAsJson : PrintReview)(*File, Review);
+	return Review.NumUnseen == 0 && File->Report.CountLost() == 0 ? ExitSuccess : ExitFailure;
 }
 
 constexpr const char* Footer =
@@ -211,6 +261,7 @@ Comments that find no free lane among the others are not foretold; "flitmark tra
 
 Examples:
   flitmark check comments.json
+  flitmark check comments.xml --merge 5 --max-per-second 20
   flitmark check comments.json --json | jq '.findings[] | select(.seen | not)')";
 
 /** A canvas that something can be seen on. */
@@ -226,12 +277,13 @@ void AddCheckCommand(CLI::App& App, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FCheckArguments>();
 	CLI::App* const Command =
-		App.add_subcommand("check", "Tell which comments of a document a viewer will not see, and why");
-	Command->add_option("COMMENTS", Arguments->Comments, "Comment document (JSON)")->required();
+		App.add_subcommand("check", "Tell which comments of a file a viewer will not see, and why");
+	Command->add_option("COMMENTS", Arguments->Comments, "File of comments, in any known format")->required();
 	Command->add_flag("--json", Arguments->bJson, "Print one JSON object, for programs");
 	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT; decides which sizes fit")
 		->check(MakeCheck(&ParseShownSize, "is no size such as 1920x1080"))
 		->capture_default_str();
+	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunCheck(*Arguments); });
 }

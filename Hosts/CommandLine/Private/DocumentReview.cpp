@@ -1,5 +1,6 @@
 #include "DocumentReview.h"
 
+#include "CommentsReport.h"
 #include "DanmakuDataStruct.h"
 #include "OptionValues.h"
 #include "TextLimits.h"

@@ -19,4 +19,12 @@ void PrintNote(const std::string& InMessage)
 	std::fputs(("flitmark: " + InMessage + "\n").c_str(), stderr);
 }
 
+void PrintNotes(const std::vector<std::string>& InMessages)
+{
+	for (const std::string& Message : InMessages)
+	{
+		PrintNote(Message);
+	}
+}
+
 } // namespace Flitmark

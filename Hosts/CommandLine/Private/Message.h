@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace Flitmark
 {
@@ -10,5 +11,6 @@ int PrintError(const std::string& InMessage);
 
 /** The same for what is no failure, but should be known. */
 void PrintNote(const std::string& InMessage);
+void PrintNotes(const std::vector<std::string>& InMessages);
 
 } // namespace Flitmark

@@ -82,15 +82,18 @@ std::optional<FVector2f> ParseCanvasSize(std::string_view InText)
 	return FVector2f(static_cast<float>(*Width), static_cast<float>(*Height));
 }
 
-std::string FormatCount(int64 InCount)
+std::optional<int64> ParseOffset(std::string_view InText)
 {
-	std::string Text = std::to_string(InCount);
-	for (std::size_t Place = Text.size(); Place > 3;)
+	constexpr double TicksPerSecond = 1e7;
+	constexpr double SecondsPerDay = 86'400.0;
+	const bool bBack = InText.starts_with('-');
+	const std::optional<double> Seconds = ParseTime(InText.substr(bBack ? 1 : 0));
+	if (!Seconds || *Seconds > SecondsPerDay)
 	{
-		Place -= 3;
-		Text.insert(Place, ",");
+		return std::nullopt;
 	}
-	return Text;
+	const int64 Ticks = std::llround(*Seconds * TicksPerSecond);
+	return bBack ? -Ticks : Ticks;
 }
 
 } // namespace Flitmark

@@ -1,6 +1,6 @@
 #include "PaintSession.h"
 
-#include "CommentsFile.h"
+#include "CommentsReport.h"
 #include "DocumentReview.h"
 #include "Message.h"
 #include "OptionValues.h"
@@ -41,7 +41,7 @@ bool IsFamily(const std::string& InAsked, const std::string& InFound)
 void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
 {
 	InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
-	InCommand.add_option("COMMENTS", InOutArguments.Comments, "Comment document (JSON)")->required();
+	InCommand.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format")->required();
 	InCommand
 		.add_option("--scale", InOutArguments.Scale,
 					"Canvas units per video pixel; twice as many make comments half as large (default: a canvas 1080 "
@@ -59,6 +59,7 @@ void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
 		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and encoding each; 0: as they see fit")
 		->check(CLI::Range(0, 256))
 		->capture_default_str();
+	AddCommentOptions(InCommand, InOutArguments.CommentOptions);
 }
 
 std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArguments, std::string& OutError)
@@ -68,13 +69,14 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	std::error_code Ignored;
 	if (std::filesystem::equivalent(InArguments.Output, InArguments.Comments, Ignored))
 	{
-		OutError = InArguments.Output + ": is the comment document; name another output";
+		OutError = InArguments.Output + ": is the file of the comments; name another output";
 		return nullptr;
 	}
 	Session->Video = LoadVideoLibrary(OutError);
 	const std::optional<FVideoInfo> Info =
 		Session->Video != nullptr ? Session->Video->Probe(InArguments.Video, OutError) : std::nullopt;
-	std::optional<FCommentsFile> Comments = Info ? LoadComments(InArguments.Comments, OutError) : std::nullopt;
+	std::optional<FCommentsFile> Comments =
+		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
 	if (!Comments || !Session->LoadFont(InArguments.Font, OutError) ||
 		!Session->TellUnseen(Comments->Document, FCanvasView::Cover(Info->Shape, InArguments.Scale), OutError))
 	{

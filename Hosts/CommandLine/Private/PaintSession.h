@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CommentOptions.h"
 #include "StageOverlay.h"
 #include "TextMeasure.h"
 #include "VideoLibrary.h"
@@ -21,6 +22,7 @@ struct FPaintArguments
 {
 	std::string Video;
 	std::string Comments;
+	FCommentArguments CommentOptions;
 	std::string Output;
 
 	/** Canvas units per pixel. */
@@ -34,11 +36,11 @@ struct FPaintArguments
 /** Adds VIDEO, COMMENTS and the options of the comments' look. */
 void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments);
 
-/** All that is needed to paint a document's comments into a video. Tells on standard error what will not be seen. */
+/** All that is needed to paint a file's comments into a video. Tells on standard error what will not be seen. */
 class FPaintSession
 {
 public:
-	/** Null with OutError set where one of the files cannot be read, or the output is the document. */
+	/** Null with OutError set where one of the files cannot be read, or the output is the file of the comments. */
 	static std::unique_ptr<FPaintSession> Open(const FPaintArguments& InArguments, std::string& OutError);
 
 	const FVideoLibrary& Library() const { return *Video; }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CommentSprites.h"
-#include "CommentsFile.h"
+#include "CommentsInput.h"
 #include "MeasureAhead.h"
 #include "OverlaySource.h"
 #include "Stage.h"

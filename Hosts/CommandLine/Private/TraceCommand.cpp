@@ -1,8 +1,10 @@
 #include "TraceCommand.h"
 
 #include "CellMeasure.h"
+#include "CommentOptions.h"
 #include "ExitCodes.h"
 #include "Files.h"
+#include "Message.h"
 #include "OptionValues.h"
 #include "SaveSlots.h"
 #include "TextMeasure.h"
@@ -26,6 +28,7 @@ namespace
 struct FTraceArguments
 {
 	std::string Comments;
+	FCommentArguments CommentOptions;
 	std::string Size = "1920x1080";
 	int32 Fps = 60;
 	int64 Start = 0;
@@ -88,12 +91,16 @@ bool ReadArguments(const FTraceArguments& Arguments, FTraceOptions& Options, std
 	Options.bPositions = Arguments.bPositions;
 	if (!Arguments.Comments.empty())
 	{
-		Options.Document = LoadText(Arguments.Comments, Error);
-		if (!Options.Document)
+		const std::optional<FCommentSettings> Settings = FCommentSettings::Make(Arguments.CommentOptions, Error);
+		std::optional<FCommentsFile> File =
+			Settings ? LoadAnyText(Arguments.Comments, Settings->Options, Error) : std::nullopt;
+		if (!File)
 		{
 			Error = "flitmark: " + Error;
 			return false;
 		}
+		PrintNotes(File->MakeNotes());
+		Options.Document = std::move(File->Text);
 	}
 	if (!Arguments.Script.empty())
 	{
@@ -155,7 +162,8 @@ void AddTraceCommand(CLI::App& App, int& OutExitCode)
 	const auto Arguments = std::make_shared<FTraceArguments>();
 	CLI::App* Command = App.add_subcommand(
 		"trace", "Run the overlay without a video or a screen and write what happens, a JSON line an event");
-	Command->add_option("COMMENTS", Arguments->Comments, "Comment document (JSON); without it the schedule is empty");
+	Command->add_option("COMMENTS", Arguments->Comments,
+						"File of comments, in any known format; without it the schedule is empty");
 	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT")->capture_default_str();
 	Command->add_option("--fps", Arguments->Fps, "Frames per second")
 		->check(CLI::Range(1, 1000))
@@ -171,6 +179,7 @@ void AddTraceCommand(CLI::App& App, int& OutExitCode)
 		->check(CLI::IsMember({"cells", "fonts"}))
 		->capture_default_str();
 	Command->add_option("--save-dir", Arguments->SaveDir, "Folder of the save slots (default: a temporary one)");
+	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer("Example: flitmark trace Samples/demo.json --size 1280x720 --positions > trace.jsonl");
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunTrace(*Arguments); });
 }

@@ -1,9 +1,11 @@
 #include "BurnCommand.h"
 #include "CheckCommand.h"
+#include "ConvertCommand.h"
 #include "ExitCodes.h"
 #include "Message.h"
 #include "ReflectCommand.h"
 #include "ShotCommand.h"
+#include "StatsCommand.h"
 #include "TraceCommand.h"
 
 #include <CLI/CLI.hpp>
@@ -26,6 +28,8 @@ Examples:
   flitmark burn film.mp4 comments.json -o out.mp4
   flitmark shot film.mp4 comments.json --at 1:23 -o picture.png
   flitmark check comments.json
+  flitmark convert comments.xml -o comments.json
+  flitmark stats comments.xml -o density.svg
   flitmark trace comments.json
 
 "flitmark COMMAND --help" tells more about a command.)";
@@ -64,6 +68,8 @@ int Run(int ArgumentCount, char** Arguments)
 	AddBurnCommand(App, ExitCode);
 	AddShotCommand(App, ExitCode);
 	AddCheckCommand(App, ExitCode);
+	AddConvertCommand(App, ExitCode);
+	AddStatsCommand(App, ExitCode);
 	AddTraceCommand(App, ExitCode);
 	AddReflectCommand(App, ExitCode);
 	try

@@ -63,6 +63,21 @@ FTemporaryFile::~FTemporaryFile()
 	}
 }
 
+bool FTemporaryFile::Write(std::string_view InBytes, std::string& OutError)
+{
+	while (!InBytes.empty())
+	{
+		const ssize_t Written = write(Handle, InBytes.data(), InBytes.size());
+		if (Written < 0 && errno != EINTR)
+		{
+			OutError = FinalPath + ": cannot be written: " + SystemError();
+			return false;
+		}
+		InBytes.remove_prefix(Written > 0 ? static_cast<std::size_t>(Written) : 0);
+	}
+	return true;
+}
+
 bool FTemporaryFile::Commit(std::string& OutError)
 {
 	if (fsync(Handle) != 0 || rename(TemporaryPath.c_str(), FinalPath.c_str()) != 0)
@@ -79,6 +94,12 @@ bool FTemporaryFile::Commit(std::string& OutError)
 		close(Folder);
 	}
 	return true;
+}
+
+bool WriteWholeFile(const std::string& InPath, std::string_view InBytes, std::string& OutError)
+{
+	const std::unique_ptr<FTemporaryFile> File = FTemporaryFile::Create(InPath, OutError);
+	return File && File->Write(InBytes, OutError) && File->Commit(OutError);
 }
 
 std::string OutputObstacle(const std::string& InInput, const std::string& InOutput)

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace Flitmark
 {
@@ -18,6 +19,9 @@ public:
 
 	const std::string& Path() const { return TemporaryPath; }
 
+	/** Adds to the file; false with OutError set, such as for a full disk. */
+	bool Write(std::string_view InBytes, std::string& OutError);
+
 	/** Brings the file to the disk and under its name; false with OutError set. */
 	bool Commit(std::string& OutError);
 
@@ -29,6 +33,9 @@ private:
 	int Handle;
 	bool bCommitted = false;
 };
+
+/** A file of that content under its name when it is whole, or the earlier file of that name; false with OutError set. */
+bool WriteWholeFile(const std::string& InPath, std::string_view InBytes, std::string& OutError);
 
 /**
  * What speaks against writing InOutput while InInput is read (it is the same file, its folder is missing, it is no

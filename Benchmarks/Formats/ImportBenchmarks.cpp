@@ -1,0 +1,91 @@
+#include "CommentDocumentWriter.h"
+#include "CommentImport.h"
+#include "GeneratedFiles.h"
+
+#include <benchmark/benchmark.h>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr std::size_t FileSize = std::size_t{20} << 20;
+
+/** Bytes that are in memory already, so that only the importer is measured. */
+class FMemorySource final : public IByteSource
+{
+public:
+	explicit FMemorySource(std::string_view InBytes)
+		: Bytes(InBytes)
+	{
+	}
+
+	std::size_t Read(char* OutData, std::size_t InSize) override
+	{
+		const std::size_t Size = Bytes.copy(OutData, InSize, Place);
+		Place += Size;
+		return Size;
+	}
+
+	std::uint64_t GetSize() const override { return Bytes.size(); }
+
+private:
+	std::string_view Bytes;
+	std::size_t Place = 0;
+};
+
+void Import(benchmark::State& InState, ECommentFormat InFormat)
+{
+	const std::string File = GenerateFile(InFormat, FileSize);
+	std::string Error;
+	FImportResult Result;
+	for (auto Pass : InState)
+	{
+		FMemorySource Source(File);
+		if (!ImportComments(Source, Result, Error) || Result.Report.Format != InFormat || Result.Report.NumBroken > 0)
+		{
+			InState.SkipWithError(("not read as a whole: " + Error).c_str());
+			break;
+		}
+	}
+	InState.SetBytesProcessed(InState.iterations() * static_cast<int64_t>(File.size()));
+	InState.SetItemsProcessed(InState.iterations() * static_cast<int64_t>(Result.Comments.size()));
+}
+
+void Write(benchmark::State& InState)
+{
+	const std::string File = GenerateFile(ECommentFormat::ListXml, FileSize);
+	FMemorySource Source(File);
+	FImportResult Result;
+	std::string Error;
+	ImportComments(Source, Result, Error);
+	std::size_t Written = 0;
+	for (auto Pass : InState)
+	{
+		WriteCommentDocument(Result.Comments,
+							 [&Written](std::string_view InPiece)
+							 {
+								 Written += InPiece.size();
+								 return true;
+							 });
+	}
+	InState.SetBytesProcessed(static_cast<int64_t>(Written));
+	InState.SetItemsProcessed(InState.iterations() * static_cast<int64_t>(Result.Comments.size()));
+}
+
+BENCHMARK_CAPTURE(Import, ListXml, ECommentFormat::ListXml)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ListProtobuf, ECommentFormat::ListProtobuf)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ParametersJson, ECommentFormat::ParametersJson)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, RowsJson, ECommentFormat::RowsJson)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ChatXml, ECommentFormat::ChatXml)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ChatJson, ECommentFormat::ChatJson)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ObjectsJson, ECommentFormat::ObjectsJson)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, Own, ECommentFormat::Own)->Unit(benchmark::kMillisecond);
+BENCHMARK(Write)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+} // namespace Flitmark
+
+BENCHMARK_MAIN();

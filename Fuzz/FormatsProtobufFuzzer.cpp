@@ -1,0 +1,10 @@
+#include "FormatsKit.h"
+#include "ProtobufImport.h"
+
+/** Any bytes as the binary form of a list. */
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size)
+{
+	using namespace Flitmark;
+	ImportChecked(ToBytes(Data, Size), ImportListProtobuf);
+	return 0;
+}

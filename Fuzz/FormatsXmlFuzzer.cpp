@@ -1,0 +1,11 @@
+#include "FormatsKit.h"
+#include "XmlImport.h"
+
+/** Any bytes as both forms of XML. */
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size)
+{
+	using namespace Flitmark;
+	ImportChecked(ToBytes(Data, Size), ImportListXml);
+	ImportChecked(ToBytes(Data, Size), ImportChatXml);
+	return 0;
+}

@@ -1,0 +1,232 @@
+#include "ConvertCommand.h"
+
+#include "CommentChange.h"
+#include "CommentDocumentWriter.h"
+#include "CommentOptions.h"
+#include "CommentTraits.h"
+#include "ExitCodes.h"
+#include "Message.h"
+#include "OptionChecks.h"
+#include "OptionValues.h"
+#include "TemporaryFile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <iterator>
+#include <memory>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr std::string_view StandardOutput = "-";
+
+struct FConvertArguments
+{
+	std::vector<std::string> Inputs;
+	std::string Output;
+	/** The n-th belongs to the n-th input. */
+	std::vector<std::string> Offsets;
+	FCommentArguments CommentOptions;
+
+	int64 GetOffset(std::size_t InInput) const { return InInput < Offsets.size() ? *ParseOffset(Offsets[InInput]) : 0; }
+};
+
+/** Moves all comments of a file; those that it moves to where no media time is, are left out. */
+void Move(std::vector<FServiceComment>& InOutComments, int64 InOffset, const std::string& InPath)
+{
+	int64 NumEarly = 0;
+	int64 NumBefore = 0;
+	int64 NumBehind = 0;
+	for (FServiceComment& Comment : InOutComments)
+	{
+		SetSpawnTicks(Comment, Comment.SpawnTicks + InOffset);
+		if (!IsReached(Comment))
+		{
+			++(Comment.SpawnTicks < 0 ? NumBefore : NumBehind);
+		}
+		else if (Comment.SpawnTicks < 0)
+		{
+			++NumEarly;
+		}
+	}
+	std::erase_if(InOutComments, [](const FServiceComment& InComment) { return !IsReached(InComment); });
+	const auto Tell = [&InPath](int64 InCount, const char* InWhere)
+	{
+		if (InCount > 0)
+		{
+			PrintNote(InPath + ": --offset moves " + CountComments(InCount) + " " + InWhere);
+		}
+	};
+	Tell(NumEarly, "less than a second before 0 s, which come at the start");
+	Tell(NumBefore, "before 0 s, which is never reached: left out");
+	Tell(NumBehind, "to 24 h or later, which is never reached: left out");
+}
+
+/** The n-th input's comments, with what there is to tell of them told. */
+bool Gather(FCommentsInput& InOutInput, int64 InOffset, std::string& OutError)
+{
+	if (InOutInput.Bytes && !InOutInput.ImportOwn(OutError))
+	{
+		return false;
+	}
+	PrintNote(DescribeImport(InOutInput.Report));
+	PrintNotes(DescribeLosses(InOutInput.Report));
+	if (InOffset != 0)
+	{
+		Move(InOutInput.Comments, InOffset, InOutInput.Report.Path);
+	}
+	return true;
+}
+
+/** Everything is read before anything is written. */
+std::optional<std::vector<FCommentsInput>> ReadInputs(const FConvertArguments& InArguments, const FKindPolicy& InKinds,
+													  std::string& OutError)
+{
+	std::vector<FCommentsInput> Inputs;
+	for (const std::string& Path : InArguments.Inputs)
+	{
+		if (InArguments.Output != StandardOutput)
+		{
+			OutError = OutputObstacle(Path, InArguments.Output);
+		}
+		std::optional<FCommentsInput> Input =
+			OutError.empty() ? FCommentsInput::Read(Path, InKinds, OutError) : std::nullopt;
+		if (!Input)
+		{
+			return std::nullopt;
+		}
+		Inputs.push_back(std::move(*Input));
+	}
+	return Inputs;
+}
+
+using FWriteText = std::function<bool(const FTextOutput&)>;
+
+bool WriteOutput(const std::string& InPath, const FWriteText& InWrite, std::string& OutError)
+{
+	if (InPath == StandardOutput)
+	{
+		// That it cannot be written shows when the program ends, as with every other output.
+		InWrite([](std::string_view InPiece)
+				{ return std::fwrite(InPiece.data(), 1, InPiece.size(), stdout) == InPiece.size(); });
+		return true;
+	}
+	const std::unique_ptr<FTemporaryFile> File = FTemporaryFile::Create(InPath, OutError);
+	return File && InWrite([&](std::string_view InPiece) { return File->Write(InPiece, OutError); }) &&
+		   File->Commit(OutError);
+}
+
+/** Our own document without any wish for a change keeps its bytes. */
+bool CopyDocument(const FConvertArguments& InArguments, const FCommentsInput& InInput, std::string& OutError)
+{
+	if (!InInput.IsDocument(OutError))
+	{
+		return false;
+	}
+	PrintNote(InInput.Report.Path + ": is a comment document already, and is copied as it is");
+	return WriteOutput(
+		InArguments.Output, [&](const FTextOutput& InOutput) { return InOutput(*InInput.Bytes); }, OutError);
+}
+
+bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsInput> InInputs,
+				   const FCommentFilter* InFilter, std::string& OutError)
+{
+	std::vector<FServiceComment> Comments;
+	for (std::size_t Index = 0; Index < InInputs.size(); ++Index)
+	{
+		std::vector<FServiceComment>& More = InInputs[Index].Comments;
+		if (!Gather(InInputs[Index], InArguments.GetOffset(Index), OutError))
+		{
+			return false;
+		}
+		Comments.insert(Comments.end(), std::make_move_iterator(More.begin()), std::make_move_iterator(More.end()));
+		InInputs[Index] = {};
+	}
+	if (InInputs.size() > 1)
+	{
+		std::ranges::stable_sort(Comments, {}, &FServiceComment::SpawnTicks);
+	}
+	for (const FFilterRule& Rule : InFilter != nullptr ? InFilter->Apply(Comments) : std::vector<FFilterRule>())
+	{
+		PrintNote(DescribeRule(Rule));
+	}
+	const FWriteText Write = [&Comments](const FTextOutput& InOutput)
+	{
+		return WriteCommentDocument(Comments, InOutput);
+	};
+	if (!WriteOutput(InArguments.Output, Write, OutError))
+	{
+		return false;
+	}
+	const std::string Name = InArguments.Output == StandardOutput ? "standard output" : InArguments.Output;
+	PrintNote(Name + ": " + CountComments(static_cast<int64>(Comments.size())) + " written");
+	return true;
+}
+
+int RunConvert(const FConvertArguments& InArguments)
+{
+	std::string Error;
+	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments.CommentOptions, Error);
+	std::optional<std::vector<FCommentsInput>> Inputs =
+		Settings ? ReadInputs(InArguments, Settings->Options.Kinds, Error) : std::nullopt;
+	if (!Inputs)
+	{
+		return PrintError(Error);
+	}
+	const bool bUnchanged =
+		Inputs->size() == 1 && Inputs->front().Bytes && !Settings->Filter && InArguments.GetOffset(0) == 0;
+	const bool bDone = bUnchanged ? CopyDocument(InArguments, Inputs->front(), Error)
+								  : WriteComments(InArguments, std::move(*Inputs), Settings->Filter.get(), Error);
+	return bDone ? ExitSuccess : PrintError(Error);
+}
+
+constexpr const char* Footer =
+	R"(Several files become one document, ordered by time; the n-th --offset belongs to the n-th file, and those without
+one are not moved. What was read, left out and written is told on standard error.
+OUT appears under its name only when it is whole; an earlier file of that name is replaced then.
+
+Examples:
+  flitmark convert comments.xml -o comments.json
+  flitmark convert part1.xml part2.xml -o both.json --offset 0 --offset 24:10
+  flitmark convert comments.json -o calmer.json --offset -1.5 --merge 5 --max-per-second 20 --block "(?i)spoiler"
+  flitmark convert comments.xml -o - | jq '.datas | length')";
+
+} // namespace
+
+void AddConvertCommand(CLI::App& App, int& OutExitCode)
+{
+	const auto Arguments = std::make_shared<FConvertArguments>();
+	CLI::App* const Command =
+		App.add_subcommand("convert", "Make a comment document of files of comments in any known format");
+	Command->add_option("IN", Arguments->Inputs, "Files of comments")->required();
+	Command->add_option("-o,--output", Arguments->Output, "The document to make; - for standard output")
+		->type_name("OUT")
+		->required();
+	Command
+		->add_option("--offset", Arguments->Offsets,
+					 "Move a file's comments by this time, back with a minus sign; one for each file")
+		->type_name("TIME")
+		->allow_extra_args(false)
+		->check(MakeCheck(&ParseOffset, "is no time such as 90, 1:30 or -0:05.5, of a day at most"));
+	AddCommentOptions(*Command, Arguments->CommentOptions);
+	Command->footer(Footer);
+	Command->callback(
+		[Arguments, &OutExitCode]
+		{
+			if (Arguments->Offsets.size() > Arguments->Inputs.size())
+			{
+				throw CLI::ValidationError("--offset", "is given " + std::to_string(Arguments->Offsets.size()) +
+														   " times for " + std::to_string(Arguments->Inputs.size()) +
+														   (Arguments->Inputs.size() == 1 ? " file" : " files"));
+			}
+			OutExitCode = RunConvert(*Arguments);
+		});
+}
+
+} // namespace Flitmark

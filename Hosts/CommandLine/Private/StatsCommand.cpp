@@ -1,0 +1,116 @@
+#include "StatsCommand.h"
+
+#include "CommentOptions.h"
+#include "DensityPicture.h"
+#include "ExitCodes.h"
+#include "Message.h"
+#include "StatsReport.h"
+#include "TemporaryFile.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+struct FStatsArguments
+{
+	std::string Comments;
+	std::string Picture;
+	FCommentArguments CommentOptions;
+};
+
+/** How many entries the lists of minutes and texts have. */
+constexpr std::size_t MostListed = 5;
+
+/** Of the picture. */
+constexpr std::size_t MostMarks = 6;
+
+bool WritePicture(const FStatsArguments& InArguments, const FCommentStats& InStats,
+				  const std::vector<FServiceComment>& InComments, std::string& OutError)
+{
+	FDensityPicture Picture;
+	Picture.Title = std::filesystem::path(InArguments.Comments).filename().string();
+	Picture.SpawnTicks = GatherSpawnTicks(InComments);
+	Picture.DurationTicks = InStats.LastTicks + 1;
+	Picture.Subtitle = CountComments(InStats.NumComments) + " in " + FormatMediaTime(InStats.LastTicks);
+	if (InStats.NumUsers > 1)
+	{
+		Picture.Subtitle += " by " + FormatCount(InStats.NumUsers) + " users";
+	}
+	Picture.Marks = FindBusyMoments(InComments, Picture.DurationTicks, MostMarks);
+	return WriteWholeFile(InArguments.Picture, DrawDensityPicture(Picture), OutError);
+}
+
+int RunStats(const FStatsArguments& InArguments)
+{
+	std::string Error = InArguments.Picture.empty() ? "" : OutputObstacle(InArguments.Comments, InArguments.Picture);
+	const std::optional<FCommentSettings> Settings =
+		Error.empty() ? FCommentSettings::Make(InArguments.CommentOptions, Error) : std::nullopt;
+	std::optional<FCommentsInput> Input =
+		Settings ? FCommentsInput::Read(InArguments.Comments, Settings->Options.Kinds, Error) : std::nullopt;
+	if (!Input || (Input->Bytes && !Input->ImportOwn(Error)))
+	{
+		return PrintError(Error);
+	}
+	std::printf("%s\n", DescribeImport(Input->Report).c_str());
+	for (const std::string& Line : DescribeLosses(Input->Report))
+	{
+		std::printf("%s\n", Line.c_str());
+	}
+	for (const FFilterRule& Rule :
+		 Settings->Filter ? Settings->Filter->Apply(Input->Comments) : std::vector<FFilterRule>())
+	{
+		std::printf("%s\n", DescribeRule(Rule).c_str());
+	}
+	const FCommentStats Stats = GatherStats(Input->Comments, MostListed);
+	const std::string Report = DescribeStats(Stats, GatherSpawnTicks(Input->Comments), FStatsLook::OfStandardOutput());
+	std::printf("%s%s", Report.empty() ? "" : "\n", Report.c_str());
+	if (!InArguments.Picture.empty())
+	{
+		if (!WritePicture(InArguments, Stats, Input->Comments, Error))
+		{
+			return PrintError(Error);
+		}
+		std::printf("\n%s: the density over time\n", InArguments.Picture.c_str());
+	}
+	return ExitSuccess;
+}
+
+constexpr const char* Footer =
+	R"(Words and texts that several comments of a minute have are told with how many have them; case does not matter.
+
+Examples:
+  flitmark stats comments.xml
+  flitmark stats comments.json -o density.svg --only scroll)";
+
+} // namespace
+
+void AddStatsCommand(CLI::App& App, int& OutExitCode)
+{
+	const auto Arguments = std::make_shared<FStatsArguments>();
+	CLI::App* const Command =
+		App.add_subcommand("stats", "Tell what is in a file of comments: when, what, how, by how many");
+	Command->add_option("COMMENTS", Arguments->Comments, "File of comments, in any known format")->required();
+	Command->add_option("-o,--output", Arguments->Picture, "Also draw the density over time, *.svg")
+		->type_name("PICTURE")
+		->check(CLI::Validator(
+			[](const std::string& InName)
+			{
+				return InName.ends_with(".svg") || InName.ends_with(".SVG")
+						   ? std::string()
+						   : "\"" + InName + "\" must end in .svg: only SVG is drawn";
+			},
+			""));
+	AddCommentOptions(*Command, Arguments->CommentOptions);
+	Command->footer(Footer);
+	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunStats(*Arguments); });
+}
+
+} // namespace Flitmark

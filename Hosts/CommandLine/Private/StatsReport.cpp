@@ -1,0 +1,222 @@
+#include "StatsReport.h"
+
+#include "CommentDensity.h"
+#include "CommentTraits.h"
+#include "CommentsReport.h"
+#include "DensityPicture.h"
+#include "TerminalText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** Where the lines' texts begin, behind their heads. */
+constexpr std::size_t Indent = 10;
+
+constexpr std::int64_t SecondsPerMinute = 60;
+
+std::string Pad(std::string InText, std::size_t InWidth)
+{
+	return InText.size() < InWidth ? InText + std::string(InWidth - InText.size(), ' ') : InText;
+}
+
+std::string PadLeft(const std::string& InText, std::size_t InWidth)
+{
+	return InText.size() < InWidth ? std::string(InWidth - InText.size(), ' ') + InText : InText;
+}
+
+class FStatsWriter
+{
+public:
+	FStatsWriter(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks, const FStatsLook& InLook)
+		: Stats(InStats)
+		, SpawnTicks(InSpawnTicks)
+		, Look(InLook)
+	{
+	}
+
+	std::string Write()
+	{
+		if (Stats.NumComments == 0)
+		{
+			return {};
+		}
+		AddDensity();
+		AddTotals();
+		AddMinutes();
+		AddLooks();
+		AddTexts();
+		return std::move(Text);
+	}
+
+private:
+	/** A line, cut where it would be too long. */
+	void Add(const char* InHead, const std::string& InLine)
+	{
+		const std::size_t Room = Look.Width > Indent + 1 ? Look.Width - Indent - 1 : 1;
+		Text += Pad(InHead, Indent) + CutToColumns(InLine, Room) + "\n";
+	}
+
+	/** One row of blocks, and the times below its ends. */
+	void AddDensity()
+	{
+		constexpr const char* Blocks[] = {" ", "▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
+		constexpr float Highest = std::size(Blocks) - 1;
+		// The last column stays free, since writing there breaks the line on some terminals.
+		const std::size_t Columns = std::max<std::size_t>(Look.Width, 12) - 1;
+		const int64 Duration = Stats.LastTicks + 1;
+		const std::vector<float> Density = ComputeDensity(SpawnTicks, Duration, Columns, 0.0);
+		const float Most = Density.empty() ? 0.f : *std::ranges::max_element(Density);
+		if (SpawnTicks.empty())
+		{
+			return;
+		}
+		for (const float Count : Density)
+		{
+			Text += Blocks[static_cast<std::size_t>(std::ceil(Count / Most * Highest))];
+		}
+		const std::string End = FormatMediaTime(Stats.LastTicks);
+		Text += "\n0:00" + PadLeft(End, Columns - 4) + "\n\n";
+	}
+
+	void AddTotals()
+	{
+		std::string Total = CountComments(Stats.NumComments) + ", " + FormatCount(Stats.NumTexts) +
+							(Stats.NumTexts == 1 ? " different text" : " different texts");
+		if (Stats.NumNeverReached > 0)
+		{
+			Total += ", " + FormatCount(Stats.NumNeverReached) + " never reached";
+		}
+		Add("total", Total);
+		if (!SpawnTicks.empty())
+		{
+			Add("length", FormatMediaTime(Stats.FirstTicks) + " to " + FormatMediaTime(Stats.LastTicks) + TellRate());
+		}
+		std::string Users = Stats.NumUsers > 0 ? FormatCount(Stats.NumUsers) : "none are told";
+		if (Stats.NumUsers > 0 && Stats.NumWithoutUser > 0)
+		{
+			Users += ", and " + CountComments(Stats.NumWithoutUser) + " of which no user is told";
+		}
+		Add("users", Users);
+	}
+
+	/** Of less than a minute there is none. */
+	std::string TellRate() const
+	{
+		const double Minutes = static_cast<double>(Stats.LastTicks) / (SecondsPerMinute * TicksPerSecond);
+		char Rate[64] = "";
+		if (Minutes >= 1.0)
+		{
+			std::snprintf(Rate, sizeof(Rate), ", %.1f a minute", static_cast<double>(SpawnTicks.size()) / Minutes);
+		}
+		return Rate;
+	}
+
+	void AddMinutes()
+	{
+		const char* Head = "busiest";
+		for (const FBusyMinute& Busy : Stats.BusyMinutes)
+		{
+			std::string Line = PadLeft(FormatMediaTime(Busy.Minute * SecondsPerMinute * TicksPerSecond), 7) +
+							   PadLeft(FormatCount(Busy.NumComments), 8);
+			for (const FCommentTerm& Term : Busy.Terms)
+			{
+				Line += (&Term == &Busy.Terms.front() ? "  " : ", ") + Term.Text + " ×" + FormatCount(Term.Count);
+			}
+			Add(Head, Line);
+			Head = "";
+		}
+	}
+
+	void AddLooks()
+	{
+		constexpr std::string_view Names[] = {"scroll",		"top",	   "bottom", "from left to right",
+											  "positioned", "scripts", "unknown"};
+		std::string Modes;
+		for (std::size_t Kind = 0; Kind < Stats.NumOfKind.size(); ++Kind)
+		{
+			if (Stats.NumOfKind[Kind] > 0)
+			{
+				Modes +=
+					(Modes.empty() ? "" : ", ") + FormatCount(Stats.NumOfKind[Kind]) + " " + std::string(Names[Kind]);
+			}
+		}
+		Add("modes", Modes);
+		Add("sizes", List(Stats.Sizes, [](int32 InSize) { return std::to_string(InSize) + " pt"; }));
+		Text += Pad("colours", Indent) + List(Stats.Colors, [this](uint32 InColor) { return DescribeColor(InColor); }) +
+				"\n";
+	}
+
+	template <class T, class FDescribe>
+	std::string List(const std::vector<TValueCount<T>>& InValues, FDescribe InDescribe) const
+	{
+		constexpr std::size_t MostListed = 4;
+		std::string Line;
+		for (std::size_t Index = 0; Index < std::min(InValues.size(), MostListed); ++Index)
+		{
+			Line +=
+				(Index > 0 ? ", " : "") + InDescribe(InValues[Index].Value) + " ×" + FormatCount(InValues[Index].Count);
+		}
+		const std::size_t More = InValues.size() - std::min(InValues.size(), MostListed);
+		return More > 0 ? Line + ", " + FormatCount(static_cast<int64>(More)) + " more" : Line;
+	}
+
+	std::string DescribeColor(uint32 InColor) const
+	{
+		char Name[16];
+		const bool bOpaque = (InColor & 0xFF) == 0xFF;
+		std::snprintf(Name, sizeof(Name), bOpaque ? "#%06X" : "#%08X", bOpaque ? InColor >> 8 : InColor);
+		if (!Look.bColors)
+		{
+			return Name;
+		}
+		char Block[64];
+		std::snprintf(Block, sizeof(Block), "\033[48;2;%u;%u;%um  \033[0m ", InColor >> 24, InColor >> 16 & 0xFF,
+					  InColor >> 8 & 0xFF);
+		return std::string(Block) + Name;
+	}
+
+	void AddTexts()
+	{
+		const char* Head = "repeated";
+		for (const FRepeatedText& Repeated : Stats.Repeated)
+		{
+			Add(Head, PadLeft("×" + FormatCount(Repeated.Count), 8 + 1) + "  " + Repeated.Text);
+			Head = "";
+		}
+		Head = "longest";
+		for (const FLongText& Long : Stats.Longest)
+		{
+			Add(Head, PadLeft(FormatMediaTime(Long.SpawnTicks), 7) + "  " + FormatCount(Long.NumCharacters) +
+						  (Long.NumCharacters == 1 ? " character: " : " characters: ") + Long.Text);
+			Head = "";
+		}
+	}
+
+	const FCommentStats& Stats;
+	const std::vector<int64>& SpawnTicks;
+	const FStatsLook& Look;
+	std::string Text;
+};
+
+} // namespace
+
+FStatsLook FStatsLook::OfStandardOutput()
+{
+	const std::optional<std::size_t> Width = GetTerminalWidth(stdout);
+	return Width ? FStatsLook{*Width, true} : FStatsLook{};
+}
+
+std::string DescribeStats(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks,
+						  const FStatsLook& InLook)
+{
+	return FStatsWriter(InStats, InSpawnTicks, InLook).Write();
+}
+
+} // namespace Flitmark

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace Flitmark
+{
+
+/** Columns of the terminal that a stream goes to; empty where it goes to none. */
+std::optional<std::size_t> GetTerminalWidth(std::FILE* InStream);
+
+/**
+ * The text, or as much of its beginning as fits into so many columns, with an ellipsis. Characters that a terminal acts
+ * on, such as escapes, are left out: comments are anybody's.
+ */
+std::string CutToColumns(std::string_view InText, std::size_t InColumns);
+
+} // namespace Flitmark

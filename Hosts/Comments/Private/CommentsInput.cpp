@@ -1,0 +1,301 @@
+#include "CommentsInput.h"
+
+#include "CommentDocumentWriter.h"
+#include "Files.h"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** What DetectFormat wants to see. */
+constexpr std::size_t HeadSize = 65'536;
+
+/** Bytes that are there already. */
+class FMemorySource final : public IByteSource
+{
+public:
+	explicit FMemorySource(std::string_view InBytes)
+		: Rest(InBytes)
+		, Size(InBytes.size())
+	{
+	}
+
+	std::size_t Read(char* OutData, std::size_t InSize) override
+	{
+		const std::size_t Count = std::min(InSize, Rest.size());
+		std::memcpy(OutData, Rest.data(), Count);
+		Rest.remove_prefix(Count);
+		return Count;
+	}
+	std::uint64_t GetSize() const override { return Size; }
+
+private:
+	std::string_view Rest;
+	const std::uint64_t Size;
+};
+
+bool IsOwn(ECommentFormat InFormat)
+{
+	return InFormat == ECommentFormat::Own || InFormat == ECommentFormat::Unknown;
+}
+
+bool IsJson(ECommentFormat InFormat)
+{
+	return InFormat == ECommentFormat::ParametersJson || InFormat == ECommentFormat::RowsJson ||
+		   InFormat == ECommentFormat::ChatJson || InFormat == ECommentFormat::ObjectsJson;
+}
+
+/** Whether a text has the name of our document's list somewhere, in any case: only then can it be one. */
+bool NamesList(std::string_view InText)
+{
+	constexpr std::string_view Name = "datas";
+	const auto Same = [](char InLetter, char InOther)
+	{
+		return (InLetter | 0x20) == InOther;
+	};
+	return std::search(InText.begin(), InText.end(), Name.begin(), Name.end(), Same) != InText.end();
+}
+
+struct FFileLook
+{
+	ECommentFormat Format = ECommentFormat::Unknown;
+	/** Whether it could be our own document, whatever its beginning looks like. */
+	bool bMayBeOwn = true;
+};
+
+/** What a plain file looks like; nothing for what can be read only once, or not at all. */
+std::optional<FFileLook> LookAtFile(const std::string& InPath)
+{
+	std::error_code Ignored;
+	if (!std::filesystem::is_regular_file(InPath, Ignored))
+	{
+		return std::nullopt;
+	}
+	std::ifstream File(InPath, std::ios::binary);
+	std::string Piece(HeadSize, '\0');
+	File.read(Piece.data(), static_cast<std::streamsize>(Piece.size()));
+	FFileLook Look;
+	Look.Format = DetectFormat(std::string_view(Piece).substr(0, static_cast<std::size_t>(File.gcount())));
+	Look.bMayBeOwn = IsOwn(Look.Format);
+	// The end of one piece and the beginning of the next are looked at together.
+	constexpr std::size_t Overlap = 8;
+	std::string Seen = Piece.substr(0, static_cast<std::size_t>(File.gcount()));
+	while (IsJson(Look.Format) && !Look.bMayBeOwn && !Seen.empty())
+	{
+		Look.bMayBeOwn = NamesList(Seen);
+		File.read(Piece.data(), static_cast<std::streamsize>(Piece.size()));
+		const auto Size = static_cast<std::size_t>(File.gcount());
+		Seen = Size > 0 ? Seen.substr(Seen.size() - std::min(Overlap, Seen.size())) + Piece.substr(0, Size) : "";
+	}
+	return File.bad() ? std::nullopt : std::optional(Look);
+}
+
+/** The format of a whole text. What the overlay takes for a document is one, whatever else there is in it. */
+ECommentFormat DetectWhole(const std::string& InBytes)
+{
+	const ECommentFormat Format = DetectFormat(std::string_view(InBytes).substr(0, HeadSize));
+	const bool bOwn = IsJson(Format) && NamesList(InBytes) && !FCommentDocument::Read(FromUtf8(InBytes)).GetFault();
+	return bOwn ? ECommentFormat::Own : Format;
+}
+
+/** Reads another format's comments: from the bytes where there are some, piece by piece from the file otherwise. */
+bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
+{
+	FImportResult Result;
+	bool bRead = false;
+	if (InOutInput.Bytes)
+	{
+		FMemorySource Source(*InOutInput.Bytes);
+		bRead = ImportComments(Source, Result, OutError);
+		OutError = bRead ? std::string() : InOutInput.Report.Path + ": " + OutError;
+	}
+	else
+	{
+		bRead = ImportComments(InOutInput.Report.Path, Result, OutError);
+	}
+	InOutInput.Report.bImported = true;
+	InOutInput.Report.Import = std::move(Result.Report);
+	InOutInput.Comments = std::move(Result.Comments);
+	return bRead;
+}
+
+/** Makes the document that the overlay is handed of comments that were read, with the filter's work done. */
+bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommentsFile& OutFile, std::string& OutError)
+{
+	if (InOptions.Filter != nullptr)
+	{
+		OutFile.Rules = InOptions.Filter->Apply(InInput.Comments);
+	}
+	const std::string Text = WriteCommentDocument(InInput.Comments);
+	InInput.Comments = {};
+	if (Text.size() > static_cast<std::size_t>(std::numeric_limits<int32>::max()))
+	{
+		OutError = InInput.Report.Path +
+				   ": has more than 2 GiB of comments, which is more than can be shown; leave some "
+				   "out, as with --max-per-second";
+		return false;
+	}
+	OutFile.Text = FromUtf8(Text);
+	OutFile.Report = std::move(InInput.Report);
+	return true;
+}
+
+/** Our own document as it is, or its comments where a filter is to work on them; false where it is none. */
+bool ReadOwn(FCommentsInput& InOutInput, bool bInFiltered, FCommentsFile& OutFile, std::string& OutError,
+			 std::optional<FDocumentFault>* OutFault)
+{
+	OutFile.Text = FromUtf8(*InOutInput.Bytes);
+	if (!bInFiltered)
+	{
+		// As large as all that follows.
+		InOutInput.Bytes.emplace().shrink_to_fit();
+	}
+	OutFile.Document = FCommentDocument::Read(OutFile.Text);
+	if (OutFile.Document.GetFault())
+	{
+		OutError = DescribeFault(InOutInput.Report.Path, OutFile.Text, *OutFile.Document.GetFault());
+		if (OutFault != nullptr)
+		{
+			*OutFault = OutFile.Document.GetFault();
+		}
+		return false;
+	}
+	OutFile.Report = InOutInput.Report;
+	if (bInFiltered)
+	{
+		OutFile = {};
+		return ImportOther(InOutInput, OutError);
+	}
+	return true;
+}
+
+} // namespace
+
+std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, const FKindPolicy& InKinds,
+												   std::string& OutError)
+{
+	FCommentsInput Input;
+	Input.Report.Path = InPath;
+	const std::optional<FFileLook> Look = LookAtFile(InPath);
+	Input.Report.Import.Format = Look ? Look->Format : ECommentFormat::Unknown;
+	if (!Look || Look->bMayBeOwn)
+	{
+		Input.Bytes = LoadBytes(InPath, OutError);
+		if (!Input.Bytes)
+		{
+			return std::nullopt;
+		}
+		Input.Report.Import.Format = DetectWhole(*Input.Bytes);
+	}
+	if (IsOwn(Input.Report.Import.Format))
+	{
+		return Input;
+	}
+	if (!ImportOther(Input, OutError))
+	{
+		return std::nullopt;
+	}
+	Input.Bytes.reset();
+	std::ranges::stable_sort(Input.Comments, {}, &FServiceComment::SpawnTicks);
+	Input.Report.Kinds = ApplyKindPolicy(Input.Comments, InKinds);
+	return Input;
+}
+
+bool FCommentsInput::ImportOwn(std::string& OutError)
+{
+	return IsDocument(OutError) && ImportOther(*this, OutError);
+}
+
+bool FCommentsInput::IsDocument(std::string& OutError) const
+{
+	const FString Text = FromUtf8(*Bytes);
+	const FCommentDocument Document = FCommentDocument::Read(Text);
+	if (Document.GetFault())
+	{
+		OutError = DescribeFault(Report.Path, Text, *Document.GetFault());
+	}
+	return !Document.GetFault();
+}
+
+std::vector<std::string> FCommentsFile::MakeNotes() const
+{
+	std::vector<std::string> Notes = DescribeLosses(Report);
+	for (const FFilterRule& Rule : Rules)
+	{
+		Notes.push_back(DescribeRule(Rule));
+	}
+	return Notes;
+}
+
+std::string DescribeFault(const std::string& InPath, const FString& InText, const FDocumentFault& InFault)
+{
+	const std::u16string& Units = InText.GetStd();
+	const std::size_t First = Units.find_first_not_of(u" \t\r\n");
+	if (First != std::u16string::npos && Units[First] != u'{' && Units[First] != u'[')
+	{
+		return InPath + ": is in no known format of comments; known are our own documents, XML lists, JSON lists, "
+						"objects and lines, and binary messages: Docs/formats.md describes them";
+	}
+	if (InFault.Line > 0)
+	{
+		return InPath + ":" + std::to_string(InFault.Line) + ":" + std::to_string(InFault.Column) + ": " +
+			   InFault.Reason;
+	}
+	return InPath + ": " + InFault.Reason +
+		   "; a comment document is a JSON object like {\"datas\": [{\"danmaku_content\": \"Hello\", ...}, ...]}, and "
+		   "Docs/formats.md describes the other formats that are known";
+}
+
+std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FCommentsOptions& InOptions,
+										  std::string& OutError, std::optional<FDocumentFault>* OutFault)
+{
+	std::optional<FCommentsInput> Input = FCommentsInput::Read(InPath, InOptions.Kinds, OutError);
+	if (!Input)
+	{
+		return std::nullopt;
+	}
+	FCommentsFile File;
+	if (Input->Bytes && !ReadOwn(*Input, InOptions.Filter != nullptr, File, OutError, OutFault))
+	{
+		return std::nullopt;
+	}
+	if (Input->Bytes && InOptions.Filter == nullptr)
+	{
+		return File;
+	}
+	if (!MakeFile(std::move(*Input), InOptions, File, OutError))
+	{
+		return std::nullopt;
+	}
+	File.Document = FCommentDocument::Read(File.Text);
+	return File;
+}
+
+std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FCommentsOptions& InOptions,
+										 std::string& OutError)
+{
+	std::optional<FCommentsInput> Input = FCommentsInput::Read(InPath, InOptions.Kinds, OutError);
+	if (!Input)
+	{
+		return std::nullopt;
+	}
+	FCommentsFile File;
+	std::string Ignored;
+	if (Input->Bytes && (InOptions.Filter == nullptr || !Input->ImportOwn(Ignored)))
+	{
+		File.Text = FromUtf8(*Input->Bytes);
+		File.Report = std::move(Input->Report);
+		return File;
+	}
+	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
+}
+
+} // namespace Flitmark

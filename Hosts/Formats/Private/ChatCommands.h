@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ServiceComment.h"
+
+#include <string_view>
+
+namespace Flitmark
+{
+
+/** Applies one or more blank-parted commands, such as `ue small red`; unknown ones change nothing. */
+void ApplyChatCommands(std::string_view InCommands, FServiceComment& InOutComment);
+
+} // namespace Flitmark

@@ -1,0 +1,155 @@
+#include "CleanText.h"
+
+#include "Utf8.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr std::string_view Replacement = "\xEF\xBF\xBD";
+
+/** Whether eight bytes are all printable ASCII. */
+bool IsPlainAscii(std::uint64_t InEight)
+{
+	constexpr std::uint64_t Ones = 0x0101010101010101U;
+	constexpr std::uint64_t HighBits = Ones * 0x80;
+	// No byte has its high bit, none is below a blank, and none would come to 0x80 with one more.
+	return ((InEight | (InEight - Ones * 0x20) | (InEight + Ones)) & HighBits) == 0;
+}
+
+/** Whether a character stays as it is; wrong bytes come as a negative one. */
+bool IsKept(UChar32 InCharacter)
+{
+	const bool bControl = (InCharacter < 0x20 && InCharacter != '\n' && InCharacter != '\t') || InCharacter == 0x7F;
+	const bool bNone = (InCharacter & 0xFFFE) == 0xFFFE;
+	return !bControl && !bNone;
+}
+
+/** Whether a character of three bytes begins at a place whose first byte alone tells that it is to be kept. */
+bool IsPlainTriple(std::string_view InText, std::size_t InPlace)
+{
+	if (InText.size() - InPlace < 3)
+	{
+		return false;
+	}
+	const auto GetByte = [InText, InPlace](std::size_t InIndex)
+	{
+		return static_cast<unsigned char>(InText[InPlace + InIndex]);
+	};
+	// Not overlong (E0), no surrogate (ED), none of the last (EF).
+	return GetByte(0) > 0xE0 && GetByte(0) < 0xED && (GetByte(1) & 0xC0) == 0x80 && (GetByte(2) & 0xC0) == 0x80;
+}
+
+/** How much of the text's start needs no cleaning. */
+std::size_t FindUnclean(std::string_view InText)
+{
+	std::size_t Place = 0;
+	while (Place < InText.size())
+	{
+		std::uint64_t Eight = 0;
+		if (InText.size() - Place >= sizeof(Eight))
+		{
+			std::memcpy(&Eight, InText.data() + Place, sizeof(Eight));
+			if (IsPlainAscii(Eight))
+			{
+				Place += sizeof(Eight);
+				continue;
+			}
+		}
+		if (IsPlainTriple(InText, Place))
+		{
+			Place += 3;
+			continue;
+		}
+		const std::size_t Start = Place;
+		if (!IsKept(TakeCharacter(InText, Place)))
+		{
+			return Start;
+		}
+	}
+	return InText.size();
+}
+
+std::string CleanFrom(std::string_view InText, std::size_t InFirst)
+{
+	std::string Clean(InText.substr(0, InFirst));
+	std::size_t Place = InFirst;
+	while (Place < InText.size())
+	{
+		const std::size_t Start = Place;
+		const UChar32 Character = TakeCharacter(InText, Place);
+		if (Character == '\r')
+		{
+			Clean += InText.substr(Place, 1) == "\n" ? "" : "\n";
+		}
+		else if (Character < 0)
+		{
+			Clean += Replacement;
+		}
+		else if (IsKept(Character))
+		{
+			Clean += InText.substr(Start, Place - Start);
+		}
+	}
+	return Clean;
+}
+
+} // namespace
+
+void CleanText(std::string& InOutText)
+{
+	const std::size_t First = FindUnclean(InOutText);
+	if (First < InOutText.size())
+	{
+		InOutText = CleanFrom(InOutText, First);
+	}
+}
+
+std::string MakeCleanText(std::string_view InText)
+{
+	const std::size_t First = FindUnclean(InText);
+	return First == InText.size() ? std::string(InText) : CleanFrom(InText, First);
+}
+
+void BreakLines(std::string& InOutText)
+{
+	std::size_t From = InOutText.find("/n");
+	if (From == std::string::npos)
+	{
+		return;
+	}
+	std::size_t To = From;
+	while (From < InOutText.size())
+	{
+		const bool bBreak = InOutText[From] == '/' && From + 1 < InOutText.size() && InOutText[From + 1] == 'n';
+		InOutText[To++] = bBreak ? '\n' : InOutText[From];
+		From += bBreak ? 2 : 1;
+	}
+	InOutText.resize(To);
+}
+
+void MakeUtf8(std::string& InOutText)
+{
+	std::string Valid;
+	std::size_t Copied = 0;
+	for (std::size_t Place = 0; Place < InOutText.size();)
+	{
+		const std::size_t Start = Place;
+		if (TakeCharacter(InOutText, Place) < 0)
+		{
+			Valid.append(InOutText, Copied, Start - Copied).append(Replacement);
+			Copied = Place;
+		}
+	}
+	if (Copied > 0)
+	{
+		InOutText = Valid.append(InOutText, Copied);
+	}
+}
+
+} // namespace Flitmark

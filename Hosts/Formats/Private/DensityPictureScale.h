@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace Flitmark
+{
+
+/** The shortest usual step of time, in seconds, of which InSeconds hold no more than InMost. */
+std::int64_t ChooseTimeStep(double InSeconds, std::size_t InMost);
+
+/** The least 1, 2 or 5 times a power of ten, and a whole number, of which InTop holds no more than InMost. */
+double ChooseCountStep(double InTop, std::size_t InMost);
+
+/** The bins in which a picture counts. */
+struct FDensityBins
+{
+	/** A usual step of time. */
+	std::int64_t Seconds = 1;
+	std::size_t Num = 1;
+	/** Standard deviation in bins of the curve's smoothing. */
+	double Smoothing = 1.0;
+
+	/** So many whole bins that they cover the duration and are wide enough to be seen. */
+	static FDensityBins Choose(std::int64_t InDurationTicks);
+
+	/** What the bins cover. */
+	std::int64_t GetTicks() const;
+};
+
+} // namespace Flitmark

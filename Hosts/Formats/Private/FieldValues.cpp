@@ -1,0 +1,201 @@
+#include "FieldValues.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <chrono>
+#include <cmath>
+#include <limits>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr std::uint32_t Opaque = 0xFF;
+
+std::string_view Trim(std::string_view InText)
+{
+	constexpr std::string_view Blanks = " \t\r\n";
+	const std::size_t Begin = std::min(InText.find_first_not_of(Blanks), InText.size());
+	InText.remove_prefix(Begin);
+	InText = InText.substr(0, InText.find_last_not_of(Blanks) + 1);
+	return InText.starts_with('+') ? InText.substr(1) : InText;
+}
+
+std::uint32_t WithoutOpacity(std::uint32_t InRgb)
+{
+	return (InRgb & 0xFFFFFF) << 8 | Opaque;
+}
+
+std::optional<std::uint32_t> ParseHexColor(std::string_view InDigits)
+{
+	std::uint32_t Value = 0;
+	const char* const End = InDigits.data() + InDigits.size();
+	const auto [Stop, Error] = std::from_chars(InDigits.data(), End, Value, 16);
+	if (Error != std::errc() || Stop != End)
+	{
+		return std::nullopt;
+	}
+	switch (InDigits.size())
+	{
+	case 3:
+		return WithoutOpacity((Value >> 8 & 15) * 0x110000 | (Value >> 4 & 15) * 0x1100 | (Value & 15) * 0x11);
+	case 6:
+		return WithoutOpacity(Value);
+	default:
+		return std::nullopt;
+	}
+}
+
+} // namespace
+
+std::optional<double> ParseNumber(std::string_view InText)
+{
+	const std::string_view Text = Trim(InText);
+	double Number = 0.0;
+	const char* const End = Text.data() + Text.size();
+	const auto [Stop, Error] = std::from_chars(Text.data(), End, Number);
+	if (Error != std::errc() || Stop != End || !std::isfinite(Number))
+	{
+		return std::nullopt;
+	}
+	return Number;
+}
+
+std::optional<std::int64_t> ParseInteger(std::string_view InText)
+{
+	const std::string_view Text = Trim(InText);
+	std::int64_t Integer = 0;
+	const char* const End = Text.data() + Text.size();
+	const auto [Stop, Error] = std::from_chars(Text.data(), End, Integer);
+	if (Error == std::errc() && Stop == End)
+	{
+		return Integer;
+	}
+	const std::optional<double> Number = ParseNumber(Text);
+	if (!Number)
+	{
+		return std::nullopt;
+	}
+	constexpr double Limit = 9223372036854775808.0;
+	if (std::abs(*Number) >= Limit)
+	{
+		return *Number > 0 ? std::numeric_limits<std::int64_t>::max() : std::numeric_limits<std::int64_t>::min();
+	}
+	return static_cast<std::int64_t>(*Number);
+}
+
+std::optional<std::int64_t> ParseTicks(std::string_view InText, double InTicksPerUnit)
+{
+	constexpr double Limit = 10'000.0 * 366 * 86'400 * 1e7;
+	const std::optional<double> Number = ParseNumber(InText);
+	if (!Number || std::abs(*Number * InTicksPerUnit) > Limit)
+	{
+		return std::nullopt;
+	}
+	return std::llround(*Number * InTicksPerUnit);
+}
+
+std::optional<std::uint32_t> ParseColor(std::string_view InText)
+{
+	const std::string_view Text = Trim(InText);
+	if (Text.starts_with('#'))
+	{
+		return ParseHexColor(Text.substr(1));
+	}
+	const std::optional<std::int64_t> Value = ParseInteger(Text);
+	if (!Value)
+	{
+		return std::nullopt;
+	}
+	return WithoutOpacity(static_cast<std::uint32_t>(*Value & 0xFFFFFF));
+}
+
+std::int64_t ParseUnixDate(std::string_view InText)
+{
+	// In seconds this is the year 5138, in milliseconds 1973.
+	constexpr std::int64_t FirstInMilliseconds = 100'000'000'000;
+	const std::int64_t Date = ParseInteger(InText).value_or(0);
+	return Date >= FirstInMilliseconds ? Date / 1000 : Date;
+}
+
+std::int64_t ParseDate(std::string_view InText)
+{
+	const char* At = InText.data();
+	const char* const End = At + InText.size();
+	constexpr std::array<int, 6> Largest = {9999, 12, 31, 23, 59, 60};
+	std::array<int, 6> Parts{};
+	for (std::size_t Part = 0; Part < Parts.size(); ++Part)
+	{
+		const auto [Stop, Error] = std::from_chars(At, End, Parts[Part]);
+		if (Error != std::errc() || Parts[Part] < 0 || Parts[Part] > Largest[Part])
+		{
+			// The time of day may be missing.
+			if (Part < 3)
+			{
+				return 0;
+			}
+			Parts[Part] = 0;
+			break;
+		}
+		const bool bSeparated = Stop != End && Part + 1 < Parts.size();
+		At = Stop + (bSeparated ? 1 : 0);
+	}
+	using namespace std::chrono;
+	const year_month_day Day(year(Parts[0]), month(static_cast<unsigned>(Parts[1])),
+							 day(static_cast<unsigned>(Parts[2])));
+	if (!Day.ok())
+	{
+		return 0;
+	}
+	std::int64_t Offset = 0;
+	At = std::find_if(At, End, [](char InCharacter) { return InCharacter == '+' || InCharacter == '-'; });
+	if (End - At >= 3)
+	{
+		int Hours = 0;
+		int Minutes = 0;
+		const auto [Stop, Error] = std::from_chars(At + 1, At + 3, Hours);
+		std::from_chars(Stop + (Stop != End && *Stop == ':' ? 1 : 0), End, Minutes);
+		Offset = (Hours * 60 + Minutes % 60) * 60 * (*At == '-' ? -1 : 1);
+	}
+	const std::int64_t Days = sys_days(Day).time_since_epoch().count();
+	return Days * 86'400 + Parts[3] * 3'600 + Parts[4] * 60 + Parts[5] - Offset;
+}
+
+std::uint32_t HashUser(std::string_view InText)
+{
+	std::uint32_t Hash = 2166136261U;
+	for (const char Byte : InText)
+	{
+		Hash = (Hash ^ static_cast<unsigned char>(Byte)) * 16777619U;
+	}
+	return Hash;
+}
+
+std::int64_t MakeUserId(std::string_view InText)
+{
+	std::int64_t Number = 0;
+	const char* const End = InText.data() + InText.size();
+	const auto [Stop, Error] = std::from_chars(InText.data(), End, Number);
+	if (InText.empty() || (Error == std::errc() && Stop == End))
+	{
+		return Number;
+	}
+	return HashUser(InText);
+}
+
+std::int32_t ScaleSize(std::string_view InSize, double InNormal)
+{
+	constexpr double Largest = 1000.0;
+	const double Size = ParseNumber(InSize).value_or(0.0);
+	if (Size <= 0.0)
+	{
+		return FServiceComment::NormalPoints;
+	}
+	const double Points = Size * FServiceComment::NormalPoints / InNormal;
+	return static_cast<std::int32_t>(std::lround(std::clamp(Points, 1.0, Largest)));
+}
+
+} // namespace Flitmark

@@ -1,0 +1,55 @@
+#include "ImportSink.h"
+
+#include <algorithm>
+
+namespace Flitmark
+{
+
+void FImportSink::Add(FServiceComment&& InComment, std::uint64_t InOffset)
+{
+	if (Result.Comments.size() == Result.Comments.capacity())
+	{
+		Reserve(InOffset);
+	}
+	++Result.Report.NumRead;
+	++Result.Report.NumOfKind[static_cast<std::size_t>(InComment.Kind)];
+	Result.Comments.push_back(std::move(InComment));
+}
+
+void FImportSink::AddBroken(std::uint64_t InLine, std::string InReason)
+{
+	++Result.Report.NumBroken;
+	AddFault(InLine, std::move(InReason));
+}
+
+void FImportSink::AddMended(std::uint64_t InLine, std::string InReason)
+{
+	++Result.Report.NumMended;
+	AddFault(InLine, std::move(InReason));
+}
+
+void FImportSink::AddFault(std::uint64_t InLine, std::string&& InReason)
+{
+	FImportReport& Report = Result.Report;
+	if (Report.Faults.size() < FImportReport::MaxFaults)
+	{
+		Report.Faults.push_back({InLine, Report.NumRead + Report.NumBroken, std::move(InReason)});
+	}
+}
+
+/** Doubling as long as little is known, then what the rest of the file will need, so that growing copies little. */
+void FImportSink::Reserve(std::uint64_t InOffset)
+{
+	constexpr std::size_t EnoughToTell = 1024;
+	const std::size_t Size = Result.Comments.size();
+	std::size_t Wanted = std::max<std::size_t>(64, Size * 2);
+	if (Size >= EnoughToTell && FileSize > InOffset)
+	{
+		const double PerComment = static_cast<double>(InOffset) / static_cast<double>(Size);
+		const double Expected = static_cast<double>(FileSize) / PerComment * 1.02;
+		Wanted = std::min(Wanted * 32, std::max(Size + Size / 8, static_cast<std::size_t>(Expected)));
+	}
+	Result.Comments.reserve(Wanted);
+}
+
+} // namespace Flitmark

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "ServiceComment.h"
+
+#include <string_view>
+
+namespace Flitmark
+{
+
+/** The modes of lists: 1, 2 and 3 scroll, 4 bottom, 5 top, 6 reverse, 7 positioned, 8 and 9 scripts. */
+ECommentKind ToListKind(std::string_view InMode);
+
+/**
+ * Reads the comma-parted parameters of a list's entry into a comment: `seconds,mode,size,colour,sent,pool,sender,id`, or
+ * `id,0,milliseconds,mode,size,colour,sent,pool,sender`. What is missing behind the time stays as it is. False where the
+ * time cannot be told.
+ */
+bool ReadListParameters(std::string_view InParameters, FServiceComment& OutComment);
+
+/** Resolves what only lists do in texts, by the comment's kind. */
+void FinishListText(FServiceComment& InOutComment);
+
+/** The normal size of lists. */
+constexpr double ListNormalSize = 25.0;
+
+} // namespace Flitmark

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "ByteWindow.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace Flitmark
+{
+
+/** Finds the elements of one name in XML, wherever they are, and whatever is wrong with what is around them. */
+class FXmlEntries
+{
+public:
+	/** How an element ends. */
+	enum class EEnd
+	{
+		Closed,
+		/** Its end tag is missing; it ends where the next element begins. */
+		Unclosed,
+		/** The text ends in the middle of it, or it goes on for longer than any comment is. */
+		Cut
+	};
+
+	/** An element's parts as they stand in the window; valid until the next one is asked for. */
+	struct FEntry
+	{
+		/** Between the name and the end of the start tag. */
+		std::string_view Tag;
+		std::string_view Content;
+		EEnd End = EEnd::Closed;
+	};
+
+	FXmlEntries(IByteSource& InSource, std::string_view InName)
+		: Window(InSource)
+		, Name(InName)
+	{
+	}
+
+	/** False when there are no more. */
+	bool Next(FEntry& OutEntry);
+
+	/** The line, from 1, and the place in the text at which the last entry begins. */
+	std::uint64_t GetLine() { return Window.GetLine(0); }
+	std::uint64_t GetOffset() const { return Window.GetOffset(); }
+
+	/** Whether a root element was opened and not closed. */
+	bool IsRootOpen() const { return bRootOpen; }
+
+private:
+	/** What an end tag's search came to. */
+	struct FPlace
+	{
+		std::size_t Place = 0;
+		EEnd End = EEnd::Closed;
+		bool bNeedsMore = false;
+	};
+
+	bool SkipToMarkup();
+	bool SkipComment();
+	bool ReadEntry(FEntry& OutEntry);
+	FPlace FindContentEnd(std::string_view InView, std::size_t InPlace);
+	std::size_t FindCached(std::string_view InWanted, std::size_t InPlace, std::uint64_t& InOutAbsentUntil) const;
+	bool IsStart(std::string_view InText) const;
+	std::size_t GetEndTagSize(std::string_view InText) const;
+	bool MayGrow() const;
+
+	FByteWindow Window;
+	std::string_view Name;
+
+	bool bRootOpen = false;
+
+	/** Size of the last entry, which is consumed when the next one is asked for. */
+	std::size_t EntrySize = 0;
+
+	/** No comment and no CDATA section ends before these offsets in the text: what was searched once is not again. */
+	std::uint64_t NoCommentEndUntil = 0;
+	std::uint64_t NoSectionEndUntil = 0;
+};
+
+} // namespace Flitmark

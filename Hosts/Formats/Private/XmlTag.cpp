@@ -1,0 +1,186 @@
+#include "XmlTag.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <unicode/utf8.h>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+bool IsBlank(char InCharacter)
+{
+	return InCharacter == ' ' || InCharacter == '\t' || InCharacter == '\r' || InCharacter == '\n';
+}
+
+std::size_t SkipBlanks(std::string_view InText, std::size_t InPlace)
+{
+	while (InPlace < InText.size() && IsBlank(InText[InPlace]))
+	{
+		++InPlace;
+	}
+	return InPlace;
+}
+
+/** Where a name or a bare value ends. */
+std::size_t FindEnd(std::string_view InText, std::size_t InPlace, char InOtherEnd)
+{
+	while (InPlace < InText.size() && !IsBlank(InText[InPlace]) && InText[InPlace] != InOtherEnd)
+	{
+		++InPlace;
+	}
+	return InPlace;
+}
+
+void AppendCharacter(std::string& OutText, std::uint32_t InCharacter)
+{
+	char Bytes[U8_MAX_LENGTH];
+	int32_t Length = 0;
+	const bool bScalar = InCharacter <= 0x10FFFF && !U_IS_SURROGATE(InCharacter);
+	U8_APPEND_UNSAFE(Bytes, Length, bScalar ? InCharacter : 0xFFFDU);
+	OutText.append(Bytes, static_cast<std::size_t>(Length));
+}
+
+/** `#65` or `#x41`, without the ampersand and the semicolon. */
+bool AppendNumbered(std::string& OutText, std::string_view InName)
+{
+	const bool bHex = InName.size() > 1 && (InName[1] == 'x' || InName[1] == 'X');
+	const char* const Begin = InName.data() + (bHex ? 2 : 1);
+	const char* const End = InName.data() + InName.size();
+	std::uint32_t Character = 0;
+	const auto [Stop, Error] = std::from_chars(Begin, End, Character, bHex ? 16 : 10);
+	if (Begin == End || Stop != End || Error == std::errc::invalid_argument)
+	{
+		return false;
+	}
+	// What no text may hold is dropped with the other control characters later; NUL must not get that far.
+	if (Character != 0)
+	{
+		AppendCharacter(OutText, Error == std::errc() ? Character : 0xFFFDU);
+	}
+	return true;
+}
+
+bool AppendEntity(std::string& OutText, std::string_view InName)
+{
+	struct FEntity
+	{
+		std::string_view Name;
+		std::string_view Text;
+	};
+	constexpr FEntity Entities[] = {{"amp", "&"},	{"lt", "<"},   {"gt", ">"},
+									{"quot", "\""}, {"apos", "'"}, {"nbsp", "\xC2\xA0"}};
+	if (InName.starts_with('#'))
+	{
+		return AppendNumbered(OutText, InName);
+	}
+	for (const FEntity& Entity : Entities)
+	{
+		if (Entity.Name == InName)
+		{
+			OutText += Entity.Text;
+			return true;
+		}
+	}
+	return false;
+}
+
+void AppendWithEntities(std::string& OutText, std::string_view InText)
+{
+	constexpr std::size_t LongestName = 10;
+	std::size_t Place = 0;
+	while (Place < InText.size())
+	{
+		const std::size_t Ampersand = std::min(InText.find('&', Place), InText.size());
+		OutText.append(InText, Place, Ampersand - Place);
+		if (Ampersand == InText.size())
+		{
+			return;
+		}
+		const std::string_view After = InText.substr(Ampersand + 1, LongestName + 1);
+		const std::size_t Length = After.find(';');
+		Place = Ampersand + 1;
+		if (Length != std::string_view::npos && AppendEntity(OutText, After.substr(0, Length)))
+		{
+			Place += Length + 1;
+		}
+		else
+		{
+			OutText += '&';
+		}
+	}
+}
+
+} // namespace
+
+bool FXmlAttributes::Next(std::string_view& OutName, std::string_view& OutValue)
+{
+	Place = SkipBlanks(Tag, Place);
+	while (Place < Tag.size())
+	{
+		const std::size_t NameEnd = FindEnd(Tag, Place, '=');
+		OutName = Tag.substr(Place, NameEnd - Place);
+		Place = SkipBlanks(Tag, NameEnd);
+		if (Place < Tag.size() && Tag[Place] == '=')
+		{
+			Place = SkipBlanks(Tag, Place + 1);
+			OutValue = TakeValue();
+			return true;
+		}
+	}
+	return false;
+}
+
+std::string_view FXmlAttributes::TakeValue()
+{
+	const std::size_t Begin = Place;
+	const char Quote = Begin < Tag.size() ? Tag[Begin] : '\0';
+	if (Quote == '"' || Quote == '\'')
+	{
+		const std::size_t End = std::min(Tag.find(Quote, Begin + 1), Tag.size());
+		Place = std::min(End + 1, Tag.size());
+		return Tag.substr(Begin + 1, End - Begin - 1);
+	}
+	Place = FindEnd(Tag, Begin, ' ');
+	return Tag.substr(Begin, Place - Begin);
+}
+
+std::string_view FindXmlAttribute(std::string_view InTag, std::string_view InName)
+{
+	FXmlAttributes Attributes(InTag);
+	std::string_view Name;
+	std::string_view Value;
+	while (Attributes.Next(Name, Value))
+	{
+		if (Name == InName)
+		{
+			return Value;
+		}
+	}
+	return {};
+}
+
+void AppendXmlText(std::string& OutText, std::string_view InContent)
+{
+	constexpr std::string_view Opening = "<![CDATA[";
+	constexpr std::string_view Closing = "]]>";
+	while (!InContent.empty())
+	{
+		const std::size_t Section = InContent.find(Opening);
+		const std::size_t End = Section == std::string_view::npos ? Section : InContent.find(Closing, Section);
+		if (End == std::string_view::npos)
+		{
+			AppendWithEntities(OutText, InContent);
+			return;
+		}
+		AppendWithEntities(OutText, InContent.substr(0, Section));
+		const std::size_t Begin = Section + Opening.size();
+		OutText += InContent.substr(Begin, End - Begin);
+		InContent.remove_prefix(End + Closing.size());
+	}
+}
+
+} // namespace Flitmark

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace Flitmark
+{
+
+/** How a service showed a comment. The overlay serves the first three. */
+enum class ECommentKind : std::uint8_t
+{
+	Scroll,
+	Top,
+	Bottom,
+	/** Moves from left to right. */
+	Reverse,
+	/** Stands or moves where its author put it. */
+	Positioned,
+	/** A program that draws. */
+	Script,
+	/** A mode that is none of these. */
+	Unknown
+};
+
+/** One comment of any service, in the overlay's terms. */
+struct FServiceComment
+{
+	/** A document's normal size, in points at 96 DPI, to which each service's own normal size is scaled. */
+	static constexpr std::int32_t NormalPoints = 24;
+
+	std::int64_t Id = 0;
+
+	/** The post, video or pool that it belongs to; 0 where none is told. */
+	std::int64_t PostId = 0;
+
+	/** A number as it is; a text's 32-bit hash. */
+	std::int64_t UserId = 0;
+
+	/** UTF-8; empty where none is told. */
+	std::string UserName;
+
+	/** When it was written, in Unix seconds; 0 where that is not told. */
+	std::int64_t PostDate = 0;
+
+	/** Media time in ticks of 100 ns. */
+	std::int64_t SpawnTicks = 0;
+
+	/** UTF-8, lines parted by LF. */
+	std::string Text;
+
+	ECommentKind Kind = ECommentKind::Scroll;
+
+	/** Points. */
+	std::int32_t FontSize = NormalPoints;
+
+	/** 0xRRGGBBAA. */
+	std::uint32_t Color = 0xFFFFFFFF;
+
+	/**
+	 * A comment of our own document as it stands there, a JSON object's text: written out again unless something of the
+	 * comment was changed. Empty for comments of other formats.
+	 */
+	std::string Source;
+};
+
+} // namespace Flitmark
