@@ -54,6 +54,7 @@ constexpr FObserved Observed[] = {
 	{"seekable", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bSeekable>},
 	{"time-pos", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Position>},
 	{"duration", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Duration>},
+	{"demuxer-cache-time", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::BufferedTo>},
 	{"speed", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Speed>},
 	{"volume", MPV_FORMAT_DOUBLE, TakeDouble<&FMpvState::Volume>},
 	{"mute", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bMuted>},
@@ -74,6 +75,8 @@ constexpr std::pair<const char*, const char*> FixedOptions[] = {
 	{"input-vo-keyboard", "no"},
 	{"idle", "yes"},
 	{"keep-open", "yes"},
+	// Going back from the end plays on.
+	{"keep-open-pause", "no"},
 	{"ytdl", "no"},
 	{"load-scripts", "no"},
 	{"audio-client-name", "Flitmark"},
@@ -234,6 +237,9 @@ void FMpvPlayer::ProcessEvents()
 			continue;
 		case MPV_EVENT_SEEK:
 			Observer.OnSeeked();
+			continue;
+		case MPV_EVENT_PLAYBACK_RESTART:
+			Observer.OnArrived();
 			continue;
 		case MPV_EVENT_NONE:
 		case MPV_EVENT_SHUTDOWN:

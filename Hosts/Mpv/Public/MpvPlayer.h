@@ -37,6 +37,8 @@ public:
 	virtual void OnFailed(const std::string& InReason) = 0;
 	/** The position has jumped. */
 	virtual void OnSeeked() = 0;
+	/** The picture of the new position is there, after opening and after each jump. */
+	virtual void OnArrived() {}
 };
 
 /**

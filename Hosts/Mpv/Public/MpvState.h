@@ -34,6 +34,8 @@ struct FMpvState
 	/** Seconds; the duration is 0 where it is not known (live). */
 	double Position = 0.0;
 	double Duration = 0.0;
+	/** Up to where it has been read from the file or received, in seconds from the start. */
+	double BufferedTo = 0.0;
 
 	/** Times normal speed. */
 	double Speed = 1.0;
@@ -48,6 +50,8 @@ struct FMpvState
 
 	/** The hardware decoder in use; "no" or empty for none. */
 	std::string HardwareDecoder;
+
+	bool operator==(const FMpvState&) const = default;
 };
 
 } // namespace Flitmark

@@ -1,10 +1,8 @@
 #include "CommentSprites.h"
 
-#include "Components/TextBlock.h"
 #include "TextLimits.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace Flitmark
 {
@@ -24,18 +22,6 @@ FCommentSprites::FCommentSprites(FTextEngine& InEngine, int64 InMaxBytes)
 	, Limit(InMaxBytes)
 	, Bytes(std::make_shared<std::atomic<int64>>(0))
 {
-}
-
-std::size_t FCommentSprites::FLookHash::operator()(const FLook& InLook) const
-{
-	const FColor& Color = InLook.Color;
-	std::size_t Hash = std::hash<std::u16string>()(InLook.Text);
-	for (const std::size_t Part : {std::hash<float>()(InLook.Size), std::size_t{Color.R}, std::size_t{Color.G},
-								   std::size_t{Color.B}, std::size_t{Color.A}})
-	{
-		Hash = Hash * 31 + Part;
-	}
-	return Hash;
 }
 
 void FCommentSprites::SetView(FVector2D InCanvasSize, FTextScale InScale)
@@ -61,19 +47,17 @@ bool FCommentSprites::HasRoomFor(const FPaintComment& InComment) const
 
 std::shared_ptr<const FSprite> FCommentSprites::Draw(const FPaintComment& InComment)
 {
-	const FColor Color = InComment.Text->GetColorAndOpacity().GetSpecifiedColor().ToFColorSRGB();
-	if (Color.A == 0)
+	const FCommentLook Look = FCommentLook::Of(*InComment.Text);
+	if (Look.Color.A == 0)
 	{
 		return nullptr;
 	}
-	const FLook Look{InComment.Text->GetText().ToString().GetStd(), InComment.Text->GetFont().Size, Color};
 	std::weak_ptr<const FSprite>& Known = Drawn[Look];
 	if (std::shared_ptr<const FSprite> Sprite = Known.lock())
 	{
 		return Sprite;
 	}
-	auto Sprite =
-		std::make_unique<FSprite>(Engine.Rasterise(Look.Text, Look.Size, {Color.R, Color.G, Color.B, Color.A}, Scale));
+	auto Sprite = std::make_unique<FSprite>(Look.Rasterise(Engine, Scale));
 	bCut = bCut || Sprite->bCut;
 	if (Sprite->Width == 0 || Sprite->Height == 0)
 	{

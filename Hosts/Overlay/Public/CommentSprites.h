@@ -1,11 +1,11 @@
 #pragma once
 
+#include "CommentLook.h"
 #include "Stage.h"
 #include "TextEngine.h"
 
 #include <atomic>
 #include <memory>
-#include <string>
 #include <unordered_map>
 #include <vector>
 
@@ -43,18 +43,6 @@ public:
 	bool WasCut() const { return bCut; }
 
 private:
-	/** What makes two sprites equal. */
-	struct FLook
-	{
-		std::u16string Text;
-		float Size = 0.f;
-		FColor Color;
-		bool operator==(const FLook&) const = default;
-	};
-	struct FLookHash
-	{
-		std::size_t operator()(const FLook& InLook) const;
-	};
 	struct FHeld
 	{
 		/** Null where there is nothing to be seen. */
@@ -74,7 +62,7 @@ private:
 	uint64 Frame = 0;
 	bool bCut = false;
 	std::unordered_map<uint64, FHeld> Held;
-	std::unordered_map<FLook, std::weak_ptr<const FSprite>, FLookHash> Drawn;
+	std::unordered_map<FCommentLook, std::weak_ptr<const FSprite>, FCommentLookHash> Drawn;
 	/** Bytes of the sprites alive, wherever they are held. */
 	std::shared_ptr<std::atomic<int64>> Bytes;
 };

@@ -114,9 +114,9 @@ void FStage::Preroll()
 	MediaTicks = FirstTicks;
 }
 
-void FStage::RunFrame(float InDeltaTime)
+void FStage::RunFrame(float InDeltaTime, float InTimerTime)
 {
-	World->GetTimerManager().Tick(InDeltaTime);
+	World->GetTimerManager().Tick(InTimerTime);
 	Overlay->Arrange(CanvasSize);
 	FWidgetTeardown& Teardown = FWidgetTeardown::Get();
 	Teardown.TickTree(*Screen, InDeltaTime);
@@ -148,7 +148,8 @@ void FStage::CollectPaint(std::vector<FPaintComment>& OutComments) const
 		{
 			const auto* Slot = static_cast<const UCanvasPanelSlot*>(Comment->Slot.Get());
 			const auto* Text = static_cast<const UTextBlock*>(Comment->GetRootWidget());
-			OutComments.push_back({MakeKey(*Comment), Text, Slot->GetPosition(), Comment->GetDesiredSize()});
+			OutComments.push_back({MakeKey(*Comment), Text, Slot->GetPosition(), Comment->GetDesiredSize(),
+								   Comment->GetClass() == Blueprints->ViewerComment.get()});
 		}
 	}
 }

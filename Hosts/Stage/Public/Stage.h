@@ -58,6 +58,9 @@ struct FPaintComment
 	/** Top-left corner and size in canvas units. */
 	FVector2D Position = FVector2D::ZeroVector;
 	FVector2D Size = FVector2D::ZeroVector;
+
+	/** Made as the viewer's own. */
+	bool bViewers = false;
 };
 
 /** How many lanes each group has. */
@@ -97,7 +100,9 @@ public:
 	void Preroll();
 
 	/** One frame: timers, layout, ticks, teardown. InDeltaTime: seconds. */
-	void RunFrame(float InDeltaTime);
+	void RunFrame(float InDeltaTime) { RunFrame(InDeltaTime, InDeltaTime); }
+	/** The same where the comments' time is not the viewer's: InTimerTime is the time that the timers count. */
+	void RunFrame(float InDeltaTime, float InTimerTime);
 
 	/** What is on the screen after the last frame, in painting order. */
 	void CollectPaint(std::vector<FPaintComment>& OutComments) const;

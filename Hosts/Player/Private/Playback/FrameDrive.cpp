@@ -1,0 +1,83 @@
+#include "FrameDrive.h"
+
+#include "CommentLayer.h"
+#include "Overlay.h"
+#include "Player.h"
+#include "ViewerBridge.h"
+
+#include <QEvent>
+#include <QQuickWindow>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+/** Milliseconds in which the timers of bar and panel have run out. */
+constexpr qint64 AwakeTime = 1'500;
+
+} // namespace
+
+FFrameDrive::FFrameDrive(QQuickWindow& InWindow, FCommentLayer& InLayer, FPlayer& InPlayer, FOverlay& InOverlay,
+						 FViewerBridge& InBridge)
+	: Window(InWindow)
+	, Layer(InLayer)
+	, Player(InPlayer)
+	, Overlay(InOverlay)
+	, Bridge(InBridge)
+{
+	SinceWake.start();
+	Window.installEventFilter(this);
+	connect(&Window, &QQuickWindow::afterAnimating, this, &FFrameDrive::RunFrame);
+	connect(&Player, &FPlayer::FrameNeeded, this, &FFrameDrive::Wake);
+	connect(&Bridge, &FViewerBridge::Acted, this, &FFrameDrive::Wake);
+}
+
+void FFrameDrive::Wake()
+{
+	SinceWake.restart();
+	Window.update();
+}
+
+bool FFrameDrive::eventFilter(QObject*, QEvent* InEvent)
+{
+	switch (InEvent->type())
+	{
+	case QEvent::MouseMove:
+	case QEvent::MouseButtonPress:
+	case QEvent::MouseButtonRelease:
+	case QEvent::KeyPress:
+	case QEvent::Leave:
+	case QEvent::TouchBegin:
+	case QEvent::TouchUpdate:
+	case QEvent::TouchEnd:
+		Wake();
+		break;
+	default:
+		break;
+	}
+	return false;
+}
+
+bool FFrameDrive::IsMoving() const
+{
+	return (Player.IsPlaying() && !Player.IsWaiting() && Overlay.IsMoving()) || Bridge.GetPanel()->IsDisplayed() ||
+		   SinceWake.elapsed() < AwakeTime;
+}
+
+void FFrameDrive::RunFrame()
+{
+	// A layer that is told to draw anew asks for one more frame by itself: without this it would never end.
+	if (!IsMoving())
+	{
+		return;
+	}
+	Player.UpdateOverlay();
+	Overlay.RunFrame();
+	Bridge.Update();
+	Layer.update();
+	Window.update();
+}
+
+} // namespace Flitmark

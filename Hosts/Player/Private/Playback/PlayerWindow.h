@@ -1,0 +1,57 @@
+#pragma once
+
+#include "PlayerOptions.h"
+
+#include <QQmlApplicationEngine>
+#include <QSettings>
+#include <QSize>
+
+#include <memory>
+#include <string>
+
+class QQuickWindow;
+
+namespace Flitmark
+{
+
+class FFrameDrive;
+class FOverlay;
+class FPlayer;
+class FPreferences;
+class FViewerBridge;
+
+/** The player's whole window, and all that lives in it. One at a time in a process; GUI thread. */
+class FPlayerWindow
+{
+public:
+	/** Null with OutError set where it cannot be shown. A QGuiApplication and OpenGL as the scene's API are needed before. */
+	static std::unique_ptr<FPlayerWindow> Create(const FPlayerOptions& InOptions, std::string& OutError);
+	~FPlayerWindow();
+	FPlayerWindow(const FPlayerWindow&) = delete;
+	FPlayerWindow& operator=(const FPlayerWindow&) = delete;
+
+	QQuickWindow& GetWindow() const { return *Window; }
+	FPlayer& GetPlayer() const { return *Player; }
+	FOverlay& GetOverlay() const { return *Overlay; }
+
+private:
+	explicit FPlayerWindow(const FPlayerOptions& InOptions);
+	bool MakeParts(const FPlayerOptions& InOptions, std::string& OutError);
+	bool MakeWindow(const FPlayerOptions& InOptions, std::string& OutError);
+	void Connect();
+	void Show(bool bInFullScreen);
+
+	QSettings Settings;
+	std::unique_ptr<FOverlay> Overlay;
+	std::unique_ptr<FViewerBridge> Bridge;
+	std::unique_ptr<FPlayer> Player;
+	std::unique_ptr<FPreferences> Preferences;
+	/** Owns the window. */
+	std::unique_ptr<QQmlApplicationEngine> Engine;
+	QQuickWindow* Window = nullptr;
+	std::unique_ptr<FFrameDrive> Drive;
+	/** The window's when it is neither maximised nor in full screen. */
+	QSize UsualSize;
+};
+
+} // namespace Flitmark

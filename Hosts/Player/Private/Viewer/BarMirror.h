@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ButtonMirror.h"
+#include "CheckBoxMirror.h"
+#include "FieldMirror.h"
+#include "LabelMirror.h"
+
+class UUI_DanmakuBar;
+
+namespace Flitmark
+{
+
+/** The module's input bar. */
+class FBarMirror final : public QObject
+{
+	Q_OBJECT
+	QML_ANONYMOUS
+	Q_PROPERTY(FCheckBoxMirror* open READ GetOpen CONSTANT)
+	Q_PROPERTY(FButtonMirror* settings READ GetSettings CONSTANT)
+	Q_PROPERTY(FFieldMirror* field READ GetField CONSTANT)
+	Q_PROPERTY(FLabelMirror* counter READ GetCounter CONSTANT)
+	Q_PROPERTY(FButtonMirror* send READ GetSend CONSTANT)
+
+public:
+	explicit FBarMirror(UUI_DanmakuBar& InBar);
+
+	void Read();
+
+	/** The overlay's switch. */
+	FCheckBoxMirror* GetOpen() { return &Open; }
+	/** Shows the style panel while the pointer rests on it. */
+	FButtonMirror* GetSettings() { return &Settings; }
+	FFieldMirror* GetField() { return &Field; }
+	FLabelMirror* GetCounter() { return &Counter; }
+	FButtonMirror* GetSend() { return &Send; }
+
+Q_SIGNALS:
+	void Acted();
+
+private:
+	FCheckBoxMirror Open;
+	FButtonMirror Settings;
+	FFieldMirror Field;
+	FLabelMirror Counter;
+	FButtonMirror Send;
+};
+
+} // namespace Flitmark

@@ -1,0 +1,161 @@
+#include "Preferences.h"
+
+#include "DanmakuSave.h"
+#include "Overlay.h"
+#include "Stage.h"
+#include "TakeNew.h"
+#include "UI_DanmakuNodeSetting.h"
+#include "ViewerBridge.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+// What the store gives a new viewer.
+constexpr int FirstFontSize = 24;
+constexpr double FirstSpeedScale = 1;
+
+FPreferences* Living = nullptr;
+
+void SetNormalFontSize(UUI_DanmakuNodeSetting& Panel, int FontSize)
+{
+	const FProperty* Property = Panel.GetClass()->FindPropertyByName(TEXT("NormalFontSize"));
+	*Property->ContainerPtrToValuePtr<int32>(&Panel) = FontSize;
+}
+
+} // namespace
+
+FPreferences::FPreferences(FOverlay& InOverlay, FViewerBridge& InBridge, std::filesystem::path InFolder,
+						   FFileCalls* InCalls)
+	: Overlay(InOverlay)
+	, Open(*InBridge.GetBar()->GetOpen())
+	, Slots(std::move(InFolder), InCalls)
+	, FontSize(FirstFontSize)
+	, SpeedScale(FirstSpeedScale)
+{
+	using namespace std::chrono_literals;
+	ISaveGameSystem::Install(&Slots);
+	StoreTimer.setSingleShot(true);
+	StoreTimer.setInterval(400ms);
+	connect(&StoreTimer, &QTimer::timeout, this, &FPreferences::Store);
+	connect(&Open, &FCheckBoxMirror::CheckedChanged, this, &FPreferences::OnOpenChanged);
+	Living = this;
+}
+
+FPreferences::~FPreferences()
+{
+	Living = nullptr;
+	Store();
+	ISaveGameSystem::Install(nullptr);
+}
+
+FPreferences* FPreferences::create(QQmlEngine*, QJSEngine*)
+{
+	QJSEngine::setObjectOwnership(Living, QJSEngine::CppOwnership);
+	return Living;
+}
+
+void FPreferences::Load()
+{
+	const bool bOpen = UDanmakuSave::LoadIsOpend();
+	ApplyFontSize(UDanmakuSave::LoadFontSize());
+	ApplySpeedScale(static_cast<double>(UDanmakuSave::LoadSpeedScale()));
+	Open.Toggle(bOpen);
+	bLoaded = true;
+	TellFailure();
+}
+
+void FPreferences::SetFontSize(int InFontSize)
+{
+	if (InFontSize != FontSize)
+	{
+		ApplyFontSize(InFontSize);
+		bFontSizeToStore = true;
+		StoreTimer.start();
+	}
+}
+
+void FPreferences::SetSpeedScale(double InSpeedScale)
+{
+	if (InSpeedScale != SpeedScale)
+	{
+		ApplySpeedScale(InSpeedScale);
+		bSpeedScaleToStore = true;
+		StoreTimer.start();
+	}
+}
+
+double FPreferences::GetScale() const
+{
+	return Overlay.GetView().Scale;
+}
+
+void FPreferences::Restore()
+{
+	SetFontSize(FirstFontSize);
+	SetSpeedScale(FirstSpeedScale);
+	Open.Toggle(true);
+}
+
+void FPreferences::ApplyFontSize(int Wanted)
+{
+	const int Applied = std::clamp(Wanted, SmallestFontSize, LargestFontSize);
+	SetNormalFontSize(Overlay.GetStage().GetPanel(), Applied);
+	if (TakeNew(FontSize, Applied))
+	{
+		Q_EMIT FontSizeChanged();
+	}
+}
+
+void FPreferences::ApplySpeedScale(double Wanted)
+{
+	// Neither clamp nor comparison tames what is no number.
+	const double Applied =
+		std::isnan(Wanted) ? FirstSpeedScale : std::clamp(Wanted, SlowestSpeedScale, FastestSpeedScale);
+	Overlay.SetSpeedScale(Applied);
+	if (TakeNew(SpeedScale, Applied))
+	{
+		Q_EMIT SpeedScaleChanged();
+	}
+}
+
+void FPreferences::OnOpenChanged()
+{
+	if (bLoaded)
+	{
+		UDanmakuSave::SaveIsOpend(Open.IsChecked());
+		TellFailure();
+	}
+}
+
+void FPreferences::Store()
+{
+	StoreTimer.stop();
+	if (std::exchange(bFontSizeToStore, false))
+	{
+		UDanmakuSave::SaveFontSize(FontSize);
+		TellFailure();
+	}
+	if (std::exchange(bSpeedScaleToStore, false))
+	{
+		UDanmakuSave::SaveSpeedScale(static_cast<float>(SpeedScale));
+		TellFailure();
+	}
+}
+
+void FPreferences::TellFailure()
+{
+	if (!Slots.GetLastError().empty())
+	{
+		Q_EMIT Failed(tr("Your settings could not be saved: %1.").arg(QString::fromStdString(Slots.GetLastError())));
+	}
+}
+
+} // namespace Flitmark

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Blueprint/UserWidget.h"
+
+namespace Flitmark
+{
+
+/** A widget that the class binds by name: every blueprint of it has one. */
+template <class T>
+T& GetBoundWidget(const UUserWidget& Owner, const TCHAR* Name)
+{
+	return *Cast<T>(Owner.GetWidgetFromName(Name));
+}
+
+} // namespace Flitmark

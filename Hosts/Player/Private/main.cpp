@@ -1,0 +1,170 @@
+#include "MediaPaths.h"
+#include "Player.h"
+#include "PlayerText.h"
+#include "PlayerWindow.h"
+#include "QuitSignals.h"
+#include "SystemLanguage.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QGuiApplication>
+#include <QOpenGLContext>
+#include <QQuickStyle>
+#include <QQuickWindow>
+
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <optional>
+#include <string>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr const char* Description = "flitmark-player: plays a video, with comments flying over it";
+
+constexpr const char* Footer =
+	R"(Without COMMENTS, a file of comments that lies beside the video and has its name is shown: film.xml for film.mkv.
+F1 in the window shows the keys. Exit status: 0 for success, 1 for a failure, 2 for wrong use.
+
+Examples:
+  flitmark-player film.mp4 comments.json
+  flitmark-player --fullscreen --start 1:30 https://example.org/film.webm)";
+
+constexpr int ExitFailure = 1;
+constexpr int ExitWrongUse = 2;
+
+int PrintError(const std::string& InMessage)
+{
+	std::fprintf(stderr, "flitmark-player: %s\n", InMessage.c_str());
+	return ExitFailure;
+}
+
+struct FArguments
+{
+	std::string Video;
+	std::string Comments;
+	std::string Start = "0";
+	double Volume = -1.0;
+	bool bNoHardwareDecoding = false;
+};
+
+void AddOptions(CLI::App& App, FArguments& InOutArguments, FPlayerOptions& InOutOptions)
+{
+	App.set_version_flag("--version", FLITMARK_VERSION, "Print the version and exit");
+	App.set_help_flag("-h,--help", "Print this text and exit");
+	App.add_option("VIDEO", InOutArguments.Video, "Video file or address; without it the window starts empty");
+	App.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format");
+	App.add_flag("--fullscreen", InOutOptions.bFullScreen, "Start in full screen");
+	App.add_option("--start", InOutArguments.Start, "Where to begin, such as 90, 1:30 or 0:01:30.5")
+		->check([](const std::string& InText)
+				{ return ParseTime(QString::fromStdString(InText)) ? "" : "\"" + InText + "\" is no time"; });
+	App.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(CLI::Range(0.25, 4.0));
+	App.add_option("--volume", InOutArguments.Volume, "Percent, 0 to 100 (default: as last time)")
+		->check(CLI::Range(0.0, 100.0));
+	App.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the processor alone");
+	App.get_formatter()->column_width(24);
+	App.footer(Footer);
+}
+
+/** Empty with OutExitCode set where there is nothing to be shown. */
+std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, int& OutExitCode)
+{
+	FPlayerOptions Options;
+	FArguments Read;
+	CLI::App App(Description, "flitmark-player");
+	AddOptions(App, Read, Options);
+	try
+	{
+		App.parse(ArgumentCount, Arguments);
+	}
+	catch (const CLI::ParseError& Error)
+	{
+		if (Error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
+		{
+			OutExitCode = App.exit(Error);
+			return std::nullopt;
+		}
+		PrintError(std::string(Error.what()) + "; see \"flitmark-player --help\"");
+		OutExitCode = ExitWrongUse;
+		return std::nullopt;
+	}
+	Options.Video = ToPathOrAddress(QString::fromStdString(Read.Video));
+	Options.Comments = ToPathOrAddress(QString::fromStdString(Read.Comments));
+	Options.Start = ParseTime(QString::fromStdString(Read.Start)).value_or(0.0);
+	Options.bHardwareDecoding = !Read.bNoHardwareDecoding;
+	if (Read.Volume >= 0.0)
+	{
+		Options.Volume = Read.Volume;
+	}
+	return Options;
+}
+
+/** Qt ends the program without a window system; what it says first is for developers. */
+void TellFatal(QtMsgType InType, const QMessageLogContext&, const QString& InMessage)
+{
+	if (InType == QtFatalMsg)
+	{
+		PrintError("no window can be opened; is there a screen, and is DISPLAY or WAYLAND_DISPLAY set? (" +
+				   InMessage.simplified().toStdString() + ")");
+		std::_Exit(ExitFailure);
+	}
+	if (InType != QtDebugMsg && InType != QtInfoMsg)
+	{
+		std::fprintf(stderr, "%s\n", InMessage.toUtf8().constData());
+	}
+}
+
+bool HasOpenGl()
+{
+	QOpenGLContext Context;
+	return Context.create();
+}
+
+int Run(int ArgumentCount, char** Arguments)
+{
+	int ExitCode = EXIT_SUCCESS;
+	const std::optional<FPlayerOptions> Options = ReadOptions(ArgumentCount, Arguments, ExitCode);
+	if (!Options)
+	{
+		return ExitCode;
+	}
+	const QtMessageHandler Usual = qInstallMessageHandler(TellFatal);
+	QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
+	QQuickStyle::setStyle("Basic");
+	// What is left of the arguments is not Qt's.
+	int NumQtArguments = 1;
+	QGuiApplication Application(NumQtArguments, Arguments);
+	qInstallMessageHandler(Usual);
+	QGuiApplication::setApplicationName("flitmark-player");
+	QGuiApplication::setApplicationDisplayName("Flitmark");
+	QGuiApplication::setDesktopFileName("flitmark-player");
+	UseSystemLanguage(Application);
+	const FQuitSignals Signals;
+	if (!HasOpenGl())
+	{
+		return PrintError("OpenGL is missing, with which the video is drawn; install a driver for it, such as Mesa's");
+	}
+	std::string Error;
+	const std::unique_ptr<FPlayerWindow> Window = FPlayerWindow::Create(*Options, Error);
+	return Window ? QGuiApplication::exec() : PrintError(Error);
+}
+
+} // namespace
+
+} // namespace Flitmark
+
+int main(int ArgumentCount, char** Arguments)
+{
+	try
+	{
+		return Flitmark::Run(ArgumentCount, Arguments);
+	}
+	catch (const std::exception& Exception)
+	{
+		return Flitmark::PrintError(Exception.what());
+	}
+}

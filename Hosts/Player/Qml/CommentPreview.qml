@@ -1,0 +1,45 @@
+import QtQuick
+import Flitmark
+
+// A stretch of picture with a comment as the settings would have it, in its real size and at its usual speed.
+Rectangle {
+	id: root
+
+	// Points, and a factor.
+	required property int fontSize
+	required property real speedScale
+	// Logical pixels per unit of the overlay's canvas, as it is when the preview appears.
+	readonly property real unit: visible ? Preferences.GetScale() : 1
+	// A comment of middling haste crosses 200 units in a second.
+	readonly property real speed: 200 * unit * speedScale
+
+	clip: true
+	radius: Theme.radius
+	gradient: Gradient {
+		GradientStop { position: 0; color: "#3a4a63" }
+		GradientStop { position: 1; color: "#7d6a72" }
+	}
+
+	Text {
+		id: comment
+
+		anchors.verticalCenter: parent.verticalCenter
+		x: root.width
+		text: qsTr("This is how a comment looks")
+		// Points at 96 DPI.
+		font.pixelSize: Math.max(1, root.fontSize * 96 / 72 * root.unit)
+		font.weight: Font.DemiBold
+		color: "white"
+		style: Text.Outline
+		styleColor: "#c0000000"
+	}
+
+	FrameAnimation {
+		running: root.visible
+		onTriggered: {
+			comment.x -= root.speed * frameTime
+			if (comment.x < -comment.width)
+				comment.x = root.width
+		}
+	}
+}

@@ -1,0 +1,92 @@
+import QtQuick
+import Flitmark
+
+// Every key and what it does: the one list that is both obeyed and shown.
+QtObject {
+	id: root
+
+	required property var actions
+
+	readonly property var groups: [
+		{
+			title: qsTr("Playing"),
+			lines: [
+				{ keys: ["Space", "K"], text: qsTr("Play or pause"), run: () => Player.TogglePlaying() },
+				{ keys: ["Left", "Right"], text: qsTr("5 seconds back, forward"), runs: [() => Player.SeekBy(-5), () => Player.SeekBy(5)] },
+				{ keys: ["Shift+Left", "Shift+Right"], text: qsTr("1 second back, forward"), runs: [() => Player.SeekBy(-1), () => Player.SeekBy(1)] },
+				{ keys: ["Ctrl+Left", "Ctrl+Right"], text: qsTr("30 seconds back, forward"), runs: [() => Player.SeekBy(-30), () => Player.SeekBy(30)] },
+				{ keys: [",", "."], text: qsTr("Previous, next frame"), runs: [() => Player.StepFrame(false), () => Player.StepFrame(true)] },
+				{ keys: ["Home", "End"], text: qsTr("Start, end"), runs: [() => Player.SeekTo(0), () => Player.SeekTo(Player.duration)] },
+				{ keys: ["0", "…", "9"], text: qsTr("To the tenth of that number"), run: name => Player.SeekTo(Player.duration * Number(name) / 10), also: ["1", "2", "3", "4", "5", "6", "7", "8"] },
+				{ keys: ["[", "]"], text: qsTr("Slower, faster"), runs: [() => Player.ChangeSpeed(false), () => Player.ChangeSpeed(true)] },
+				{ keys: ["Backspace"], text: qsTr("Normal speed"), run: () => Player.speed = 1 }
+			]
+		},
+		{
+			title: qsTr("Sound"),
+			lines: [
+				{ keys: ["Up", "Down"], text: qsTr("Louder, quieter"), runs: [() => Player.ChangeVolume(5), () => Player.ChangeVolume(-5)] },
+				{ keys: ["M"], text: qsTr("Sound off, on"), run: () => Player.muted = !Player.muted }
+			]
+		},
+		{
+			title: qsTr("Comments"),
+			lines: [
+				{ keys: ["D"], text: qsTr("Show or hide comments"), run: () => root.actions.toggleComments() },
+				{ keys: ["C", "Enter"], text: qsTr("Write a comment"), run: () => root.actions.writeComment() },
+				{ keys: ["Ctrl+Shift+O"], text: qsTr("Open comments"), run: () => root.actions.openComments(), always: true }
+			]
+		},
+		{
+			title: qsTr("Window"),
+			lines: [
+				{ keys: ["Ctrl+O"], text: qsTr("Open a video"), run: () => root.actions.openVideo(), always: true },
+				{ keys: ["F", "F11"], text: qsTr("Full screen"), run: () => root.actions.toggleFullScreen() },
+				{ keys: ["Esc"], text: qsTr("Back: close a page, leave full screen"), run: () => root.actions.goBack() },
+				{ keys: ["F1", "?"], text: qsTr("This page"), run: () => root.actions.showKeys() },
+				{ keys: ["Ctrl+,"], text: qsTr("Settings"), run: () => root.actions.showSettings(), always: true },
+				{ keys: ["Ctrl+I"], text: qsTr("Statistics"), run: () => root.actions.toggleStatistics(), always: true },
+				{ keys: ["Ctrl+Q", "Ctrl+W"], text: qsTr("Quit"), run: () => root.actions.quit(), always: true }
+			]
+		}
+	]
+
+	// Name of a key to what it does.
+	readonly property var table: {
+		const found = new Map()
+		for (const group of groups) {
+			for (const line of group.lines) {
+				for (const [index, key] of line.keys.concat(line.also ?? []).entries())
+					found.set(key, { run: line.runs ? line.runs[index] : line.run, always: line.always || key.startsWith("F1") })
+			}
+		}
+		return found
+	}
+
+	readonly property var names: new Map([
+		[Qt.Key_Space, "Space"], [Qt.Key_Left, "Left"], [Qt.Key_Right, "Right"], [Qt.Key_Up, "Up"],
+		[Qt.Key_Down, "Down"], [Qt.Key_Home, "Home"], [Qt.Key_End, "End"], [Qt.Key_Backspace, "Backspace"],
+		[Qt.Key_Return, "Enter"], [Qt.Key_Enter, "Enter"], [Qt.Key_Escape, "Esc"], [Qt.Key_F1, "F1"],
+		[Qt.Key_F11, "F11"], [Qt.Key_MediaTogglePlayPause, "Space"], [Qt.Key_MediaPlay, "Space"]
+	])
+
+	function nameOf(event) {
+		const shift = event.modifiers & Qt.ShiftModifier ? "Shift+" : ""
+		const control = event.modifiers & Qt.ControlModifier ? "Ctrl+" : ""
+		if (names.has(event.key))
+			return control + shift + names.get(event.key)
+		if (control)
+			return event.key > 0x20 && event.key < 0x7f ? control + shift + String.fromCharCode(event.key) : ""
+		return event.modifiers & Qt.AltModifier ? "" : event.text.toUpperCase()
+	}
+
+	// True where the key was one of ours. In a text field only those count that write nothing.
+	function handle(event, inText) {
+		const name = nameOf(event)
+		const found = table.get(name)
+		if (!found || (inText && !found.always))
+			return false
+		found.run(name)
+		return true
+	}
+}

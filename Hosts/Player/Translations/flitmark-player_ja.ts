@@ -1,0 +1,617 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>CommentBar</name>
+    <message>
+        <source>Comment style</source>
+        <translation>コメントのスタイル</translation>
+    </message>
+    <message>
+        <source>Position, size and colour of your comments</source>
+        <translation>自分のコメントの位置・サイズ・色</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <comment>a letter, for the style of comments</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>Send a comment</source>
+        <translation>コメントを入力</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>コメント</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>送信</translation>
+    </message>
+    <message>
+        <source>Send the comment</source>
+        <translation>コメントを送信</translation>
+    </message>
+    <message>
+        <source>Send (Enter)</source>
+        <translation>送信（Enter）</translation>
+    </message>
+</context>
+<context>
+    <name>CommentPreview</name>
+    <message>
+        <source>This is how a comment looks</source>
+        <translation>コメントはこう見えます</translation>
+    </message>
+</context>
+<context>
+    <name>CommentSwitch</name>
+    <message>
+        <source>Hide comments</source>
+        <translation>コメントを隠す</translation>
+    </message>
+    <message>
+        <source>Show comments</source>
+        <translation>コメントを表示</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>すべて選択</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::FPlayer</name>
+    <message>
+        <source>Playing</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Next frame</source>
+        <translation>次のフレーム</translation>
+    </message>
+    <message>
+        <source>Previous frame</source>
+        <translation>前のフレーム</translation>
+    </message>
+    <message>
+        <source>Speed %1</source>
+        <translation>速度 %1</translation>
+    </message>
+    <message>
+        <source>Volume %1 %</source>
+        <translation>音量 %1%</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>ミュート解除</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played: %2</source>
+        <translation>%1を再生できません：%2</translation>
+    </message>
+    <message>
+        <source>comments are read from files only. Download them first.</source>
+        <translation>コメントはファイルからのみ読み込めます。先にダウンロードしてください。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1を読み込めません：%2</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>コメント1件</translation>
+    </message>
+    <message>
+        <source>%L1 comments</source>
+        <translation>コメント%L1件</translation>
+    </message>
+    <message>
+        <source>Open a video to see them.</source>
+        <translation>動画を開くと表示されます。</translation>
+    </message>
+    <message>
+        <source>Video cannot be drawn: %1.</source>
+        <translation>映像を表示できません：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::FPreferences</name>
+    <message>
+        <source>Your settings could not be saved: %1.</source>
+        <translation>設定を保存できませんでした：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>KeyboardPage</name>
+    <message>
+        <source>Space</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Backspace</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Home</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>End</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>キーボード操作</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Drop a video or a file of comments</source>
+        <translation>動画またはコメントファイルをドロップ</translation>
+    </message>
+    <message>
+        <source>Open a video</source>
+        <translation>動画を開く</translation>
+    </message>
+    <message>
+        <source>Videos (%1)</source>
+        <translation>動画 (%1)</translation>
+    </message>
+    <message>
+        <source>All files (%1)</source>
+        <translation>すべてのファイル (%1)</translation>
+    </message>
+    <message>
+        <source>Open comments</source>
+        <translation>コメントを開く</translation>
+    </message>
+    <message>
+        <source>Comments (%1)</source>
+        <translation>コメント (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>MessageCards</name>
+    <message>
+        <source>Close message</source>
+        <translation>メッセージを閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>OpenMenu</name>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>Open video…</source>
+        <translation>動画を開く…</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+O</source>
+        <translation>Ctrl+Shift+O</translation>
+    </message>
+    <message>
+        <source>Open comments…</source>
+        <translation>コメントを開く…</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerButton</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what a button does, and its key</comment>
+        <translation>%1（%2）</translation>
+    </message>
+</context>
+<context>
+    <name>SeekBar</name>
+    <message>
+        <source>Position</source>
+        <translation>再生位置</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsPage</name>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Show comments</source>
+        <translation>コメントを表示</translation>
+    </message>
+    <message>
+        <source>Size of your comments</source>
+        <translation>自分のコメントの文字サイズ</translation>
+    </message>
+    <message>
+        <source>%1 pt</source>
+        <translation>%1 pt</translation>
+    </message>
+    <message>
+        <source>Speed of all comments</source>
+        <translation>全コメントの速度</translation>
+    </message>
+    <message>
+        <source>%1×</source>
+        <translation>%1×</translation>
+    </message>
+    <message>
+        <source>Defaults</source>
+        <translation>初期設定に戻す</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完了</translation>
+    </message>
+</context>
+<context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Playing</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>再生・一時停止</translation>
+    </message>
+    <message>
+        <source>5 seconds back, forward</source>
+        <translation>5秒戻る・進む</translation>
+    </message>
+    <message>
+        <source>1 second back, forward</source>
+        <translation>1秒戻る・進む</translation>
+    </message>
+    <message>
+        <source>30 seconds back, forward</source>
+        <translation>30秒戻る・進む</translation>
+    </message>
+    <message>
+        <source>Previous, next frame</source>
+        <translation>前・次のフレーム</translation>
+    </message>
+    <message>
+        <source>Start, end</source>
+        <translation>先頭・末尾</translation>
+    </message>
+    <message>
+        <source>To the tenth of that number</source>
+        <translation>その数字×10%の位置へ</translation>
+    </message>
+    <message>
+        <source>Slower, faster</source>
+        <translation>遅く・速く</translation>
+    </message>
+    <message>
+        <source>Normal speed</source>
+        <translation>標準速度</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>音声</translation>
+    </message>
+    <message>
+        <source>Louder, quieter</source>
+        <translation>音量を上げる・下げる</translation>
+    </message>
+    <message>
+        <source>Sound off, on</source>
+        <translation>ミュート・解除</translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation>コメント</translation>
+    </message>
+    <message>
+        <source>Show or hide comments</source>
+        <translation>コメントの表示・非表示</translation>
+    </message>
+    <message>
+        <source>Write a comment</source>
+        <translation>コメントを書く</translation>
+    </message>
+    <message>
+        <source>Open comments</source>
+        <translation>コメントを開く</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>ウィンドウ</translation>
+    </message>
+    <message>
+        <source>Open a video</source>
+        <translation>動画を開く</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>全画面</translation>
+    </message>
+    <message>
+        <source>Back: close a page, leave full screen</source>
+        <translation>戻る：ページを閉じる・全画面を終了</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>このページ</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>統計情報</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>終了</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Open a video</source>
+        <translation>動画を開く</translation>
+    </message>
+    <message>
+        <source>or drop one here, with its file of comments if you like.</source>
+        <translation>または、ここにドロップ（コメントファイルと一緒でも可）</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>開く…</translation>
+    </message>
+    <message>
+        <source>Played last</source>
+        <translation>最近再生した動画</translation>
+    </message>
+    <message>
+        <source>%1, no longer there</source>
+        <translation>%1（見つかりません）</translation>
+    </message>
+    <message>
+        <source>No longer in %1</source>
+        <translation>%1 にはもうありません</translation>
+    </message>
+    <message>
+        <source>Take out of the list</source>
+        <translation>一覧から削除</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsCard</name>
+    <message>
+        <source>%1 MiB</source>
+        <translation>%1 MiB</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 ms</translation>
+    </message>
+    <message>
+        <source>Frames a second</source>
+        <translation>フレーム毎秒</translation>
+    </message>
+    <message>
+        <source>Frame time, mean</source>
+        <translation>平均フレーム時間</translation>
+    </message>
+    <message>
+        <source>Frame time, worst of 5 s</source>
+        <translation>5秒間の最長フレーム時間</translation>
+    </message>
+    <message>
+        <source>Comments alive</source>
+        <translation>表示中のコメント</translation>
+    </message>
+    <message>
+        <source>Sprites made</source>
+        <translation>作成した文字画像</translation>
+    </message>
+    <message>
+        <source>Sprites waiting</source>
+        <translation>待機中の文字画像</translation>
+    </message>
+    <message>
+        <source>Texture memory</source>
+        <translation>テクスチャメモリ</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>映像</translation>
+    </message>
+    <message>
+        <source>Decoder</source>
+        <translation>デコーダー</translation>
+    </message>
+    <message>
+        <source>software</source>
+        <translation>ソフトウェア</translation>
+    </message>
+</context>
+<context>
+    <name>StylePanel</name>
+    <message>
+        <source>Scrolling</source>
+        <translation>流れる</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>上</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>下</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>小</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>標準</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>赤</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>緑</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>青</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>白</translation>
+    </message>
+    <message>
+        <source>Comment style</source>
+        <translation>コメントのスタイル</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>サイズ</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <comment>a letter in the size of the comment</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>色</translation>
+    </message>
+    <message>
+        <source>Colour, as six hexadecimal digits</source>
+        <translation>色（16進数6桁）</translation>
+    </message>
+</context>
+<context>
+    <name>Transport</name>
+    <message>
+        <source>Play again</source>
+        <translation>もう一度再生</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>ミュート解除</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Reading comments…</source>
+        <translation>コメントを読み込み中…</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>コメント1件</translation>
+    </message>
+    <message>
+        <source>%1 comments</source>
+        <translation>コメント%1件</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>再生速度</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>キーボード操作</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Ctrl+,</source>
+        <translation>Ctrl+,</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>Leave full screen</source>
+        <translation>全画面を終了</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>全画面</translation>
+    </message>
+</context>
+</TS>

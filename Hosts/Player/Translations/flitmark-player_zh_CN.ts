@@ -1,0 +1,617 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>CommentBar</name>
+    <message>
+        <source>Comment style</source>
+        <translation>弹幕样式</translation>
+    </message>
+    <message>
+        <source>Position, size and colour of your comments</source>
+        <translation>你发送的弹幕的位置、大小和颜色</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <comment>a letter, for the style of comments</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>Send a comment</source>
+        <translation>发一条弹幕</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>弹幕</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>发送</translation>
+    </message>
+    <message>
+        <source>Send the comment</source>
+        <translation>发送弹幕</translation>
+    </message>
+    <message>
+        <source>Send (Enter)</source>
+        <translation>发送（Enter）</translation>
+    </message>
+</context>
+<context>
+    <name>CommentPreview</name>
+    <message>
+        <source>This is how a comment looks</source>
+        <translation>弹幕看起来就是这样</translation>
+    </message>
+</context>
+<context>
+    <name>CommentSwitch</name>
+    <message>
+        <source>Hide comments</source>
+        <translation>隐藏弹幕</translation>
+    </message>
+    <message>
+        <source>Show comments</source>
+        <translation>显示弹幕</translation>
+    </message>
+</context>
+<context>
+    <name>EditMenu</name>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>全选</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::FPlayer</name>
+    <message>
+        <source>Playing</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>Paused</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Next frame</source>
+        <translation>下一帧</translation>
+    </message>
+    <message>
+        <source>Previous frame</source>
+        <translation>上一帧</translation>
+    </message>
+    <message>
+        <source>Speed %1</source>
+        <translation>倍速 %1</translation>
+    </message>
+    <message>
+        <source>Volume %1 %</source>
+        <translation>音量 %1%</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>静音</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>取消静音</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played: %2</source>
+        <translation>无法播放 %1：%2</translation>
+    </message>
+    <message>
+        <source>comments are read from files only. Download them first.</source>
+        <translation>弹幕只能从文件读取，请先下载。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>1 条弹幕</translation>
+    </message>
+    <message>
+        <source>%L1 comments</source>
+        <translation>%L1 条弹幕</translation>
+    </message>
+    <message>
+        <source>Open a video to see them.</source>
+        <translation>打开视频即可观看。</translation>
+    </message>
+    <message>
+        <source>Video cannot be drawn: %1.</source>
+        <translation>无法显示画面：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::FPreferences</name>
+    <message>
+        <source>Your settings could not be saved: %1.</source>
+        <translation>设置无法保存：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>KeyboardPage</name>
+    <message>
+        <source>Space</source>
+        <translation>空格</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>退格</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Home</translation>
+    </message>
+    <message>
+        <source>End</source>
+        <translation>End</translation>
+    </message>
+    <message>
+        <source>Esc</source>
+        <translation>Esc</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>Main</name>
+    <message>
+        <source>Drop a video or a file of comments</source>
+        <translation>将视频或弹幕文件拖放到此处</translation>
+    </message>
+    <message>
+        <source>Open a video</source>
+        <translation>打开视频</translation>
+    </message>
+    <message>
+        <source>Videos (%1)</source>
+        <translation>视频 (%1)</translation>
+    </message>
+    <message>
+        <source>All files (%1)</source>
+        <translation>所有文件 (%1)</translation>
+    </message>
+    <message>
+        <source>Open comments</source>
+        <translation>打开弹幕</translation>
+    </message>
+    <message>
+        <source>Comments (%1)</source>
+        <translation>弹幕 (%1)</translation>
+    </message>
+</context>
+<context>
+    <name>MessageCards</name>
+    <message>
+        <source>Close message</source>
+        <translation>关闭消息</translation>
+    </message>
+</context>
+<context>
+    <name>OpenMenu</name>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>Open video…</source>
+        <translation>打开视频…</translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+O</source>
+        <translation>Ctrl+Shift+O</translation>
+    </message>
+    <message>
+        <source>Open comments…</source>
+        <translation>打开弹幕…</translation>
+    </message>
+</context>
+<context>
+    <name>PlayerButton</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what a button does, and its key</comment>
+        <translation>%1（%2）</translation>
+    </message>
+</context>
+<context>
+    <name>SeekBar</name>
+    <message>
+        <source>Position</source>
+        <translation>播放进度</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 / %2</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsPage</name>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Show comments</source>
+        <translation>显示弹幕</translation>
+    </message>
+    <message>
+        <source>Size of your comments</source>
+        <translation>你的弹幕字号</translation>
+    </message>
+    <message>
+        <source>%1 pt</source>
+        <translation>%1 磅</translation>
+    </message>
+    <message>
+        <source>Speed of all comments</source>
+        <translation>全部弹幕的速度</translation>
+    </message>
+    <message>
+        <source>%1×</source>
+        <translation>%1×</translation>
+    </message>
+    <message>
+        <source>Defaults</source>
+        <translation>恢复默认</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>完成</translation>
+    </message>
+</context>
+<context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Playing</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>播放或暂停</translation>
+    </message>
+    <message>
+        <source>5 seconds back, forward</source>
+        <translation>后退、前进 5 秒</translation>
+    </message>
+    <message>
+        <source>1 second back, forward</source>
+        <translation>后退、前进 1 秒</translation>
+    </message>
+    <message>
+        <source>30 seconds back, forward</source>
+        <translation>后退、前进 30 秒</translation>
+    </message>
+    <message>
+        <source>Previous, next frame</source>
+        <translation>上一帧、下一帧</translation>
+    </message>
+    <message>
+        <source>Start, end</source>
+        <translation>开头、结尾</translation>
+    </message>
+    <message>
+        <source>To the tenth of that number</source>
+        <translation>跳到该数字的十分之几处</translation>
+    </message>
+    <message>
+        <source>Slower, faster</source>
+        <translation>减速、加速</translation>
+    </message>
+    <message>
+        <source>Normal speed</source>
+        <translation>正常速度</translation>
+    </message>
+    <message>
+        <source>Sound</source>
+        <translation>声音</translation>
+    </message>
+    <message>
+        <source>Louder, quieter</source>
+        <translation>增大、减小音量</translation>
+    </message>
+    <message>
+        <source>Sound off, on</source>
+        <translation>静音、取消静音</translation>
+    </message>
+    <message>
+        <source>Comments</source>
+        <translation>弹幕</translation>
+    </message>
+    <message>
+        <source>Show or hide comments</source>
+        <translation>显示或隐藏弹幕</translation>
+    </message>
+    <message>
+        <source>Write a comment</source>
+        <translation>写弹幕</translation>
+    </message>
+    <message>
+        <source>Open comments</source>
+        <translation>打开弹幕</translation>
+    </message>
+    <message>
+        <source>Window</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>Open a video</source>
+        <translation>打开视频</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>全屏</translation>
+    </message>
+    <message>
+        <source>Back: close a page, leave full screen</source>
+        <translation>返回：关闭页面、退出全屏</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>本页面</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Statistics</source>
+        <translation>统计信息</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>退出</translation>
+    </message>
+</context>
+<context>
+    <name>StartPage</name>
+    <message>
+        <source>Open a video</source>
+        <translation>打开视频</translation>
+    </message>
+    <message>
+        <source>or drop one here, with its file of comments if you like.</source>
+        <translation>或拖放到此处，也可以连同弹幕文件一起。</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>打开…</translation>
+    </message>
+    <message>
+        <source>Played last</source>
+        <translation>最近播放</translation>
+    </message>
+    <message>
+        <source>%1, no longer there</source>
+        <translation>%1，文件已不存在</translation>
+    </message>
+    <message>
+        <source>No longer in %1</source>
+        <translation>%1 中已没有此文件</translation>
+    </message>
+    <message>
+        <source>Take out of the list</source>
+        <translation>从列表中移除</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Delete</translation>
+    </message>
+</context>
+<context>
+    <name>StatisticsCard</name>
+    <message>
+        <source>%1 MiB</source>
+        <translation>%1 MiB</translation>
+    </message>
+    <message>
+        <source>%1 ms</source>
+        <translation>%1 毫秒</translation>
+    </message>
+    <message>
+        <source>Frames a second</source>
+        <translation>每秒帧数</translation>
+    </message>
+    <message>
+        <source>Frame time, mean</source>
+        <translation>平均帧时间</translation>
+    </message>
+    <message>
+        <source>Frame time, worst of 5 s</source>
+        <translation>5 秒内最长帧时间</translation>
+    </message>
+    <message>
+        <source>Comments alive</source>
+        <translation>屏幕上的弹幕</translation>
+    </message>
+    <message>
+        <source>Sprites made</source>
+        <translation>已生成的文字图</translation>
+    </message>
+    <message>
+        <source>Sprites waiting</source>
+        <translation>等待中的文字图</translation>
+    </message>
+    <message>
+        <source>Texture memory</source>
+        <translation>纹理内存</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>画面</translation>
+    </message>
+    <message>
+        <source>Decoder</source>
+        <translation>解码器</translation>
+    </message>
+    <message>
+        <source>software</source>
+        <translation>软件</translation>
+    </message>
+</context>
+<context>
+    <name>StylePanel</name>
+    <message>
+        <source>Scrolling</source>
+        <translation>滚动</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>顶部</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>底部</translation>
+    </message>
+    <message>
+        <source>Small</source>
+        <translation>小</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>标准</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>红色</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>绿色</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>蓝色</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>白色</translation>
+    </message>
+    <message>
+        <source>Comment style</source>
+        <translation>弹幕样式</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>A</source>
+        <comment>a letter in the size of the comment</comment>
+        <translation>A</translation>
+    </message>
+    <message>
+        <source>Colour</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>Colour, as six hexadecimal digits</source>
+        <translation>颜色，六位十六进制数</translation>
+    </message>
+</context>
+<context>
+    <name>Transport</name>
+    <message>
+        <source>Play again</source>
+        <translation>重新播放</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>播放</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>空格</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>取消静音</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>静音</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Reading comments…</source>
+        <translation>正在读取弹幕…</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>1 条弹幕</translation>
+    </message>
+    <message>
+        <source>%1 comments</source>
+        <translation>%1 条弹幕</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>倍速</translation>
+    </message>
+    <message>
+        <source>Keyboard</source>
+        <translation>键盘快捷键</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Ctrl+,</source>
+        <translation>Ctrl+,</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Ctrl+O</source>
+        <translation>Ctrl+O</translation>
+    </message>
+    <message>
+        <source>Leave full screen</source>
+        <translation>退出全屏</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>全屏</translation>
+    </message>
+</context>
+</TS>

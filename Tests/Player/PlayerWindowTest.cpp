@@ -1,0 +1,444 @@
+#include "PlayerWindowTest.h"
+
+#include "Components/TextBlock.h"
+#include "Overlay.h"
+#include "Player.h"
+#include "Stage.h"
+#include "WindowTestMain.h"
+
+#include <QDropEvent>
+#include <QFile>
+#include <QMimeData>
+#include <QProcess>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+#include <algorithm>
+
+namespace Flitmark
+{
+
+namespace
+{
+
+constexpr QRgb Ground = qRgb(0x20, 0x30, 0x50);
+constexpr QRgb Green = qRgb(0x00, 0xFF, 0x00);
+constexpr QRgb Red = qRgb(0xFF, 0x00, 0x00);
+constexpr int Patience = 20'000;
+
+/** A minute of one colour. */
+void MakeVideo(const QString& InPath)
+{
+	QProcess FFmpeg;
+	FFmpeg.start("ffmpeg",
+				 {"-nostdin", "-loglevel", "error", "-y", "-f", "lavfi", "-i", "color=0x203050:s=640x360:r=25:d=60",
+				  "-c:v", "libx264", "-preset", "ultrafast", "-g", "25", "-pix_fmt", "yuv420p", InPath});
+	QVERIFY(FFmpeg.waitForFinished(60'000));
+	QCOMPARE(FFmpeg.exitCode(), 0);
+}
+
+void Write(const QString& InPath, const QByteArray& InText)
+{
+	QFile File(InPath);
+	QVERIFY(File.open(QIODevice::WriteOnly));
+	File.write(InText);
+}
+
+QByteArray MakeComment(double InSeconds, const char* InText, int InMode, const char* InColor)
+{
+	return "{\"danmaku_spawn_time\": " + QByteArray::number(qint64(InSeconds * 1e7)) + ", \"danmaku_content\": \"" +
+		   InText + "\", \"danmaku_mode\": " + QByteArray::number(InMode) +
+		   ", \"danmaku_font_size\": 48, \"danmaku_font_color\": \"" + InColor + "\"}";
+}
+
+/** Standing green ones from second 2 on, a red one that scrolls from second 21 on. */
+QByteArray MakeComments()
+{
+	return "{\"datas\": [" + MakeComment(2.5, "GREEN", 1, "#00FF00") + "," + MakeComment(2.5, "GREENER", 1, "#00FF00") +
+		   "," + MakeComment(21.2, "RED AND SCROLLING", 0, "#FF0000") + "]}";
+}
+
+/** A document whose reading and drawing take their time. */
+QByteArray MakeManyComments()
+{
+	QByteArray Text = "{\"datas\": [";
+	for (int Index = 0; Index < 60'000; ++Index)
+	{
+		const QByteArray Content = "comment " + QByteArray::number(Index);
+		Text += (Index > 0 ? "," : "") + MakeComment(Index / 1000, Content.constData(), Index % 3, "#FFFFFF");
+	}
+	return Text + "]}";
+}
+
+} // namespace
+
+void PlayerWindowTest::initTestCase()
+{
+	MakeVideo(Media.filePath("film.mp4"));
+	Write(Media.filePath("film.json"), MakeComments());
+	QVERIFY(QFile::copy(Media.filePath("film.mp4"), Media.filePath("bare.mp4")));
+	Write(Media.filePath("list.xml"), "<i><d p=\"30.5,5,25,255,0,0,0,1\">from a list</d></i>");
+	Write(Media.filePath("broken.mp4"), "this is no film");
+	Write(Media.filePath("many.json"), MakeManyComments());
+}
+
+void PlayerWindowTest::init()
+{
+	Home = std::make_unique<QTemporaryDir>();
+}
+
+void PlayerWindowTest::cleanup()
+{
+	Player.reset();
+	Window = nullptr;
+}
+
+void PlayerWindowTest::Open(const QString& InVideo, const QString& InComments)
+{
+	FPlayerOptions Options;
+	Options.Video = InVideo.isEmpty() ? QString() : Media.filePath(InVideo);
+	Options.Comments = InComments.isEmpty() ? QString() : Media.filePath(InComments);
+	Options.AudioOutput = "null";
+	Options.SettingsFolder = Home->path();
+	Options.SaveFolder = Home->filePath("saves");
+	std::string Error;
+	Player = FPlayerWindow::Create(Options, Error);
+	QVERIFY2(Player != nullptr, Error.c_str());
+	Window = &Player->GetWindow();
+	// The window manager may still be starting.
+	for (int Turn = 0; Turn < 100 && !Window->isActive(); ++Turn)
+	{
+		Window->requestActivate();
+		QTest::qWait(100);
+	}
+	QVERIFY(Window->isActive());
+	if (!InVideo.isEmpty())
+	{
+		QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded(), Patience);
+	}
+	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsLoadingComments(), Patience);
+}
+
+void PlayerWindowTest::PlayTo(double InPosition)
+{
+	Player->GetPlayer().SeekTo(InPosition - 1.0);
+	Player->GetPlayer().SetPlaying(true);
+	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsWaiting() && Player->GetPlayer().GetPosition() >= InPosition,
+							 Patience);
+}
+
+void PlayerWindowTest::StopAt(double InPosition)
+{
+	PlayTo(InPosition);
+	Player->GetPlayer().SetPlaying(false);
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetOverlay().GetMeter().GetSprites().NumWaiting, 0, Patience);
+	QTest::qWait(300);
+}
+
+void PlayerWindowTest::Drop(const QString& InPath)
+{
+	QMimeData Data;
+	Data.setUrls({QUrl::fromLocalFile(InPath)});
+	const QPoint Where(Window->width() / 2, Window->height() / 3);
+	QDragEnterEvent Enter(Where, Qt::CopyAction, &Data, Qt::LeftButton, Qt::NoModifier);
+	QCoreApplication::sendEvent(Window, &Enter);
+	QVERIFY(Enter.isAccepted());
+	QDropEvent Event(Where, Qt::CopyAction, &Data, Qt::LeftButton, Qt::NoModifier);
+	QCoreApplication::sendEvent(Window, &Event);
+	QVERIFY(Event.isAccepted());
+}
+
+void PlayerWindowTest::Type(const QString& InText)
+{
+	for (const QChar Each : InText)
+	{
+		QTest::keyClick(Window, Each.toLatin1());
+	}
+}
+
+void PlayerWindowTest::Click(const char* InName)
+{
+	QTest::mouseClick(Window, Qt::LeftButton, {}, CenterOf(InName));
+}
+
+QQuickItem* PlayerWindowTest::Find(const char* InName) const
+{
+	QQuickItem* const Item = Window->findChild<QQuickItem*>(InName);
+	if (Item == nullptr)
+	{
+		qFatal("no item %s", InName);
+	}
+	return Item;
+}
+
+QRect PlayerWindowTest::RectOf(const char* InName) const
+{
+	const QQuickItem* const Item = Find(InName);
+	return Item->mapRectToScene(QRectF(0.0, 0.0, Item->width(), Item->height())).toRect();
+}
+
+QPoint PlayerWindowTest::CenterOf(const char* InName) const
+{
+	return RectOf(InName).center();
+}
+
+QImage PlayerWindowTest::Grab() const
+{
+	return Window->grabWindow().convertToFormat(QImage::Format_RGB32);
+}
+
+int PlayerWindowTest::CountPixels(QRgb InColor) const
+{
+	const QImage Image = Grab().copy(RectOf("Comments"));
+	int Count = 0;
+	for (int Y = 0; Y < Image.height(); ++Y)
+	{
+		for (int X = 0; X < Image.width(); ++X)
+		{
+			const QRgb Pixel = Image.pixel(X, Y);
+			Count += std::abs(qRed(Pixel) - qRed(InColor)) + std::abs(qGreen(Pixel) - qGreen(InColor)) +
+						 std::abs(qBlue(Pixel) - qBlue(InColor)) <
+					 30;
+		}
+	}
+	return Count;
+}
+
+bool PlayerWindowTest::IsOnCanvas(const char16_t* InText) const
+{
+	std::vector<FPaintComment> Comments;
+	Player->GetOverlay().GetStage().CollectPaint(Comments);
+	return std::ranges::any_of(Comments, [InText](const FPaintComment& InComment)
+							   { return InComment.Text->GetText().ToString().Equals(InText); });
+}
+
+bool PlayerWindowTest::TellsOf(const QString& InWord) const
+{
+	const FMessageList& Messages = *Player->GetPlayer().GetMessages();
+	for (int Row = 0; Row < Messages.rowCount(); ++Row)
+	{
+		if (Messages.data(Messages.index(Row), Qt::DisplayRole).toString().contains(InWord) ||
+			Messages.data(Messages.index(Row), Qt::UserRole + 1).toString().contains(InWord))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
+void PlayerWindowTest::ShowsCommentsOverTheVideo()
+{
+	Open("film.mp4");
+	QCOMPARE(Player->GetPlayer().GetCommentCount(), 3);
+	StopAt(3.3);
+	QTest::qWait(1000);
+	QVERIFY(CountPixels(Green) > 500);
+	QCOMPARE(CountPixels(Red), 0);
+	QVERIFY(CountPixels(Ground) > 100'000);
+	QVERIFY(IsOnCanvas(u"GREEN") && IsOnCanvas(u"GREENER"));
+
+	// The picture is dark green nowhere but where a comment is.
+	const QRect Picture = RectOf("Comments");
+	const QImage Image = Grab();
+	QCOMPARE(Image.pixel(Picture.left() + 20, Picture.top() + Picture.height() / 2), Image.pixel(Picture.center()));
+}
+
+void PlayerWindowTest::HoldsStillWhilePaused()
+{
+	Open("film.mp4");
+	StopAt(22.0);
+	const int Seen = CountPixels(Red);
+	QVERIFY(Seen > 300);
+	QTRY_VERIFY(!Find("OnScreenMessage")->isVisible());
+	const QImage Before = Grab();
+	QTest::qWait(700);
+	QVERIFY(Before == Grab());
+	Player->GetPlayer().SetPlaying(true);
+	QTest::qWait(700);
+	QVERIFY(Before != Grab());
+}
+
+void PlayerWindowTest::SendsACommentThatComesAgainAfterSeekingBack()
+{
+	Open("bare.mp4");
+	PlayTo(10.2);
+	Click("CommentField");
+	Type("hello there");
+	QVERIFY(!IsOnCanvas(u"hello there"));
+	QTest::keyClick(Window, Qt::Key_Return);
+	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"hello there"), Patience);
+	QCOMPARE(Find("CommentField")->property("text").toString(), QString());
+	StopAt(12.5);
+	const double Sent = Player->GetPlayer().GetPosition();
+	QVERIFY(!IsOnCanvas(u"hello there"));
+	PlayTo(9.5);
+	QVERIFY(!IsOnCanvas(u"hello there"));
+	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"hello there"), Patience);
+	QVERIFY(Player->GetPlayer().GetPosition() < Sent);
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(qRgb(255, 255, 255)) > 30, Patience);
+}
+
+void PlayerWindowTest::SwitchesTheCommentsOffAndOn()
+{
+	Open("film.mp4");
+	StopAt(3.3);
+	QVERIFY(CountPixels(Green) > 500);
+	Click("OpenSwitch");
+	QTRY_COMPARE_WITH_TIMEOUT(CountPixels(Green), 0, Patience);
+	QVERIFY(!Find("CommentField")->isEnabled());
+	Click("OpenSwitch");
+	QVERIFY(Find("CommentField")->isEnabled());
+	StopAt(3.3);
+	QVERIFY(CountPixels(Green) > 500);
+}
+
+void PlayerWindowTest::SeeksByBarAndKeys()
+{
+	Open("film.mp4");
+	StopAt(3.3);
+	QTest::mouseMove(Window, CenterOf("SeekBar"));
+	Click("SeekBar");
+	QTRY_VERIFY_WITH_TIMEOUT(std::abs(Player->GetPlayer().GetPosition() - 30.0) < 1.5, Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsWaiting(), Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(!IsOnCanvas(u"GREEN"), Patience);
+	const double From = Player->GetPlayer().GetPosition();
+	QTest::mouseMove(Window, CenterOf("Comments"));
+	QTest::keyClick(Window, Qt::Key_Right);
+	QTRY_VERIFY_WITH_TIMEOUT(std::abs(Player->GetPlayer().GetPosition() - From - 5.0) < 0.5, Patience);
+	QTest::keyClick(Window, Qt::Key_Home);
+	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().GetPosition() < 0.5, Patience);
+	QVERIFY(!Player->GetPlayer().IsPlaying());
+	QTest::keyClick(Window, Qt::Key_Space);
+	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsPlaying(), Patience);
+}
+
+void PlayerWindowTest::KeepsCommentsOnThePictureWhenResized()
+{
+	Open("film.mp4");
+	StopAt(3.3);
+	const int Before = CountPixels(Green);
+	const QRect Wide = RectOf("Comments");
+	Window->resize(760, 700);
+	QTRY_VERIFY_WITH_TIMEOUT(RectOf("Comments").width() <= 760, Patience);
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetOverlay().GetMeter().GetSprites().NumWaiting, 0, Patience);
+	QTest::qWait(800);
+	const QRect Narrow = RectOf("Comments");
+	QVERIFY(Narrow.width() < Wide.width());
+	QVERIFY(std::abs(Narrow.width() * 360 - Narrow.height() * 640) < 1000);
+	QVERIFY(Narrow.top() > 20);
+	// Letters shrink with the picture, but stay legible.
+	QVERIFY(CountPixels(Green) > Before / 8 && CountPixels(Green) < Before);
+}
+
+void PlayerWindowTest::ShowsThePanelWhileThePointerIsThere()
+{
+	Open("film.mp4");
+	QTest::mouseMove(Window, CenterOf("Comments"));
+	QVERIFY(!Find("StylePanel")->isVisible());
+	QTest::mouseMove(Window, CenterOf("SettingsButton"));
+	QTRY_VERIFY(Find("StylePanel")->isVisible());
+	QTest::mouseMove(Window, CenterOf("StylePanel"));
+	QTest::qWait(1500);
+	QVERIFY(Find("StylePanel")->isVisible());
+	QTest::mouseMove(Window, CenterOf("Comments") - QPoint(0, 100));
+	QTest::qWait(400);
+	QVERIFY(Find("StylePanel")->isVisible());
+	QTRY_VERIFY(!Find("StylePanel")->isVisible());
+}
+
+void PlayerWindowTest::TakesWhatIsDropped()
+{
+	Open({});
+	QVERIFY(Find("StartPage")->isVisible());
+	Drop(Media.filePath("bare.mp4"));
+	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded(), Patience);
+	QVERIFY(!Find("StartPage")->isVisible());
+	QCOMPARE(Player->GetPlayer().GetCommentCount(), 0);
+	Drop(Media.filePath("list.xml"));
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetCommentCount(), 1, Patience);
+	PlayTo(31.0);
+	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"from a list"), Patience);
+}
+
+void PlayerWindowTest::TellsWhatCannotBePlayedAndGoesOn()
+{
+	Open("film.mp4");
+	PlayTo(2.0);
+	Drop(Media.filePath("broken.mp4"));
+	QTRY_VERIFY_WITH_TIMEOUT(TellsOf("broken.mp4"), Patience);
+	Player->GetPlayer().OpenComments(Media.filePath("missing.json"));
+	QTRY_VERIFY_WITH_TIMEOUT(TellsOf("missing.json"), Patience);
+	QVERIFY(Find("Messages")->isVisible());
+	Player->GetPlayer().OpenVideo(Media.filePath("film.mp4"));
+	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded() && Player->GetPlayer().IsPlaying(), Patience);
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetCommentCount(), 3, Patience);
+}
+
+void PlayerWindowTest::GoesIntoFullScreenAndBack()
+{
+	Open("film.mp4");
+	const QSize Before = Window->size();
+	QTest::keyClick(Window, Qt::Key_F);
+	QTRY_COMPARE_WITH_TIMEOUT(Window->visibility(), QWindow::FullScreen, Patience);
+	QTRY_COMPARE_WITH_TIMEOUT(Window->size(), QSize(1920, 1080), Patience);
+	QTest::mouseMove(Window, QPoint(960, 400));
+	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible() && !Find("CommentBar")->isVisible(), Patience);
+	QTest::mouseMove(Window, QPoint(900, 500));
+	QTRY_VERIFY_WITH_TIMEOUT(Find("Transport")->isVisible() && Find("CommentBar")->isVisible(), Patience);
+	QTest::keyClick(Window, Qt::Key_Escape);
+	QTRY_COMPARE_WITH_TIMEOUT(Window->size(), Before, Patience);
+}
+
+void PlayerWindowTest::ShowsItsPages()
+{
+	Open("film.mp4");
+	QTest::keyClick(Window, Qt::Key_I, Qt::ControlModifier);
+	QTRY_VERIFY(Find("StatisticsCard")->isVisible());
+	QTest::keyClick(Window, Qt::Key_I, Qt::ControlModifier);
+	QTRY_VERIFY(!Find("StatisticsCard")->isVisible());
+	QTest::keyClick(Window, Qt::Key_F1);
+	QObject* const Keys = Window->findChild<QObject*>("KeyboardPage");
+	QTRY_VERIFY(Keys->property("opened").toBool());
+	QTest::keyClick(Window, Qt::Key_Escape);
+	QTRY_VERIFY(!Keys->property("visible").toBool());
+}
+
+void PlayerWindowTest::RemembersWhatTheViewerPrefers()
+{
+	Open("film.mp4");
+	Click("OpenSwitch");
+	QTRY_VERIFY(!Find("CommentField")->isEnabled());
+	QTest::keyClick(Window, Qt::Key_M);
+	QTRY_VERIFY(Player->GetPlayer().IsMuted());
+	Player.reset();
+	Open("film.mp4");
+	QVERIFY(!Find("CommentField")->isEnabled());
+	QVERIFY(Player->GetPlayer().IsMuted());
+}
+
+void PlayerWindowTest::ClosesAtAnyMoment()
+{
+	for (const int Milliseconds : {0, 1, 20, 80, 150, 300, 600, 1200})
+	{
+		FPlayerOptions Options;
+		Options.Video = Media.filePath("film.mp4");
+		Options.Comments = Media.filePath("many.json");
+		Options.AudioOutput = "null";
+		Options.SettingsFolder = Home->path();
+		Options.SaveFolder = Home->filePath("saves");
+		std::string Error;
+		Player = FPlayerWindow::Create(Options, Error);
+		QVERIFY2(Player != nullptr, Error.c_str());
+		QTest::qWait(Milliseconds);
+		Player->GetWindow().close();
+		Player.reset();
+	}
+}
+
+} // namespace Flitmark
+
+int main(int ArgumentCount, char** Arguments)
+{
+	return Flitmark::RunWindowTest<Flitmark::PlayerWindowTest>(ArgumentCount, Arguments);
+}
