@@ -47,8 +47,9 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->capture_default_str()
 		->group(FormatGroup);
 	InCommand
-		.add_option("--positioned", InOutArguments.Positioned,
-					"Comments that their authors placed: text (stands at the top; pieces of drawings are dropped) or drop")
+		.add_option(
+			"--positioned", InOutArguments.Positioned,
+			"Comments that their authors placed: text (stands at the top; pieces of drawings are dropped) or drop")
 		->check(CLI::IsMember({"text", "drop"}))
 		->type_name("HOW")
 		->capture_default_str()
