@@ -12,11 +12,16 @@ headline()
   printf '\n== %s\n' "$*"
 }
 
-# build PRESET [cmake option...]: configures (quickly when nothing changed) and builds one preset into build/PRESET.
+# build PRESET [TARGET] [cmake option...]: configures (quickly when nothing changed) and builds one preset, or one target of
+# it, into build/PRESET.
 build()
 {
-  local preset=$1 quiet=() said
+  local preset=$1 quiet=() target=() said
   shift
+  if [ $# -gt 0 ] && [[ $1 != -* ]]; then
+    target=(--target "$1")
+    shift
+  fi
   [ -t 1 ] || quiet=(-- --quiet)
   if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER:-ccache}
@@ -25,5 +30,5 @@ build()
     printf '%s\n' "$said" >&2
     return 1
   fi
-  cmake --build --preset "$preset" "${quiet[@]}"
+  cmake --build --preset "$preset" "${target[@]}" "${quiet[@]}"
 }

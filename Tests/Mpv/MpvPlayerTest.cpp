@@ -83,7 +83,8 @@ protected:
 		std::string Data;
 		for (uint32_t Index = 0; Index < Seconds * Rate; ++Index)
 		{
-			Data += static_cast<char>(128.0 + 20.0 * std::sin(Index * 440.0 * 2.0 * std::numbers::pi / Rate));
+			Data += static_cast<char>(
+				static_cast<uint8_t>(128.0 + 20.0 * std::sin(Index * 440.0 * 2.0 * std::numbers::pi / Rate)));
 		}
 		std::string Bytes = "RIFF";
 		const auto Put = [&Bytes](uint32_t Value, int Size)
@@ -166,6 +167,19 @@ TEST_F(FMpvPlayerTest, SaysWhyAFileCannotBePlayedAndGoesOn)
 	Player->Open(WriteTone("tone.wav", 1));
 	EXPECT_TRUE(WaitUntil([this] { return NumLoaded == 1; }));
 	EXPECT_EQ(Failures.size(), 2U);
+}
+
+TEST_F(FMpvPlayerTest, TellsNothingOfWhatWasReplaced)
+{
+	const std::string Tone = WriteTone("tone.wav", 5);
+	for (int Turn = 0; Turn < 20; ++Turn)
+	{
+		Player->Open((Folder / "missing.mkv").string());
+		Player->Open(Tone);
+		ASSERT_TRUE(WaitUntil([&] { return NumLoaded == Turn + 1; }));
+		EXPECT_TRUE(Failures.empty()) << Failures.front();
+		EXPECT_TRUE(Player->GetState().bLoaded);
+	}
 }
 
 TEST_F(FMpvPlayerTest, EndsCleanlyWhileItLoads)

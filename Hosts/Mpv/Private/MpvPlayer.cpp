@@ -5,6 +5,7 @@
 #include <array>
 #include <clocale>
 #include <cstdio>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -162,7 +163,42 @@ void FMpvPlayer::Open(const std::string& InUrl)
 	State.bEnded = false;
 	if (bRenders)
 	{
-		Command({"loadfile", InUrl.c_str(), "replace"});
+		Load();
+	}
+}
+
+void FMpvPlayer::Load()
+{
+	std::string Name = "loadfile";
+	std::string How = "replace";
+	mpv_node Arguments[3]{};
+	std::size_t Index = 0;
+	for (std::string* const Text : {&Name, &State.Url, &How})
+	{
+		Arguments[Index].format = MPV_FORMAT_STRING;
+		Arguments[Index++].u.string = Text->data();
+	}
+	mpv_node_list List{3, Arguments, nullptr};
+	mpv_node Node{};
+	Node.format = MPV_FORMAT_NODE_ARRAY;
+	Node.u.list = &List;
+	Entry = 0;
+	mpv_command_node_async(Handle.get(), ++NumLoads, &Node);
+}
+
+void FMpvPlayer::TakeReply(const mpv_event& InEvent)
+{
+	const mpv_node& Result = static_cast<const mpv_event_command*>(InEvent.data)->result;
+	if (InEvent.reply_userdata != NumLoads || Result.format != MPV_FORMAT_NODE_MAP)
+	{
+		return;
+	}
+	for (int Index = 0; Index < Result.u.list->num; ++Index)
+	{
+		if (std::string_view(Result.u.list->keys[Index]) == "playlist_entry_id")
+		{
+			Entry = Result.u.list->values[Index].u.int64;
+		}
 	}
 }
 
@@ -170,7 +206,7 @@ void FMpvPlayer::StartRendering()
 {
 	if (!std::exchange(bRenders, true) && !State.Url.empty())
 	{
-		Open(State.Url);
+		Load();
 	}
 }
 
@@ -227,10 +263,14 @@ void FMpvPlayer::ProcessEvents()
 		case MPV_EVENT_LOG_MESSAGE:
 			TakeLog(*static_cast<const mpv_event_log_message*>(Event->data));
 			continue;
+		case MPV_EVENT_COMMAND_REPLY:
+			TakeReply(*Event);
+			continue;
+		case MPV_EVENT_START_FILE:
+			StartedEntry = static_cast<const mpv_event_start_file*>(Event->data)->playlist_entry_id;
+			continue;
 		case MPV_EVENT_FILE_LOADED:
-			State.bLoaded = true;
-			bStateChanged = true;
-			Observer.OnLoaded();
+			TakeLoaded();
 			continue;
 		case MPV_EVENT_END_FILE:
 			TakeEnd(*static_cast<const mpv_event_end_file*>(Event->data));
@@ -279,8 +319,23 @@ void FMpvPlayer::TakeLog(const mpv_event_log_message& InMessage)
 	}
 }
 
+void FMpvPlayer::TakeLoaded()
+{
+	if (StartedEntry == Entry)
+	{
+		State.bLoaded = true;
+		bStateChanged = true;
+		Observer.OnLoaded();
+	}
+}
+
 void FMpvPlayer::TakeEnd(const mpv_event_end_file& InEnd)
 {
+	// The end of what was open before says nothing about what is open now.
+	if (InEnd.playlist_entry_id != Entry)
+	{
+		return;
+	}
 	State.bLoaded = false;
 	bStateChanged = true;
 	if (InEnd.reason == MPV_END_FILE_REASON_ERROR)

@@ -2,10 +2,12 @@
 
 #include "MpvState.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 
+struct mpv_event;
 struct mpv_event_end_file;
 struct mpv_event_log_message;
 struct mpv_event_property;
@@ -87,6 +89,9 @@ private:
 	bool Start(const FMpvOptions& InOptions, std::string& OutError);
 	void Observe();
 	void TakeProperty(const mpv_event_property& InProperty, std::size_t InIndex);
+	void Load();
+	void TakeReply(const mpv_event& InEvent);
+	void TakeLoaded();
 	void TakeEnd(const mpv_event_end_file& InEnd);
 	void TakeLog(const mpv_event_log_message& InMessage);
 	void Command(std::initializer_list<const char*> InArguments);
@@ -100,6 +105,10 @@ private:
 	/** mpv's error, until it is told. */
 	std::string Failure;
 	bool bRenders = false;
+	/** How often something was loaded, and mpv's numbers of what was loaded last (0 until mpv tells) and of what it starts. */
+	uint64_t NumLoads = 0;
+	int64_t Entry = 0;
+	int64_t StartedEntry = 0;
 	bool bStateChanged = false;
 };
 

@@ -28,7 +28,6 @@ Rectangle {
 		text: qsTr("This is how a comment looks")
 		// Points at 96 DPI.
 		font.pixelSize: Math.max(1, root.fontSize * 96 / 72 * root.unit)
-		font.weight: Font.DemiBold
 		color: "white"
 		style: Text.Outline
 		styleColor: "#c0000000"

@@ -145,6 +145,13 @@
     </message>
 </context>
 <context>
+    <name>Flitmark::FScreenSaver</name>
+    <message>
+        <source>A video is playing</source>
+        <translation>動画を再生しています</translation>
+    </message>
+</context>
+<context>
     <name>KeyboardPage</name>
     <message>
         <source>Space</source>

@@ -54,6 +54,10 @@ void FPlayer::OpenVideo(const QString& InVideo, const QString& InComments)
 	if (const QString Fault = FindFileFault(Wanted); !Fault.isEmpty())
 	{
 		Complain(tr("%1 cannot be played: %2").arg(NameOf(Wanted), Fault));
+		if (!IsOpen() && !InComments.isEmpty())
+		{
+			OpenComments(InComments);
+		}
 		return;
 	}
 	KeepPosition();

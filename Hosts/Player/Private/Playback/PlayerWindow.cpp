@@ -5,6 +5,7 @@
 #include "Overlay.h"
 #include "Player.h"
 #include "Preferences.h"
+#include "ScreenSaver.h"
 #include "VideoItem.h"
 #include "ViewerBridge.h"
 
@@ -163,6 +164,9 @@ void FPlayerWindow::Connect()
 					 { Player->Complain(FPlayer::tr("Video cannot be drawn: %1.").arg(InReason)); });
 	Video->SetHandle(Player->GetMpv().GetHandle());
 	Layer->SetOverlay(Overlay.get());
+	ScreenSaver = std::make_unique<FScreenSaver>();
+	QObject::connect(Player.get(), &FPlayer::StateChanged, ScreenSaver.get(),
+					 [this] { ScreenSaver->SetHeldOff(Player->IsPlaying() && !Player->GetVideoSize().isEmpty()); });
 	Drive = std::make_unique<FFrameDrive>(*Window, *Layer, *Player, *Overlay, *Bridge);
 }
 

@@ -18,6 +18,7 @@ class FFrameDrive;
 class FOverlay;
 class FPlayer;
 class FPreferences;
+class FScreenSaver;
 class FViewerBridge;
 
 /** The player's whole window, and all that lives in it. One at a time in a process; GUI thread. */
@@ -50,6 +51,7 @@ private:
 	std::unique_ptr<QQmlApplicationEngine> Engine;
 	QQuickWindow* Window = nullptr;
 	std::unique_ptr<FFrameDrive> Drive;
+	std::unique_ptr<FScreenSaver> ScreenSaver;
 	/** The window's when it is neither maximised nor in full screen. */
 	QSize UsualSize;
 };

@@ -15,11 +15,11 @@ class FBarMirror final : public QObject
 {
 	Q_OBJECT
 	QML_ANONYMOUS
-	Q_PROPERTY(FCheckBoxMirror* open READ GetOpen CONSTANT)
-	Q_PROPERTY(FButtonMirror* settings READ GetSettings CONSTANT)
-	Q_PROPERTY(FFieldMirror* field READ GetField CONSTANT)
-	Q_PROPERTY(FLabelMirror* counter READ GetCounter CONSTANT)
-	Q_PROPERTY(FButtonMirror* send READ GetSend CONSTANT)
+	Q_PROPERTY(Flitmark::FCheckBoxMirror* open READ GetOpen CONSTANT)
+	Q_PROPERTY(Flitmark::FButtonMirror* settings READ GetSettings CONSTANT)
+	Q_PROPERTY(Flitmark::FFieldMirror* field READ GetField CONSTANT)
+	Q_PROPERTY(Flitmark::FLabelMirror* counter READ GetCounter CONSTANT)
+	Q_PROPERTY(Flitmark::FButtonMirror* send READ GetSend CONSTANT)
 
 public:
 	explicit FBarMirror(UUI_DanmakuBar& InBar);

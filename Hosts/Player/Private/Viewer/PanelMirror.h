@@ -23,7 +23,7 @@ class FPanelMirror final : public FWidgetMirror
 	Q_PROPERTY(QList<QObject*> modes READ GetModes CONSTANT)
 	Q_PROPERTY(QList<QObject*> sizes READ GetSizes CONSTANT)
 	Q_PROPERTY(QList<QObject*> presets READ GetPresets CONSTANT)
-	Q_PROPERTY(FFieldMirror* colorField READ GetColorField CONSTANT)
+	Q_PROPERTY(Flitmark::FFieldMirror* colorField READ GetColorField CONSTANT)
 	Q_PROPERTY(QColor swatch READ GetSwatch NOTIFY SwatchChanged)
 
 public:

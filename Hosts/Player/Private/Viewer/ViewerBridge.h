@@ -17,8 +17,8 @@ class FViewerBridge final : public QObject
 	Q_OBJECT
 	QML_NAMED_ELEMENT(Viewer)
 	QML_SINGLETON
-	Q_PROPERTY(FBarMirror* bar READ GetBar CONSTANT)
-	Q_PROPERTY(FPanelMirror* panel READ GetPanel CONSTANT)
+	Q_PROPERTY(Flitmark::FBarMirror* bar READ GetBar CONSTANT)
+	Q_PROPERTY(Flitmark::FPanelMirror* panel READ GetPanel CONSTANT)
 
 public:
 	/** InOverlay outlives the bridge. */
