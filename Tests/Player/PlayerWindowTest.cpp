@@ -1,20 +1,14 @@
 #include "PlayerWindowTest.h"
 
-#include "Components/TextBlock.h"
 #include "Overlay.h"
 #include "Player.h"
-#include "Stage.h"
 #include "WindowTestMain.h"
 
-#include <QDropEvent>
 #include <QFile>
-#include <QMimeData>
 #include <QProcess>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
-
-#include <algorithm>
 
 namespace Flitmark
 {
@@ -25,7 +19,6 @@ namespace
 constexpr QRgb Ground = qRgb(0x20, 0x30, 0x50);
 constexpr QRgb Green = qRgb(0x00, 0xFF, 0x00);
 constexpr QRgb Red = qRgb(0xFF, 0x00, 0x00);
-constexpr int Patience = 20'000;
 
 /** A minute of one colour. */
 void MakeVideo(const QString& InPath)
@@ -92,139 +85,6 @@ void PlayerWindowTest::cleanup()
 {
 	Player.reset();
 	Window = nullptr;
-}
-
-void PlayerWindowTest::Open(const QString& InVideo, const QString& InComments)
-{
-	FPlayerOptions Options;
-	Options.Video = InVideo.isEmpty() ? QString() : Media.filePath(InVideo);
-	Options.Comments = InComments.isEmpty() ? QString() : Media.filePath(InComments);
-	Options.AudioOutput = "null";
-	Options.SettingsFolder = Home->path();
-	Options.SaveFolder = Home->filePath("saves");
-	std::string Error;
-	Player = FPlayerWindow::Create(Options, Error);
-	QVERIFY2(Player != nullptr, Error.c_str());
-	Window = &Player->GetWindow();
-	// The window manager may still be starting.
-	for (int Turn = 0; Turn < 100 && !Window->isActive(); ++Turn)
-	{
-		Window->requestActivate();
-		QTest::qWait(100);
-	}
-	QVERIFY(Window->isActive());
-	if (!InVideo.isEmpty())
-	{
-		QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded(), Patience);
-	}
-	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsLoadingComments(), Patience);
-}
-
-void PlayerWindowTest::PlayTo(double InPosition)
-{
-	Player->GetPlayer().SeekTo(InPosition - 1.0);
-	Player->GetPlayer().SetPlaying(true);
-	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsWaiting() && Player->GetPlayer().GetPosition() >= InPosition,
-							 Patience);
-}
-
-void PlayerWindowTest::StopAt(double InPosition)
-{
-	PlayTo(InPosition);
-	Player->GetPlayer().SetPlaying(false);
-	QTRY_COMPARE_WITH_TIMEOUT(Player->GetOverlay().GetMeter().GetSprites().NumWaiting, 0, Patience);
-	QTest::qWait(300);
-}
-
-void PlayerWindowTest::Drop(const QString& InPath)
-{
-	QMimeData Data;
-	Data.setUrls({QUrl::fromLocalFile(InPath)});
-	const QPoint Where(Window->width() / 2, Window->height() / 3);
-	QDragEnterEvent Enter(Where, Qt::CopyAction, &Data, Qt::LeftButton, Qt::NoModifier);
-	QCoreApplication::sendEvent(Window, &Enter);
-	QVERIFY(Enter.isAccepted());
-	QDropEvent Event(Where, Qt::CopyAction, &Data, Qt::LeftButton, Qt::NoModifier);
-	QCoreApplication::sendEvent(Window, &Event);
-	QVERIFY(Event.isAccepted());
-}
-
-void PlayerWindowTest::Type(const QString& InText)
-{
-	for (const QChar Each : InText)
-	{
-		QTest::keyClick(Window, Each.toLatin1());
-	}
-}
-
-void PlayerWindowTest::Click(const char* InName)
-{
-	QTest::mouseClick(Window, Qt::LeftButton, {}, CenterOf(InName));
-}
-
-QQuickItem* PlayerWindowTest::Find(const char* InName) const
-{
-	QQuickItem* const Item = Window->findChild<QQuickItem*>(InName);
-	if (Item == nullptr)
-	{
-		qFatal("no item %s", InName);
-	}
-	return Item;
-}
-
-QRect PlayerWindowTest::RectOf(const char* InName) const
-{
-	const QQuickItem* const Item = Find(InName);
-	return Item->mapRectToScene(QRectF(0.0, 0.0, Item->width(), Item->height())).toRect();
-}
-
-QPoint PlayerWindowTest::CenterOf(const char* InName) const
-{
-	return RectOf(InName).center();
-}
-
-QImage PlayerWindowTest::Grab() const
-{
-	return Window->grabWindow().convertToFormat(QImage::Format_RGB32);
-}
-
-int PlayerWindowTest::CountPixels(QRgb InColor) const
-{
-	const QImage Image = Grab().copy(RectOf("Comments"));
-	int Count = 0;
-	for (int Y = 0; Y < Image.height(); ++Y)
-	{
-		for (int X = 0; X < Image.width(); ++X)
-		{
-			const QRgb Pixel = Image.pixel(X, Y);
-			Count += std::abs(qRed(Pixel) - qRed(InColor)) + std::abs(qGreen(Pixel) - qGreen(InColor)) +
-						 std::abs(qBlue(Pixel) - qBlue(InColor)) <
-					 30;
-		}
-	}
-	return Count;
-}
-
-bool PlayerWindowTest::IsOnCanvas(const char16_t* InText) const
-{
-	std::vector<FPaintComment> Comments;
-	Player->GetOverlay().GetStage().CollectPaint(Comments);
-	return std::ranges::any_of(Comments, [InText](const FPaintComment& InComment)
-							   { return InComment.Text->GetText().ToString().Equals(InText); });
-}
-
-bool PlayerWindowTest::TellsOf(const QString& InWord) const
-{
-	const FMessageList& Messages = *Player->GetPlayer().GetMessages();
-	for (int Row = 0; Row < Messages.rowCount(); ++Row)
-	{
-		if (Messages.data(Messages.index(Row), Qt::DisplayRole).toString().contains(InWord) ||
-			Messages.data(Messages.index(Row), Qt::UserRole + 1).toString().contains(InWord))
-		{
-			return true;
-		}
-	}
-	return false;
 }
 
 void PlayerWindowTest::ShowsCommentsOverTheVideo()
@@ -421,14 +281,8 @@ void PlayerWindowTest::ClosesAtAnyMoment()
 {
 	for (const int Milliseconds : {0, 1, 20, 80, 150, 300, 600, 1200})
 	{
-		FPlayerOptions Options;
-		Options.Video = Media.filePath("film.mp4");
-		Options.Comments = Media.filePath("many.json");
-		Options.AudioOutput = "null";
-		Options.SettingsFolder = Home->path();
-		Options.SaveFolder = Home->filePath("saves");
 		std::string Error;
-		Player = FPlayerWindow::Create(Options, Error);
+		Player = FPlayerWindow::Create(MakeOptions("film.mp4", "many.json"), Error);
 		QVERIFY2(Player != nullptr, Error.c_str());
 		QTest::qWait(Milliseconds);
 		Player->GetWindow().close();

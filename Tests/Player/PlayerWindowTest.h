@@ -1,20 +1,14 @@
 #pragma once
 
-#include "PlayerWindow.h"
+#include "PlayerInWindow.h"
 
-#include <QImage>
 #include <QObject>
-#include <QTemporaryDir>
-
-#include <memory>
-
-class QQuickItem;
 
 namespace Flitmark
 {
 
 /** The whole player in its window, used as a viewer uses it: by keys, pointer and drops, and looked at. */
-class PlayerWindowTest final : public QObject
+class PlayerWindowTest final : public QObject, private FPlayerInWindow
 {
 	Q_OBJECT
 
@@ -36,28 +30,6 @@ private Q_SLOTS:
 	void ShowsItsPages();
 	void RemembersWhatTheViewerPrefers();
 	void ClosesAtAnyMoment();
-
-private:
-	void Open(const QString& InVideo, const QString& InComments = {});
-	void PlayTo(double InPosition);
-	/** Plays to that position and stops there, with every comment drawn. */
-	void StopAt(double InPosition);
-	void Drop(const QString& InPath);
-	void Type(const QString& InText);
-	void Click(const char* InName);
-	QQuickItem* Find(const char* InName) const;
-	QPoint CenterOf(const char* InName) const;
-	QRect RectOf(const char* InName) const;
-	QImage Grab() const;
-	/** Pixels of the picture that are nearly of a colour. */
-	int CountPixels(QRgb InColor) const;
-	bool IsOnCanvas(const char16_t* InText) const;
-	bool TellsOf(const QString& InWord) const;
-
-	QTemporaryDir Media;
-	std::unique_ptr<QTemporaryDir> Home;
-	std::unique_ptr<FPlayerWindow> Player;
-	QQuickWindow* Window = nullptr;
 };
 
 } // namespace Flitmark
