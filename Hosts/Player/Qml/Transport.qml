@@ -82,6 +82,7 @@ FocusScope {
 
 			StyledSlider {
 				objectName: "VolumeSlider"
+				visible: root.width > 540
 				Layout.preferredWidth: 84
 				from: 0
 				to: 100

@@ -136,6 +136,10 @@
         <source>Video cannot be drawn: %1.</source>
         <translation>映像を表示できません：%1。</translation>
     </message>
+    <message>
+        <source>Some comments are not drawn in full: they are too large or too many.</source>
+        <translation>一部のコメントは、大きすぎるか多すぎるため、すべては描画されません。</translation>
+    </message>
 </context>
 <context>
     <name>Flitmark::FPreferences</name>

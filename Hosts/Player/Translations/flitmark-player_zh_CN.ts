@@ -136,6 +136,10 @@
         <source>Video cannot be drawn: %1.</source>
         <translation>无法显示画面：%1。</translation>
     </message>
+    <message>
+        <source>Some comments are not drawn in full: they are too large or too many.</source>
+        <translation>部分弹幕过大或过多，未能完整显示。</translation>
+    </message>
 </context>
 <context>
     <name>Flitmark::FPreferences</name>

@@ -279,6 +279,12 @@ void FPlayer::UpdateOverlay()
 {
 	ToldTime = GetPosition();
 	Overlay.SetMediaTime(ToldTime);
+	const bool bUndrawn = Overlay.GetMeter().GetSprites().bUndrawn;
+	if (bUndrawn && !bToldUndrawn)
+	{
+		Announce(tr("Some comments are not drawn in full: they are too large or too many."));
+	}
+	bToldUndrawn = bUndrawn;
 }
 
 void FPlayer::OnStateChanged()

@@ -114,7 +114,7 @@ public:
 	/** A sentence about what went wrong. */
 	void Complain(const QString& InText);
 
-	/** Before each frame: tells the overlay the media time. */
+	/** Before each frame: tells the overlay the media time, and the viewer when comments stay undrawn. */
 	void UpdateOverlay();
 
 	FMpvPlayer& GetMpv() const { return *Mpv; }
@@ -202,6 +202,8 @@ private:
 	std::optional<FSeek> NextSeek;
 	/** For a seek of which nothing is heard again. */
 	QTimer SeekTimer;
+	/** That some comments stay undrawn was said. */
+	bool bToldUndrawn = false;
 	/** The media time that the overlay knows. */
 	double ToldTime = 0.0;
 
