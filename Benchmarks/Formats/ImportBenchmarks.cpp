@@ -82,7 +82,7 @@ BENCHMARK_CAPTURE(Import, ChatXml, ECommentFormat::ChatXml)->Unit(benchmark::kMi
 BENCHMARK_CAPTURE(Import, ChatJson, ECommentFormat::ChatJson)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Import, ObjectsJson, ECommentFormat::ObjectsJson)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Import, Own, ECommentFormat::Own)->Unit(benchmark::kMillisecond);
-BENCHMARK(Write)->Unit(benchmark::kMillisecond);
+BENCHMARK(Write)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 

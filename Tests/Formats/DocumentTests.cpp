@@ -1,7 +1,9 @@
 #include "CommentDocumentWriter.h"
+#include "CommentOrder.h"
 #include "ImportKit.h"
 #include "KindPolicy.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace Flitmark
@@ -200,6 +202,34 @@ TEST(KindPolicy, SettlesEveryKind)
 		EXPECT_EQ(Counts.NumDrawingsDropped, Case.Counts.NumDrawingsDropped);
 		EXPECT_EQ(Counts.CountDropped(), Comments.size() - Left.size());
 	}
+}
+
+// So many that they are written in several slices.
+TEST(OwnDocument, HoldsManyCommentsInOrder)
+{
+	constexpr std::int64_t Count = 10'000;
+	std::vector<FServiceComment> Comments;
+	for (std::int64_t Id = 0; Id < Count; ++Id)
+	{
+		FServiceComment& Comment = Comments.emplace_back();
+		Comment.Id = Id;
+		Comment.SpawnTicks = Id * 7919 % 1000;
+		Comment.Text = "\"" + std::to_string(Id);
+	}
+	std::vector<FServiceComment> Expected = Comments;
+	std::ranges::stable_sort(Expected, {}, &FServiceComment::SpawnTicks);
+	OrderByTime(Comments);
+	const FImportResult Result = ImportText(WriteCommentDocument(Comments));
+	EXPECT_EQ(DescribeFaults(Result), "");
+	ASSERT_EQ(Result.Comments.size(), Expected.size());
+	for (std::size_t Index = 0; Index < Expected.size(); ++Index)
+	{
+		ASSERT_EQ(Result.Comments[Index].Id, Expected[Index].Id) << Index;
+		ASSERT_EQ(Result.Comments[Index].Text, Expected[Index].Text);
+	}
+	int NumPieces = 0;
+	EXPECT_FALSE(WriteCommentDocument(Comments, [&NumPieces](std::string_view) { return ++NumPieces < 2; }));
+	EXPECT_EQ(NumPieces, 2) << "nothing is handed out after the output stopped";
 }
 
 } // namespace Flitmark

@@ -3,6 +3,7 @@
 #include "CommentChange.h"
 #include "CommentDocumentWriter.h"
 #include "CommentOptions.h"
+#include "CommentOrder.h"
 #include "CommentTraits.h"
 #include "ExitCodes.h"
 #include "Message.h"
@@ -145,12 +146,19 @@ bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsIn
 		{
 			return false;
 		}
-		Comments.insert(Comments.end(), std::make_move_iterator(More.begin()), std::make_move_iterator(More.end()));
+		if (Comments.empty())
+		{
+			Comments = std::move(More);
+		}
+		else
+		{
+			Comments.insert(Comments.end(), std::make_move_iterator(More.begin()), std::make_move_iterator(More.end()));
+		}
 		InInputs[Index] = {};
 	}
 	if (InInputs.size() > 1)
 	{
-		std::ranges::stable_sort(Comments, {}, &FServiceComment::SpawnTicks);
+		OrderByTime(Comments);
 	}
 	for (const FFilterRule& Rule : InFilter != nullptr ? InFilter->Apply(Comments) : std::vector<FFilterRule>())
 	{

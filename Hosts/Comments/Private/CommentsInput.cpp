@@ -1,6 +1,7 @@
 #include "CommentsInput.h"
 
 #include "CommentDocumentWriter.h"
+#include "CommentOrder.h"
 #include "Files.h"
 
 #include <algorithm>
@@ -61,7 +62,20 @@ bool NamesList(std::string_view InText)
 	{
 		return (InLetter | 0x20) == InOther;
 	};
-	return std::search(InText.begin(), InText.end(), Name.begin(), Name.end(), Same) != InText.end();
+	// Its rarest letter is looked for first.
+	constexpr std::size_t Rarest = Name.find('t');
+	for (const char Letter : {'t', 'T'})
+	{
+		for (std::size_t Place = InText.find(Letter, Rarest); Place != std::string_view::npos;
+			 Place = InText.find(Letter, Place + 1))
+		{
+			if (std::ranges::equal(InText.substr(Place - Rarest, Name.size()), Name, Same))
+			{
+				return true;
+			}
+		}
+	}
+	return false;
 }
 
 struct FFileLook
@@ -80,20 +94,26 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 		return std::nullopt;
 	}
 	std::ifstream File(InPath, std::ios::binary);
-	std::string Piece(HeadSize, '\0');
-	File.read(Piece.data(), static_cast<std::streamsize>(Piece.size()));
+	std::string Seen;
+	const auto ReadMore = [&File, &Seen]
+	{
+		const std::size_t Kept = Seen.size();
+		Seen.resize(Kept + HeadSize);
+		File.read(Seen.data() + Kept, HeadSize);
+		Seen.resize(Kept + static_cast<std::size_t>(File.gcount()));
+		return File.gcount() > 0;
+	};
+	bool bMore = ReadMore();
 	FFileLook Look;
-	Look.Format = DetectFormat(std::string_view(Piece).substr(0, static_cast<std::size_t>(File.gcount())));
+	Look.Format = DetectFormat(Seen);
 	Look.bMayBeOwn = IsOwn(Look.Format);
 	// The end of one piece and the beginning of the next are looked at together.
 	constexpr std::size_t Overlap = 8;
-	std::string Seen = Piece.substr(0, static_cast<std::size_t>(File.gcount()));
-	while (IsJson(Look.Format) && !Look.bMayBeOwn && !Seen.empty())
+	while (IsJson(Look.Format) && !Look.bMayBeOwn && bMore)
 	{
 		Look.bMayBeOwn = NamesList(Seen);
-		File.read(Piece.data(), static_cast<std::streamsize>(Piece.size()));
-		const auto Size = static_cast<std::size_t>(File.gcount());
-		Seen = Size > 0 ? Seen.substr(Seen.size() - std::min(Overlap, Seen.size())) + Piece.substr(0, Size) : "";
+		Seen.erase(0, Seen.size() - std::min(Overlap, Seen.size()));
+		bMore = ReadMore();
 	}
 	return File.bad() ? std::nullopt : std::optional(Look);
 }
@@ -204,7 +224,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 		return std::nullopt;
 	}
 	Input.Bytes.reset();
-	std::ranges::stable_sort(Input.Comments, {}, &FServiceComment::SpawnTicks);
+	OrderByTime(Input.Comments);
 	Input.Report.Kinds = ApplyKindPolicy(Input.Comments, InKinds);
 	return Input;
 }

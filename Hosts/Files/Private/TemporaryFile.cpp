@@ -74,6 +74,14 @@ bool FTemporaryFile::Write(std::string_view InBytes, std::string& OutError)
 			return false;
 		}
 		InBytes.remove_prefix(Written > 0 ? static_cast<std::size_t>(Written) : 0);
+		NumWaiting += Written > 0 ? Written : 0;
+	}
+	constexpr std::int64_t Enough = std::int64_t{4} << 20;
+	if (NumWaiting >= Enough)
+	{
+		// The disk begins at once, so that there is little to wait for at the end. Its errors are told then, too.
+		sync_file_range(Handle, 0, 0, SYNC_FILE_RANGE_WRITE);
+		NumWaiting = 0;
 	}
 	return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,6 +32,8 @@ private:
 	std::string FinalPath;
 	std::string TemporaryPath;
 	int Handle;
+	/** Bytes of which the disk was not told yet. */
+	std::int64_t NumWaiting = 0;
 	bool bCommitted = false;
 };
 

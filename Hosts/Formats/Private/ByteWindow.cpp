@@ -57,10 +57,13 @@ std::uint64_t FByteWindow::GetLine(std::size_t InPlace)
 
 void FByteWindow::CountLinesTo(std::size_t InPlace)
 {
-	if (LinePlace < InPlace)
+	while (LinePlace < InPlace)
 	{
-		NumLineEnds += static_cast<std::uint64_t>(std::count(Buffer.data() + LinePlace, Buffer.data() + InPlace, '\n'));
-		LinePlace = InPlace;
+		// Lines are long enough that the library's search is faster than a count byte by byte.
+		const std::string_view Rest(Buffer.data() + LinePlace, InPlace - LinePlace);
+		const std::size_t LineEnd = Rest.find('\n');
+		NumLineEnds += LineEnd == std::string_view::npos ? 0 : 1;
+		LinePlace += std::min(LineEnd, Rest.size() - 1) + 1;
 	}
 }
 

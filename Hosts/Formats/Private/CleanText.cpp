@@ -45,8 +45,9 @@ bool IsPlainTriple(std::string_view InText, std::size_t InPlace)
 	return GetByte(0) > 0xE0 && GetByte(0) < 0xED && (GetByte(1) & 0xC0) == 0x80 && (GetByte(2) & 0xC0) == 0x80;
 }
 
-/** How much of the text's start needs no cleaning. */
-std::size_t FindUnclean(std::string_view InText)
+/** How much of the text's start passes: eight bytes by their test, or a character by the other. */
+template <typename EightTest, typename CharacterTest>
+std::size_t FindFirstNot(std::string_view InText, EightTest InIsPlain, CharacterTest InPasses)
 {
 	std::size_t Place = 0;
 	while (Place < InText.size())
@@ -55,7 +56,7 @@ std::size_t FindUnclean(std::string_view InText)
 		if (InText.size() - Place >= sizeof(Eight))
 		{
 			std::memcpy(&Eight, InText.data() + Place, sizeof(Eight));
-			if (IsPlainAscii(Eight))
+			if (InIsPlain(Eight))
 			{
 				Place += sizeof(Eight);
 				continue;
@@ -67,12 +68,27 @@ std::size_t FindUnclean(std::string_view InText)
 			continue;
 		}
 		const std::size_t Start = Place;
-		if (!IsKept(TakeCharacter(InText, Place)))
+		if (!InPasses(TakeCharacter(InText, Place)))
 		{
 			return Start;
 		}
 	}
 	return InText.size();
+}
+
+/** How much of the text's start needs no cleaning. */
+std::size_t FindUnclean(std::string_view InText)
+{
+	return FindFirstNot(InText, IsPlainAscii, IsKept);
+}
+
+/** How much of the text's start is UTF-8. */
+std::size_t FindWrongByte(std::string_view InText)
+{
+	constexpr std::uint64_t HighBits = 0x8080808080808080U;
+	return FindFirstNot(
+		InText, [](std::uint64_t InEight) { return (InEight & HighBits) == 0; },
+		[](UChar32 InCharacter) { return InCharacter >= 0; });
 }
 
 std::string CleanFrom(std::string_view InText, std::size_t InFirst)
@@ -133,11 +149,16 @@ void BreakLines(std::string& InOutText)
 	InOutText.resize(To);
 }
 
+bool IsUtf8(std::string_view InText)
+{
+	return FindWrongByte(InText) == InText.size();
+}
+
 void MakeUtf8(std::string& InOutText)
 {
 	std::string Valid;
 	std::size_t Copied = 0;
-	for (std::size_t Place = 0; Place < InOutText.size();)
+	for (std::size_t Place = FindWrongByte(InOutText); Place < InOutText.size();)
 	{
 		const std::size_t Start = Place;
 		if (TakeCharacter(InOutText, Place) < 0)

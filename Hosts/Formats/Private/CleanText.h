@@ -18,6 +18,8 @@ std::string MakeCleanText(std::string_view InText);
 /** Lists write `/n` for a line break. */
 void BreakLines(std::string& InOutText);
 
+bool IsUtf8(std::string_view InText);
+
 /** Wrong bytes become U+FFFD; nothing else changes. */
 void MakeUtf8(std::string& InOutText);
 

@@ -1,12 +1,10 @@
 #include "CommentDocumentWriter.h"
 
-#include "CleanText.h"
+#include "CommentJson.h"
 
 #include <algorithm>
-#include <charconv>
-#include <chrono>
-#include <cstdint>
-#include <rapidjson/writer.h>
+#include <future>
+#include <thread>
 
 namespace Flitmark
 {
@@ -14,171 +12,73 @@ namespace Flitmark
 namespace
 {
 
-/** What a RapidJSON writer writes to. */
-class FStringStream
+/** Comments that are formatted at a time: about a megabyte. */
+constexpr std::size_t SliceSize = 4096;
+
+/** A slice's text, made on a thread of its own where there is more than one. */
+class FSlice
 {
 public:
-	using Ch = char;
-
-	explicit FStringStream(std::string& OutText)
-		: Text(OutText)
+	void Start(std::span<const FServiceComment> InComments, bool bInAlone)
 	{
+		// Where no thread can be had, it is made when it is asked for.
+		const std::launch Deferred = std::launch::deferred;
+		Done =
+			std::async(bInAlone ? Deferred : Deferred | std::launch::async, [this, InComments] { Make(InComments); });
 	}
 
-	void Put(char InCharacter) { Text += InCharacter; }
-	void Flush() {}
+	bool IsStarted() const { return Done.valid(); }
 
-private:
-	std::string& Text;
-};
-
-using FJsonWriter = rapidjson::Writer<FStringStream, rapidjson::UTF8<>, rapidjson::UTF8<>, rapidjson::CrtAllocator,
-									  rapidjson::kWriteNoFlags>;
-
-int ToMode(ECommentKind InKind)
-{
-	constexpr int NotShown = 3;
-	switch (InKind)
+	/** Valid until the next Start. */
+	std::string_view Take()
 	{
-	case ECommentKind::Scroll:
-		return 0;
-	case ECommentKind::Top:
-		return 1;
-	case ECommentKind::Bottom:
-		return 2;
-	default:
-		return NotShown;
-	}
-}
-
-/** `year.month.day-hour.minute.second`; false where it is beyond four digits of year. */
-bool FormatDate(std::int64_t InUnixSeconds, char (&OutText)[20])
-{
-	constexpr std::int64_t Year10000 = 253'402'300'800;
-	constexpr std::int64_t Year1 = -62'135'596'800;
-	if (InUnixSeconds < Year1 || InUnixSeconds >= Year10000)
-	{
-		return false;
-	}
-	using namespace std::chrono;
-	const sys_seconds Time{seconds(InUnixSeconds)};
-	const sys_days Day = floor<days>(Time);
-	const year_month_day Date(Day);
-	const hh_mm_ss Clock(Time - Day);
-	const auto Put = [&OutText](int InPlace, int InNumDigits, int InValue)
-	{
-		for (int Digit = InPlace + InNumDigits - 1; Digit >= InPlace; --Digit)
-		{
-			OutText[Digit] = static_cast<char>('0' + InValue % 10);
-			InValue /= 10;
-		}
-	};
-	constexpr std::string_view Form = "0000.00.00-00.00.00";
-	Form.copy(OutText, Form.size());
-	Put(0, 4, static_cast<int>(Date.year()));
-	Put(5, 2, static_cast<int>(static_cast<unsigned>(Date.month())));
-	Put(8, 2, static_cast<int>(static_cast<unsigned>(Date.day())));
-	Put(11, 2, static_cast<int>(Clock.hours().count()));
-	Put(14, 2, static_cast<int>(Clock.minutes().count()));
-	Put(17, 2, static_cast<int>(Clock.seconds().count()));
-	return true;
-}
-
-/** `#RRGGBB`, and the opacity where it is not full. */
-std::string_view FormatColor(std::uint32_t InColor, char (&OutText)[9])
-{
-	constexpr char Digits[] = "0123456789ABCDEF";
-	OutText[0] = '#';
-	for (unsigned Digit = 0; Digit < 8; ++Digit)
-	{
-		OutText[1 + Digit] = Digits[InColor >> (28 - 4 * Digit) & 15];
-	}
-	return {OutText, (InColor & 0xFF) == 0xFF ? 7U : 9U};
-}
-
-class FCommentWriter
-{
-public:
-	explicit FCommentWriter(std::string& OutText)
-		: Stream(OutText)
-	{
-	}
-
-	void Write(const FServiceComment& InComment)
-	{
-		Writer.Reset(Stream);
-		Writer.StartObject();
-		WriteInteger("danmaku_id", InComment.Id);
-		WriteInteger("post_id", InComment.PostId);
-		WriteInteger("user_id", InComment.UserId);
-		WriteText("user_display_name", InComment.UserName);
-		char Date[20];
-		if (InComment.PostDate != 0 && FormatDate(InComment.PostDate, Date))
-		{
-			WriteText("danmaku_post_date", {Date, 19});
-		}
-		WriteInteger("danmaku_spawn_time", InComment.SpawnTicks);
-		WriteText("danmaku_content", InComment.Text);
-		WriteInteger("danmaku_mode", ToMode(InComment.Kind));
-		WriteInteger("danmaku_font_size", InComment.FontSize);
-		char Color[9];
-		WriteText("danmaku_font_color", FormatColor(InComment.Color, Color));
-		Writer.EndObject();
+		Done.get();
+		return Json.GetText();
 	}
 
 private:
-	void WriteKey(std::string_view InKey) { Writer.Key(InKey.data(), static_cast<rapidjson::SizeType>(InKey.size())); }
-
-	void WriteInteger(std::string_view InKey, std::int64_t InValue)
+	void Make(std::span<const FServiceComment> InComments)
 	{
-		WriteKey(InKey);
-		Writer.Int64(InValue);
+		Json.Clear();
+		for (const FServiceComment& Comment : InComments)
+		{
+			Json.Add("\n");
+			Json.AddComment(Comment);
+			Json.Add(",");
+		}
 	}
 
-	void WriteText(std::string_view InKey, std::string_view InValue)
-	{
-		WriteKey(InKey);
-		Writer.String(InValue.data(), static_cast<rapidjson::SizeType>(InValue.size()));
-	}
-
-	FStringStream Stream;
-	FJsonWriter Writer{Stream};
+	FCommentJson Json;
+	std::future<void> Done;
 };
 
 } // namespace
 
 bool WriteCommentDocument(std::span<const FServiceComment> InComments, const FTextOutput& InOutput)
 {
-	constexpr std::size_t PieceSize = std::size_t{64} << 10;
-	std::string Piece = "{\"datas\":[";
-	FCommentWriter Writer(Piece);
-	bool bFirst = true;
-	for (const FServiceComment& Comment : InComments)
+	// One more than are made at a time: the one that is handed out.
+	std::vector<FSlice> Slices(std::clamp(std::thread::hardware_concurrency(), 1U, 8U) + 1);
+	const bool bAlone = InComments.size() <= SliceSize;
+	const auto StartNext = [&InComments, bAlone](FSlice& OutSlice)
 	{
-		Piece += bFirst ? "\n" : ",\n";
-		bFirst = false;
-		if (Comment.Source.empty())
+		if (!InComments.empty())
 		{
-			Writer.Write(Comment);
+			const std::size_t Size = std::min(SliceSize, InComments.size());
+			OutSlice.Start(InComments.first(Size), bAlone);
+			InComments = InComments.subspan(Size);
 		}
-		else
-		{
-			Piece += Comment.Source;
-		}
-		if (Piece.size() >= PieceSize)
-		{
-			// Importers give UTF-8 alone, but nothing keeps others from putting anything into a comment.
-			MakeUtf8(Piece);
-			if (!InOutput(Piece))
-			{
-				return false;
-			}
-			Piece.clear();
-		}
+	};
+	std::ranges::for_each(Slices, StartNext);
+	bool bWritten = InOutput("{\"datas\":[");
+	for (std::size_t Index = 0; bWritten && Slices[Index].IsStarted(); Index = (Index + 1) % Slices.size())
+	{
+		std::string_view Text = Slices[Index].Take();
+		const bool bLast = InComments.empty() && !Slices[(Index + 1) % Slices.size()].IsStarted();
+		Text.remove_suffix(bLast ? 1 : 0);
+		bWritten = InOutput(Text);
+		StartNext(Slices[Index]);
 	}
-	Piece += "\n]}\n";
-	MakeUtf8(Piece);
-	return InOutput(Piece);
+	return bWritten && InOutput("\n]}\n");
 }
 
 std::string WriteCommentDocument(std::span<const FServiceComment> InComments)

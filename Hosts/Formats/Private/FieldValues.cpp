@@ -49,15 +49,21 @@ std::optional<std::uint32_t> ParseHexColor(std::string_view InDigits)
 	}
 }
 
+/** Whether the whole text is a number. */
+template <typename NumberType>
+bool Read(std::string_view InText, NumberType& OutNumber)
+{
+	const char* const End = InText.data() + InText.size();
+	const auto [Stop, Error] = std::from_chars(InText.data(), End, OutNumber);
+	return Error == std::errc() && Stop == End;
+}
+
 } // namespace
 
 std::optional<double> ParseNumber(std::string_view InText)
 {
-	const std::string_view Text = Trim(InText);
 	double Number = 0.0;
-	const char* const End = Text.data() + Text.size();
-	const auto [Stop, Error] = std::from_chars(Text.data(), End, Number);
-	if (Error != std::errc() || Stop != End || !std::isfinite(Number))
+	if ((!Read(InText, Number) && !Read(Trim(InText), Number)) || !std::isfinite(Number))
 	{
 		return std::nullopt;
 	}
@@ -66,15 +72,12 @@ std::optional<double> ParseNumber(std::string_view InText)
 
 std::optional<std::int64_t> ParseInteger(std::string_view InText)
 {
-	const std::string_view Text = Trim(InText);
 	std::int64_t Integer = 0;
-	const char* const End = Text.data() + Text.size();
-	const auto [Stop, Error] = std::from_chars(Text.data(), End, Integer);
-	if (Error == std::errc() && Stop == End)
+	if (Read(InText, Integer) || Read(Trim(InText), Integer))
 	{
 		return Integer;
 	}
-	const std::optional<double> Number = ParseNumber(Text);
+	const std::optional<double> Number = ParseNumber(Trim(InText));
 	if (!Number)
 	{
 		return std::nullopt;

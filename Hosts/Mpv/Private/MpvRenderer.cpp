@@ -29,10 +29,6 @@ std::unique_ptr<FMpvRenderer> FMpvRenderer::Create(std::shared_ptr<mpv_handle> I
 	{
 		Params.push_back({MPV_RENDER_PARAM_X11_DISPLAY, InSurface.X11Display});
 	}
-	if (InSurface.WaylandDisplay != nullptr)
-	{
-		Params.push_back({MPV_RENDER_PARAM_WL_DISPLAY, InSurface.WaylandDisplay});
-	}
 	Params.push_back({MPV_RENDER_PARAM_INVALID, nullptr});
 	if (const int Error = mpv_render_context_create(&Renderer->Context, Renderer->Handle.get(), Params.data());
 		Error < 0)

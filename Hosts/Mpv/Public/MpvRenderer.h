@@ -19,9 +19,8 @@ struct FMpvSurface
 	void* (*GetProcAddress)(void* InContext, const char* InName) = nullptr;
 	void* Context = nullptr;
 
-	/** The display's own handle where it is known: lets hardware decoders hand frames over without a copy. */
+	/** The X11 display where there is one: lets hardware decoders hand frames over without a copy. */
 	void* X11Display = nullptr;
-	void* WaylandDisplay = nullptr;
 };
 
 /** Draws the player's picture with OpenGL. Made, used and destroyed on the thread that has the context current. */

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "ServiceComment.h"
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Flitmark
+{
+
+/** Comments as our document writes them, one behind the other in one buffer. Whatever is in them, it is UTF-8. */
+class FCommentJson
+{
+public:
+	/** Valid until something is added. */
+	std::string_view GetText() const { return {Buffer.data(), Size}; }
+
+	/** Keeps the buffer. */
+	void Clear() { Size = 0; }
+
+	/** Plain text between comments. */
+	void Add(std::string_view InText);
+
+	/** A JSON object, or the comment's Source where it has one. */
+	void AddComment(const FServiceComment& InComment);
+
+private:
+	char* MakeRoom(std::size_t InSize);
+	char* PutDate(char* OutText, std::int64_t InUnixSeconds);
+
+	std::vector<char> Buffer;
+	std::size_t Size = 0;
+
+	/** Comments of one day come together often: days since 1970, and `year.month.day-`. */
+	std::int64_t Day = std::numeric_limits<std::int64_t>::min();
+	std::string DayText;
+
+	/** Texts that cannot be copied as they are. */
+	std::string NameStorage;
+	std::string TextStorage;
+};
+
+} // namespace Flitmark
