@@ -34,5 +34,7 @@ function(flitmark_test Name)
 	target_include_directories(${Name} PRIVATE ${Arg_INCLUDE})
 	target_compile_definitions(${Name} PRIVATE ${Arg_DEFINE})
 	target_link_libraries(${Name} PRIVATE FlitmarkFlags ${Arg_LINK} GTest::gtest GTest::gtest_main)
+	# Tests take longer to optimise than to run; what they test is optimised.
+	target_compile_options(${Name} PRIVATE -O0)
 	gtest_discover_tests(${Name} DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES)
 endfunction()

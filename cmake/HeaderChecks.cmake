@@ -1,5 +1,22 @@
 # Every header alone: a file that includes nothing but one header is compiled for each of them, with what its own target
-# sees. A header that leans on what its includers happen to include breaks here.
+# sees. A header that leans on what its includers happen to include breaks here. A header that its own source includes
+# before all else is checked by that.
+
+# Whether one of the target's sources begins with the header.
+function(flitmark_is_first_include Header Target Out)
+	set(${Out} OFF PARENT_SCOPE)
+	cmake_path(GET Header STEM Name)
+	get_target_property(Files ${Target} SOURCES)
+	get_target_property(Dir ${Target} SOURCE_DIR)
+	list(FILTER Files INCLUDE REGEX "(^|/)${Name}\\.cpp$")
+	foreach(File IN LISTS Files)
+		cmake_path(ABSOLUTE_PATH File BASE_DIRECTORY ${Dir})
+		file(STRINGS ${File} First REGEX "^#include" LIMIT_COUNT 1)
+		if(First STREQUAL "#include \"${Name}.h\"")
+			set(${Out} ON PARENT_SCOPE)
+		endif()
+	endforeach()
+endfunction()
 
 # The headers of one target are those in its own include folders; a folder belongs to the first target that names it.
 function(flitmark_check_headers Target)
@@ -19,6 +36,10 @@ function(flitmark_check_headers Target)
 				continue()
 			endif()
 			list(APPEND Claimed ${Header})
+			flitmark_is_first_include(${Header} ${Target} bChecked)
+			if(bChecked)
+				continue()
+			endif()
 			cmake_path(RELATIVE_PATH Header BASE_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE Name)
 			string(REPLACE "/" "." Name ${Name})
 			set(Source ${CMAKE_BINARY_DIR}/HeaderChecks/${Name}.cpp)
