@@ -4,6 +4,7 @@
 #include "Overlay.h"
 #include "Player.h"
 #include "Stage.h"
+#include "WindowTestMain.h"
 
 #include <QCoreApplication>
 #include <QDropEvent>
@@ -34,13 +35,7 @@ void FPlayerInWindow::Open(const QString& InVideo, const QString& InComments)
 	Player = FPlayerWindow::Create(MakeOptions(InVideo, InComments), Error);
 	QVERIFY2(Player != nullptr, Error.c_str());
 	Window = &Player->GetWindow();
-	// The window manager may still be starting.
-	for (int Turn = 0; Turn < 100 && !Window->isActive(); ++Turn)
-	{
-		Window->requestActivate();
-		QTest::qWait(100);
-	}
-	QVERIFY(Window->isActive());
+	QVERIFY(Activate(*Window));
 	if (!InVideo.isEmpty())
 	{
 		QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded(), Patience);

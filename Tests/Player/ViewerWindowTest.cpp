@@ -116,13 +116,7 @@ void ViewerWindowTest::init()
 	Root.reset(Component.create());
 	QVERIFY2(Root != nullptr, qPrintable(Component.errorString()));
 	Window = qobject_cast<QQuickWindow*>(Root.get());
-	// The window manager may still be starting.
-	for (int Turn = 0; Turn < 100 && !Window->isActive(); ++Turn)
-	{
-		Window->requestActivate();
-		QTest::qWait(100);
-	}
-	QVERIFY(Window->isActive());
+	QVERIFY(Activate(*Window));
 	QTest::mouseMove(Window, QPoint(500, 100));
 	LastFrame.start();
 	Frames.start(10);

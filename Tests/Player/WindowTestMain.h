@@ -8,6 +8,19 @@
 namespace Flitmark
 {
 
+/** Gives a window the keyboard; false where that cannot be had. */
+inline bool Activate(QWindow& InWindow)
+{
+	// The window manager may still be starting. It is not asked often: each time it may take the focus away for a moment.
+	for (int Turn = 0; Turn < 10 && !InWindow.isActive(); ++Turn)
+	{
+		InWindow.requestActivate();
+		[[maybe_unused]] const bool bActive = QTest::qWaitFor([&] { return InWindow.isActive(); }, 2'000);
+	}
+	QTest::qWait(200);
+	return InWindow.isActive();
+}
+
 /** The main function of a test that opens windows. */
 template <class TTest>
 int RunWindowTest(int ArgumentCount, char** Arguments)
