@@ -10,13 +10,6 @@
 namespace Flitmark
 {
 
-std::size_t FBytesSource::Read(char* OutData, std::size_t InSize)
-{
-	const std::size_t Size = Bytes.copy(OutData, std::min(InSize, PieceSize), Place);
-	Place += Size;
-	return Size;
-}
-
 void Require(bool bInHolds, const char* InWhat)
 {
 	if (!bInHolds)
@@ -47,7 +40,7 @@ void CheckResult(const FImportResult& InResult)
 
 FImportResult ImportChecked(std::string_view InBytes, const FImporter& InImporter)
 {
-	FBytesSource Source(InBytes, InBytes.size() + 1);
+	FMemorySource Source(InBytes, InBytes.size() + 1);
 	FImportResult Result;
 	FImportSink Sink(Result, InBytes.size());
 	InImporter(Source, Sink);

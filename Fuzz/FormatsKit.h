@@ -10,25 +10,6 @@
 namespace Flitmark
 {
 
-/** Any bytes as a source that gives at most so many at a time. */
-class FBytesSource final : public IByteSource
-{
-public:
-	FBytesSource(std::string_view InBytes, std::size_t InPieceSize)
-		: Bytes(InBytes)
-		, PieceSize(InPieceSize)
-	{
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override;
-	uint64 GetSize() const override { return Bytes.size(); }
-
-private:
-	std::string_view Bytes;
-	std::size_t PieceSize;
-	std::size_t Place = 0;
-};
-
 using FImporter = std::function<void(IByteSource& InSource, FImportSink& OutSink)>;
 
 /** Runs an importer over bytes and stops the program where what comes out breaks a promise. */

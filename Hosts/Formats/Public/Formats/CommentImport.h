@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
-#include "Formats/ByteSource.h"
+#include "Files/ByteSource.h"
 #include "Formats/ServiceComment.h"
 
 #include <array>
@@ -86,11 +86,17 @@ struct FImportResult
 	FImportReport Report;
 };
 
+/** How much of a file DetectFormat wants to see, in bytes. */
+inline constexpr std::size_t DetectionSize = 65'536;
+
 /**
- * Tells the format by a file's first bytes (64 KiB are plenty), never by its name. A JSON object that is nothing else
+ * Recognizes the format by a file's first DetectionSize bytes, never by its name. A JSON object that is nothing else
  * counts as our own document, for that needs no key at all; anything else that is not recognised is Unknown.
  */
 ECommentFormat DetectFormat(std::string_view InHead);
+
+/** The same for a file. Anything but a plain file is Unknown: reading a pipe might wait forever, and uses it up. */
+ECommentFormat DetectFile(const std::filesystem::path& InPath);
 
 /**
  * Reads all comments of a file; needs no more memory than they do. False with what is wrong where the file cannot be
