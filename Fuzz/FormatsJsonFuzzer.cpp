@@ -9,11 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 	for (const ECommentFormat Format : {ParametersJson, RowsJson, ChatJson, ObjectsJson})
 	{
 		ImportChecked(ToBytes(Data, Size),
-					  [Format](IByteSource& InSource, FImportSink& OutSink)
-					  {
-						  std::string Error;
-						  ImportJson(InSource, Format, OutSink, Error);
-					  });
+					  [Format](IByteSource& InSource, FImportSink& OutSink) { ImportJson(InSource, Format, OutSink); });
 	}
 	return 0;
 }

@@ -124,15 +124,15 @@ bool WriteOutput(const std::string& InPath, const FWriteText& InWrite, std::stri
 }
 
 /** Our own document without any wish for a change keeps its bytes. */
-bool CopyDocument(const FConvertArguments& InArguments, const FCommentsInput& InInput, std::string& OutError)
+bool CopyDocument(const FConvertArguments& InArguments, FCommentsInput& InOutInput, std::string& OutError)
 {
-	if (!InInput.IsDocument(OutError))
+	if (!InOutInput.ReadDocument(OutError))
 	{
 		return false;
 	}
-	PrintNote(InInput.Report.Path + ": is a comment document already, and is copied as it is");
+	PrintNote(InOutInput.Report.Path + ": is a comment document already, and is copied as it is");
 	return WriteOutput(
-		InArguments.Output, [&](const FTextOutput& InOutput) { return InOutput(*InInput.Bytes); }, OutError);
+		InArguments.Output, [&](const FTextOutput& InOutput) { return InOutput(*InOutInput.Bytes); }, OutError);
 }
 
 bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsInput> InInputs,

@@ -1,5 +1,6 @@
 #include "Formats/CommentImport.h"
 
+#include "DocumentImport.h"
 #include "ImportSink.h"
 #include "JsonImport.h"
 #include "ProtobufImport.h"
@@ -30,8 +31,11 @@ bool ImportAs(ECommentFormat InFormat, IByteSource& InSource, FImportSink& OutSi
 			"is no comment file of a form that is known; it should be a comment document like {\"datas\": [...]}, "
 			"or XML, JSON or binary messages as comment services have them";
 		return false;
+	case ECommentFormat::Own:
+		return ImportDocument(InSource, OutSink, OutError);
 	default:
-		return ImportJson(InSource, InFormat, OutSink, OutError);
+		ImportJson(InSource, InFormat, OutSink);
+		return true;
 	}
 }
 

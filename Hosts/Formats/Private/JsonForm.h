@@ -87,7 +87,4 @@ std::unique_ptr<IJsonForm> MakeRowsForm();
 std::unique_ptr<IJsonForm> MakeChatForm();
 std::unique_ptr<IJsonForm> MakeObjectsForm();
 
-/** Of our own document. */
-std::unique_ptr<IJsonForm> MakeOwnForm();
-
 } // namespace Flitmark

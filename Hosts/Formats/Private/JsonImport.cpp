@@ -18,26 +18,18 @@ std::unique_ptr<IJsonForm> MakeForm(ECommentFormat InFormat)
 		return MakeRowsForm();
 	case ECommentFormat::ChatJson:
 		return MakeChatForm();
-	case ECommentFormat::ObjectsJson:
-		return MakeObjectsForm();
 	default:
-		return MakeOwnForm();
+		return MakeObjectsForm();
 	}
 }
 
 } // namespace
 
-bool ImportJson(IByteSource& InSource, ECommentFormat InFormat, FImportSink& OutSink, std::string& OutError)
+void ImportJson(IByteSource& InSource, ECommentFormat InFormat, FImportSink& OutSink)
 {
 	const std::unique_ptr<IJsonForm> Form = MakeForm(InFormat);
 	FJsonEntries Entries(InSource, *Form, OutSink);
 	Entries.ReadAll();
-	if (InFormat == ECommentFormat::Own && !Entries.HasFoundList())
-	{
-		OutError = "holds no list of comments named \"datas\", nor comments of a form that is known";
-		return false;
-	}
-	return true;
 }
 
 } // namespace Flitmark

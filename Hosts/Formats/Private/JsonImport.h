@@ -6,7 +6,7 @@
 namespace Flitmark
 {
 
-/** Reads one of the JSON formats from UTF-8; false with the reason where it is none. */
-bool ImportJson(IByteSource& InSource, ECommentFormat InFormat, FImportSink& OutSink, std::string& OutError);
+/** Reads one of the JSON formats of services from UTF-8. */
+void ImportJson(IByteSource& InSource, ECommentFormat InFormat, FImportSink& OutSink);
 
 } // namespace Flitmark
