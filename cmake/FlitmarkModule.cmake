@@ -28,7 +28,7 @@ function(flitmark_module Name)
 		get_property(Each TARGET ${Used} PROPERTY FLITMARK_MODULE_HEADERS)
 		list(APPEND UsedHeaders ${Each})
 	endforeach()
-	set_property(TARGET ${Arg_TARGET} PROPERTY FLITMARK_MODULE_HEADERS ${Headers})
+	set_property(TARGET ${Arg_TARGET} PROPERTY FLITMARK_MODULE_HEADERS ${UsedHeaders} ${Headers})
 	flitmark_reflect(TARGET ${Arg_TARGET} MODULE_NAME ${Name} PACKAGE /Script/${Name} API ${Api}
 		HEADERS ${Headers} USES ${UsedHeaders})
 endfunction()

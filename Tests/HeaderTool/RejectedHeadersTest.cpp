@@ -178,6 +178,8 @@ const FRejected Properties[] = {
 	{"OnFunction", WithMembers("UPROPERTY() void A();"), "7: expected `Type Name;` after UPROPERTY(...), found `(`"},
 	{"PrivateForBlueprints", WithMembers("UPROPERTY(BlueprintReadWrite) int32 A;"),
 	 "7: `A` is private but visible to blueprints: remove the specifier or make it protected or public"},
+	{"AssignableNumber", WithMembers("UPROPERTY(BlueprintAssignable) int32 A;"),
+	 "7: `A` is BlueprintAssignable but no dynamic multicast delegate: remove the specifier"},
 	{"BindNumber", WithMembers("UPROPERTY(meta = (BindWidget)) int32 A;"),
 	 "7: `A` is a BindWidget but refers to no widget: give it a class derived from UWidget"},
 	{"BindObject", WithMembers("UPROPERTY(meta = (BindWidget)) TObjectPtr<UMediaPlayer> A;"),

@@ -248,7 +248,7 @@ void UFlitmarkPlayer::SetCommentsVisible(bool bInVisible)
 bool UFlitmarkPlayer::AreCommentsVisible() const
 {
 	const UCheckBox* Toggle = Bar ? FlitmarkWidgets::FindToggle(*Bar) : nullptr;
-	return Toggle != nullptr ? Toggle->IsChecked() : Overlay && Overlay->IsVisible();
+	return Toggle != nullptr ? Toggle->IsChecked() : Overlay && Overlay->GetVisibility() != ESlateVisibility::Hidden;
 }
 
 void UFlitmarkPlayer::OnPlaybackResumed()

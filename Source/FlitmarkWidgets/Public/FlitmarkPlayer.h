@@ -16,7 +16,7 @@ class UUI_DanmakuBar;
 class UUI_DanmakuNodeSetting;
 
 /** The viewer has sent a comment. Time: of the video. FontSize: points. */
-DECLARE_DYNAMIC_MULTICAST_DELEGATE_SixParams(FOnFlitmarkCommentSent, const FString&, VideoUrl, FTimespan, Time,
+DECLARE_DYNAMIC_MULTICAST_DELEGATE_SixParams(FOnFlitmarkCommentSent, const FString&, VideoURL, FTimespan, Time,
 											 const FString&, Text, EFlitmarkCommentMode, Mode, int32, FontSize,
 											 FLinearColor, Color);
 
