@@ -1,9 +1,9 @@
-#include "CommentDocumentWriter.h"
+#include "Formats/CommentDocumentWriter.h"
 #include "FormatsKit.h"
-#include "KindPolicy.h"
+#include "Filtering/KindPolicy.h"
 
 /** Any bytes through detection and decoding; what comes of them is written as our document and read again. */
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 {
 	using namespace Flitmark;
 	const std::string_view Bytes = ToBytes(Data, Size);

@@ -2,7 +2,7 @@
 #include "JsonImport.h"
 
 /** Any bytes as every form of JSON but our own document. */
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* Data, std::size_t Size)
+extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 {
 	using namespace Flitmark;
 	using enum ECommentFormat;

@@ -1,6 +1,6 @@
 #include "FormatsKit.h"
 
-#include "CleanText.h"
+#include "Formats/CleanText.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -30,11 +30,10 @@ void CheckResult(const FImportResult& InResult)
 {
 	const FImportReport& Report = InResult.Report;
 	Require(Report.NumRead == InResult.Comments.size(), "as many comments as were read");
-	Require(std::accumulate(Report.NumOfKind.begin(), Report.NumOfKind.end(), std::uint64_t{0}) == Report.NumRead,
+	Require(std::accumulate(Report.NumOfKind.begin(), Report.NumOfKind.end(), uint64{0}) == Report.NumRead,
 			"each comment has a kind");
 	Require(Report.NumMended <= Report.NumRead, "what is mended is read");
-	Require(Report.Faults.size() ==
-				std::min<std::uint64_t>(Report.NumBroken + Report.NumMended, FImportReport::MaxFaults),
+	Require(Report.Faults.size() == std::min<uint64>(Report.NumBroken + Report.NumMended, FImportReport::MaxFaults),
 			"the first faults are told");
 	for (const FServiceComment& Comment : InResult.Comments)
 	{

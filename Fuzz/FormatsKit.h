@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CommentImport.h"
+#include "CoreTypes.h"
+#include "Formats/CommentImport.h"
 #include "ImportSink.h"
 
-#include <cstdint>
 #include <functional>
 #include <string_view>
 
@@ -21,7 +21,7 @@ public:
 	}
 
 	std::size_t Read(char* OutData, std::size_t InSize) override;
-	std::uint64_t GetSize() const override { return Bytes.size(); }
+	uint64 GetSize() const override { return Bytes.size(); }
 
 private:
 	std::string_view Bytes;
@@ -40,7 +40,7 @@ void CheckResult(const FImportResult& InResult);
 /** Stops the program with a message where something that always holds does not. */
 void Require(bool bInHolds, const char* InWhat);
 
-inline std::string_view ToBytes(const std::uint8_t* InData, std::size_t InSize)
+inline std::string_view ToBytes(const uint8* InData, std::size_t InSize)
 {
 	return {reinterpret_cast<const char*>(InData), InSize};
 }

@@ -1,6 +1,5 @@
 #include "GeneratedFiles.h"
 
-#include <cstdint>
 #include <cstdio>
 #include <random>
 
@@ -83,7 +82,7 @@ std::string EscapeXml(const std::string& InText)
 	return Escaped;
 }
 
-void AppendVarint(std::string& OutBytes, std::uint64_t InValue)
+void AppendVarint(std::string& OutBytes, uint64 InValue)
 {
 	for (; InValue >= 0x80; InValue >>= 7)
 	{
@@ -92,15 +91,15 @@ void AppendVarint(std::string& OutBytes, std::uint64_t InValue)
 	OutBytes += static_cast<char>(InValue);
 }
 
-void AppendNumber(std::string& OutBytes, int InField, std::uint64_t InValue)
+void AppendNumber(std::string& OutBytes, int InField, uint64 InValue)
 {
-	AppendVarint(OutBytes, static_cast<std::uint64_t>(InField) << 3);
+	AppendVarint(OutBytes, static_cast<uint64>(InField) << 3);
 	AppendVarint(OutBytes, InValue);
 }
 
 void AppendBytes(std::string& OutBytes, int InField, const std::string& InValue)
 {
-	AppendVarint(OutBytes, static_cast<std::uint64_t>(InField) << 3 | 2);
+	AppendVarint(OutBytes, static_cast<uint64>(InField) << 3 | 2);
 	AppendVarint(OutBytes, InValue.size());
 	OutBytes += InValue;
 }
@@ -108,14 +107,14 @@ void AppendBytes(std::string& OutBytes, int InField, const std::string& InValue)
 std::string MakeMessage(const FDrawn& InDrawn)
 {
 	std::string Entry;
-	AppendNumber(Entry, 1, static_cast<std::uint64_t>(InDrawn.Id));
-	AppendNumber(Entry, 2, static_cast<std::uint64_t>(InDrawn.Seconds * 1000.0));
-	AppendNumber(Entry, 3, static_cast<std::uint64_t>(InDrawn.Mode));
-	AppendNumber(Entry, 4, static_cast<std::uint64_t>(InDrawn.Size));
+	AppendNumber(Entry, 1, static_cast<uint64>(InDrawn.Id));
+	AppendNumber(Entry, 2, static_cast<uint64>(InDrawn.Seconds * 1000.0));
+	AppendNumber(Entry, 3, static_cast<uint64>(InDrawn.Mode));
+	AppendNumber(Entry, 4, static_cast<uint64>(InDrawn.Size));
 	AppendNumber(Entry, 5, InDrawn.Color);
 	AppendBytes(Entry, 6, Print("%08x", InDrawn.Sender));
 	AppendBytes(Entry, 7, InDrawn.Text);
-	AppendNumber(Entry, 8, static_cast<std::uint64_t>(InDrawn.Sent));
+	AppendNumber(Entry, 8, static_cast<uint64>(InDrawn.Sent));
 	std::string Message;
 	AppendBytes(Message, 1, Entry);
 	return Message;

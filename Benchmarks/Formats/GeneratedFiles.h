@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommentImport.h"
+#include "Formats/CommentImport.h"
 
 #include <cstddef>
 #include <string>

@@ -1,5 +1,5 @@
-#include "CommentDocumentWriter.h"
-#include "CommentImport.h"
+#include "Formats/CommentDocumentWriter.h"
+#include "Formats/CommentImport.h"
 #include "GeneratedFiles.h"
 
 #include <benchmark/benchmark.h>
@@ -28,7 +28,7 @@ public:
 		return Size;
 	}
 
-	std::uint64_t GetSize() const override { return Bytes.size(); }
+	uint64 GetSize() const override { return Bytes.size(); }
 
 private:
 	std::string_view Bytes;
@@ -49,8 +49,8 @@ void Import(benchmark::State& InState, ECommentFormat InFormat)
 			break;
 		}
 	}
-	InState.SetBytesProcessed(InState.iterations() * static_cast<int64_t>(File.size()));
-	InState.SetItemsProcessed(InState.iterations() * static_cast<int64_t>(Result.Comments.size()));
+	InState.SetBytesProcessed(InState.iterations() * static_cast<int64>(File.size()));
+	InState.SetItemsProcessed(InState.iterations() * static_cast<int64>(Result.Comments.size()));
 }
 
 void Write(benchmark::State& InState)
@@ -70,8 +70,8 @@ void Write(benchmark::State& InState)
 								 return true;
 							 });
 	}
-	InState.SetBytesProcessed(static_cast<int64_t>(Written));
-	InState.SetItemsProcessed(InState.iterations() * static_cast<int64_t>(Result.Comments.size()));
+	InState.SetBytesProcessed(static_cast<int64>(Written));
+	InState.SetItemsProcessed(InState.iterations() * static_cast<int64>(Result.Comments.size()));
 }
 
 BENCHMARK_CAPTURE(Import, ListXml, ECommentFormat::ListXml)->Unit(benchmark::kMillisecond);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "CommentImport.h"
+#include "CoreTypes.h"
+#include "Formats/CommentImport.h"
 
 #include <string>
 #include <string_view>
@@ -25,7 +26,7 @@ public:
 		return Size;
 	}
 
-	std::uint64_t GetSize() const override { return Text.size(); }
+	uint64 GetSize() const override { return Text.size(); }
 
 private:
 	std::string_view Text;

@@ -8,7 +8,7 @@ namespace Flitmark
 namespace
 {
 
-std::string Varint(std::uint64_t InValue)
+std::string Varint(uint64 InValue)
 {
 	std::string Bytes;
 	for (; InValue >= 0x80; InValue >>= 7)
@@ -18,12 +18,12 @@ std::string Varint(std::uint64_t InValue)
 	return Bytes + static_cast<char>(InValue);
 }
 
-std::string Number(std::uint64_t InField, std::int64_t InValue)
+std::string Number(uint64 InField, int64 InValue)
 {
-	return Varint(InField << 3) + Varint(static_cast<std::uint64_t>(InValue));
+	return Varint(InField << 3) + Varint(static_cast<uint64>(InValue));
 }
 
-std::string Bytes(std::uint64_t InField, const std::string& InValue)
+std::string Bytes(uint64 InField, const std::string& InValue)
 {
 	return Varint(InField << 3 | 2) + Varint(InValue.size()) + InValue;
 }

@@ -1,7 +1,7 @@
 #include "PlayerWindowTest.h"
 
-#include "Overlay.h"
-#include "Player.h"
+#include "Scene/Overlay.h"
+#include "Playback/Player.h"
 #include "WindowTestMain.h"
 
 #include <QFile>

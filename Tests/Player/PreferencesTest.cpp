@@ -1,6 +1,6 @@
 #include "DanmakuSave.h"
-#include "FileCalls.h"
-#include "Preferences.h"
+#include "Stage/FileCalls.h"
+#include "Viewer/Preferences.h"
 #include "UI_DanmakuNodeSetting.h"
 #include "ViewerTestKit.h"
 

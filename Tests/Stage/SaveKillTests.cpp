@@ -1,5 +1,5 @@
 #include "DanmakuSave.h"
-#include "SaveSlots.h"
+#include "Stage/SaveSlots.h"
 
 #include <gtest/gtest.h>
 

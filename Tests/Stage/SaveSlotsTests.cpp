@@ -1,7 +1,7 @@
-#include "SaveSlots.h"
+#include "Stage/SaveSlots.h"
 
 #include "DanmakuSave.h"
-#include "Files.h"
+#include "Stage/Files.h"
 
 #include <gtest/gtest.h>
 

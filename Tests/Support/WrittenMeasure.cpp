@@ -1,6 +1,6 @@
 #include "WrittenMeasure.h"
 
-#include "Files.h"
+#include "Stage/Files.h"
 
 #include <cstdlib>
 

@@ -1,4 +1,4 @@
-#include "VideoShot.h"
+#include "Video/VideoShot.h"
 #include "VideoTestKit.h"
 
 #include <gtest/gtest.h>
@@ -191,7 +191,7 @@ TEST(BurnErrors, AnOverlayThatThrowsFailsTheBurn)
 	class FThrowing final : public IOverlaySource
 	{
 		void Open(const FVideoShape&) override {}
-		void Advance(int64_t, double, std::vector<FPlacedSprite>&) override { throw std::runtime_error("no ink"); }
+		void Advance(int64, double, std::vector<FPlacedSprite>&) override { throw std::runtime_error("no ink"); }
 	};
 	const FTestFolder Folder;
 	FBurnOptions Options;

@@ -1,4 +1,4 @@
-#include "VideoShot.h"
+#include "Video/VideoShot.h"
 #include "VideoTestKit.h"
 
 #include <gtest/gtest.h>
@@ -68,7 +68,7 @@ TEST(Shot, ShowsTheFrameThatIsOnScreenThen)
 	struct FCase
 	{
 		double At;
-		int64_t Shown;
+		int64 Shown;
 	};
 	for (const FCase& Case : {FCase{0.0, 0}, FCase{0.0999, 0}, FCase{0.1, 1}, FCase{0.55, 5}, FCase{0.9999, 9}})
 	{

@@ -3,13 +3,13 @@
 #include "CommentOptions.h"
 #include "DocumentReview.h"
 #include "ExitCodes.h"
-#include "Files.h"
+#include "Stage/Files.h"
 #include "JsonLine.h"
 #include "Message.h"
 #include "OptionChecks.h"
 #include "OptionValues.h"
 #include "SizeProbe.h"
-#include "TextMeasure.h"
+#include "Overlay/TextMeasure.h"
 
 #include <CLI/CLI.hpp>
 

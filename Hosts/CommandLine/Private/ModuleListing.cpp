@@ -1,6 +1,6 @@
 #include "ModuleListing.h"
 
-#include "Files.h"
+#include "Stage/Files.h"
 #include "Modules/ModuleInterface.h"
 #include "UObject/Class.h"
 #include "UObject/GeneratedCppIncludes.h"

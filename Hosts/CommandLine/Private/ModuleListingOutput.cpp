@@ -1,4 +1,4 @@
-#include "Files.h"
+#include "Stage/Files.h"
 #include "JsonLine.h"
 #include "ModuleListing.h"
 

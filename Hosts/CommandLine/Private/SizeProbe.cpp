@@ -1,6 +1,6 @@
 #include "SizeProbe.h"
 
-#include "Files.h"
+#include "Stage/Files.h"
 #include "UI_Danmaku.h"
 
 namespace Flitmark

@@ -1,13 +1,13 @@
 #include "TraceCommand.h"
 
-#include "CellMeasure.h"
+#include "Stage/CellMeasure.h"
 #include "CommentOptions.h"
 #include "ExitCodes.h"
-#include "Files.h"
+#include "Stage/Files.h"
 #include "Message.h"
 #include "OptionValues.h"
-#include "SaveSlots.h"
-#include "TextMeasure.h"
+#include "Stage/SaveSlots.h"
+#include "Overlay/TextMeasure.h"
 #include "TraceRunner.h"
 
 #include <CLI/CLI.hpp>

@@ -1,8 +1,8 @@
-#include "CommentsInput.h"
+#include "Comments/CommentsInput.h"
 
-#include "CommentDocumentWriter.h"
-#include "CommentOrder.h"
-#include "Files.h"
+#include "Formats/CommentDocumentWriter.h"
+#include "Filtering/CommentOrder.h"
+#include "Stage/Files.h"
 
 #include <algorithm>
 #include <cstring>
@@ -36,11 +36,11 @@ public:
 		Rest.remove_prefix(Count);
 		return Count;
 	}
-	std::uint64_t GetSize() const override { return Size; }
+	uint64 GetSize() const override { return Size; }
 
 private:
 	std::string_view Rest;
-	const std::uint64_t Size;
+	const uint64 Size;
 };
 
 bool IsOwn(ECommentFormat InFormat)

@@ -1,4 +1,4 @@
-#include "TemporaryFile.h"
+#include "Files/TemporaryFile.h"
 
 #include <cerrno>
 #include <cstring>
@@ -76,7 +76,7 @@ bool FTemporaryFile::Write(std::string_view InBytes, std::string& OutError)
 		InBytes.remove_prefix(Written > 0 ? static_cast<std::size_t>(Written) : 0);
 		NumWaiting += Written > 0 ? Written : 0;
 	}
-	constexpr std::int64_t Enough = std::int64_t{4} << 20;
+	constexpr int64 Enough = int64{4} << 20;
 	if (NumWaiting >= Enough)
 	{
 		// The disk begins at once, so that there is little to wait for at the end. Its errors are told then, too.

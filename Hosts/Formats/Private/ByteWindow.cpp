@@ -46,13 +46,13 @@ void FByteWindow::FillTo(std::size_t InSize)
 	}
 }
 
-std::uint64_t FByteWindow::GetLine(std::size_t InPlace)
+uint64 FByteWindow::GetLine(std::size_t InPlace)
 {
 	const std::size_t Place = std::min(Begin + InPlace, End);
 	CountLinesTo(Place);
 	// A place before the one that was counted to last is looked at again.
 	const auto Ahead = std::count(Buffer.data() + Place, Buffer.data() + std::max(Place, LinePlace), '\n');
-	return NumLineEnds - static_cast<std::uint64_t>(Ahead) + 1;
+	return NumLineEnds - static_cast<uint64>(Ahead) + 1;
 }
 
 void FByteWindow::CountLinesTo(std::size_t InPlace)

@@ -1,8 +1,9 @@
-#include "CleanText.h"
+#include "Formats/CleanText.h"
+
+#include "CoreTypes.h"
 
 #include "Utf8.h"
 
-#include <cstdint>
 #include <cstring>
 
 namespace Flitmark
@@ -14,10 +15,10 @@ namespace
 constexpr std::string_view Replacement = "\xEF\xBF\xBD";
 
 /** Whether eight bytes are all printable ASCII. */
-bool IsPlainAscii(std::uint64_t InEight)
+bool IsPlainAscii(uint64 InEight)
 {
-	constexpr std::uint64_t Ones = 0x0101010101010101U;
-	constexpr std::uint64_t HighBits = Ones * 0x80;
+	constexpr uint64 Ones = 0x0101010101010101U;
+	constexpr uint64 HighBits = Ones * 0x80;
 	// No byte has its high bit, none is below a blank, and none would come to 0x80 with one more.
 	return ((InEight | (InEight - Ones * 0x20) | (InEight + Ones)) & HighBits) == 0;
 }
@@ -52,7 +53,7 @@ std::size_t FindFirstNot(std::string_view InText, EightTest InIsPlain, Character
 	std::size_t Place = 0;
 	while (Place < InText.size())
 	{
-		std::uint64_t Eight = 0;
+		uint64 Eight = 0;
 		if (InText.size() - Place >= sizeof(Eight))
 		{
 			std::memcpy(&Eight, InText.data() + Place, sizeof(Eight));
@@ -85,9 +86,9 @@ std::size_t FindUnclean(std::string_view InText)
 /** How much of the text's start is UTF-8. */
 std::size_t FindWrongByte(std::string_view InText)
 {
-	constexpr std::uint64_t HighBits = 0x8080808080808080U;
+	constexpr uint64 HighBits = 0x8080808080808080U;
 	return FindFirstNot(
-		InText, [](std::uint64_t InEight) { return (InEight & HighBits) == 0; },
+		InText, [](uint64 InEight) { return (InEight & HighBits) == 0; },
 		[](UChar32 InCharacter) { return InCharacter >= 0; });
 }
 

@@ -1,4 +1,4 @@
-#include "CommentImport.h"
+#include "Formats/CommentImport.h"
 
 #include "ImportSink.h"
 #include "JsonImport.h"
@@ -42,7 +42,7 @@ public:
 		return Read;
 	}
 
-	std::uint64_t GetSize() const override { return Size; }
+	uint64 GetSize() const override { return Size; }
 	std::string GetError() const override { return Error; }
 
 private:
@@ -55,7 +55,7 @@ private:
 	}
 
 	std::unique_ptr<std::FILE, int (*)(std::FILE*)> File;
-	std::uint64_t Size = 0;
+	uint64 Size = 0;
 	std::string Error;
 };
 

@@ -1,4 +1,4 @@
-#include "CommentImport.h"
+#include "Formats/CommentImport.h"
 
 #include "JsonScan.h"
 #include "ProtobufImport.h"

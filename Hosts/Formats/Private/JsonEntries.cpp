@@ -1,6 +1,6 @@
 #include "JsonEntries.h"
 
-#include "CleanText.h"
+#include "Formats/CleanText.h"
 #include "JsonScan.h"
 
 #include <algorithm>

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "ServiceComment.h"
+#include "CoreTypes.h"
+#include "Formats/ServiceComment.h"
 
-#include <cstdint>
 #include <memory>
 #include <string_view>
 
 namespace Flitmark
 {
 
-enum class EJsonValue : std::uint8_t
+enum class EJsonValue : uint8
 {
 	Null,
 	Boolean,

@@ -1,8 +1,8 @@
 #include "JsonForm.h"
 
 #include "ChatCommands.h"
-#include "CleanText.h"
-#include "FieldValues.h"
+#include "Formats/CleanText.h"
+#include "Formats/FieldValues.h"
 #include "ListParameters.h"
 
 #include <algorithm>
@@ -28,9 +28,9 @@ bool StartsScalar(char InValueStart)
 	return InValueStart != '{' && InValueStart != '[';
 }
 
-std::int64_t ParseAnyDate(std::string_view InText)
+int64 ParseAnyDate(std::string_view InText)
 {
-	const std::int64_t Date = ParseUnixDate(InText);
+	const int64 Date = ParseUnixDate(InText);
 	return Date != 0 ? Date : ParseDate(InText);
 }
 
@@ -103,7 +103,7 @@ private:
 		Comment.PostDate = ParseUnixDate(Fields.Next());
 	}
 
-	std::int64_t Id = 0;
+	int64 Id = 0;
 };
 
 /** `[seconds, type, colour, author, text]`. */
@@ -146,7 +146,7 @@ public:
 private:
 	static ECommentKind ToKind(std::string_view InType)
 	{
-		const std::optional<std::int64_t> Type = ParseInteger(InType);
+		const std::optional<int64> Type = ParseInteger(InType);
 		if (InType == "top" || Type == 1)
 		{
 			return ECommentKind::Top;
@@ -240,7 +240,7 @@ private:
 	}
 
 	/** Second to "no". */
-	std::int64_t Id = 0;
+	int64 Id = 0;
 };
 
 /** `position`, `content` and their like. */
@@ -305,7 +305,7 @@ public:
 
 void IJsonForm::SetTime(std::string_view InText, double InTicksPerUnit)
 {
-	const std::optional<std::int64_t> Ticks = ParseTicks(InText, InTicksPerUnit);
+	const std::optional<int64> Ticks = ParseTicks(InText, InTicksPerUnit);
 	Comment.SpawnTicks = Ticks.value_or(0);
 	bHasTime = Ticks.has_value();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ByteSource.h"
+#include "Formats/ByteSource.h"
 #include "ImportSink.h"
 
 namespace Flitmark

@@ -30,8 +30,8 @@ public:
 	bool Bool(bool bInValue) { return OnValue(EJsonValue::Boolean, bInValue ? "true" : "false"); }
 	bool Int(int) { return false; }
 	bool Uint(unsigned) { return false; }
-	bool Int64(int64_t) { return false; }
-	bool Uint64(uint64_t) { return false; }
+	bool Int64(int64) { return false; }
+	bool Uint64(uint64) { return false; }
 	bool Double(double) { return false; }
 	bool RawNumber(const char* InText, SizeType InLength, bool)
 	{

@@ -1,6 +1,6 @@
 #include "ProtobufImport.h"
 
-#include "FieldValues.h"
+#include "Formats/FieldValues.h"
 #include "ListParameters.h"
 
 #include <algorithm>
@@ -20,8 +20,8 @@ using google::protobuf::io::CodedInputStream;
 using FWire = google::protobuf::internal::WireFormatLite;
 
 /** Field 1, with its length. */
-constexpr std::uint32_t EntryTag = 0x0A;
-constexpr std::uint32_t MaxEntry = std::uint32_t{4} << 20;
+constexpr uint32 EntryTag = 0x0A;
+constexpr uint32 MaxEntry = uint32{4} << 20;
 
 /** The numbers of an entry's fields. */
 enum EField : int
@@ -56,9 +56,8 @@ public:
 	/** False where the bytes are no message; what came before the fault stays. */
 	bool Read(std::string_view InBytes)
 	{
-		CodedInputStream Stream(reinterpret_cast<const std::uint8_t*>(InBytes.data()),
-								static_cast<int>(InBytes.size()));
-		while (const std::uint32_t Tag = Stream.ReadTag())
+		CodedInputStream Stream(reinterpret_cast<const uint8*>(InBytes.data()), static_cast<int>(InBytes.size()));
+		while (const uint32 Tag = Stream.ReadTag())
 		{
 			const int Field = FWire::GetTagFieldNumber(Tag);
 			const bool bOurs = IsKnown(Field) && FWire::GetTagWireType(Tag) == GetWireType(Field);
@@ -93,12 +92,12 @@ private:
 			TakeText(InField, std::move(Text));
 			return true;
 		}
-		std::uint64_t Number = 0;
+		uint64 Number = 0;
 		if (!InStream.ReadVarint64(&Number))
 		{
 			return false;
 		}
-		TakeNumber(InField, static_cast<std::int64_t>(Number));
+		TakeNumber(InField, static_cast<int64>(Number));
 		return true;
 	}
 
@@ -114,9 +113,9 @@ private:
 		}
 	}
 
-	void TakeNumber(int InField, std::int64_t InNumber)
+	void TakeNumber(int InField, int64 InNumber)
 	{
-		constexpr std::int64_t TicksPerMillisecond = 10'000;
+		constexpr int64 TicksPerMillisecond = 10'000;
 		switch (InField)
 		{
 		case EField::Id:
@@ -124,7 +123,7 @@ private:
 			break;
 		case EField::Time:
 			// Milliseconds of 32 bits, so that nothing overflows.
-			Comment.SpawnTicks = static_cast<std::int32_t>(InNumber) * TicksPerMillisecond;
+			Comment.SpawnTicks = static_cast<int32>(InNumber) * TicksPerMillisecond;
 			break;
 		case EField::Mode:
 			Comment.Kind = ToListKind(std::to_string(InNumber));
@@ -134,7 +133,7 @@ private:
 			bHasSize = true;
 			break;
 		case EField::Color:
-			Comment.Color = static_cast<std::uint32_t>(InNumber & 0xFFFFFF) << 8 | 0xFF;
+			Comment.Color = static_cast<uint32>(InNumber & 0xFFFFFF) << 8 | 0xFF;
 			bHasColor = true;
 			break;
 		case EField::Sent:
@@ -193,7 +192,7 @@ private:
 	bool ReadField()
 	{
 		CodedInputStream Stream(&Adaptor);
-		const std::uint32_t Tag = Stream.ReadTag();
+		const uint32 Tag = Stream.ReadTag();
 		if (Tag == 0 && Stream.CurrentPosition() == 0)
 		{
 			return false;
@@ -212,7 +211,7 @@ private:
 
 	bool ReadEntry(CodedInputStream& InStream)
 	{
-		std::uint32_t Size = 0;
+		uint32 Size = 0;
 		if (!InStream.ReadVarint32(&Size) || Size > MaxEntry)
 		{
 			Sink.AddBroken(0, "has no length that can be; the rest of the file cannot be read");
@@ -237,7 +236,7 @@ private:
 			Sink.AddBroken(0, bWhole ? "has no text" : "is damaged, and no text can be read");
 			return;
 		}
-		Sink.Add(std::move(Entry.Comment), static_cast<std::uint64_t>(Adaptor.ByteCount()));
+		Sink.Add(std::move(Entry.Comment), static_cast<uint64>(Adaptor.ByteCount()));
 		if (!bWhole)
 		{
 			Sink.AddMended(0, "is damaged; what stands before the fault was read");
@@ -255,8 +254,8 @@ private:
 bool IsListProtobuf(std::string_view InHead)
 {
 	// An empty segment has no bytes at all; of any other the head shows at least one entry, or most of it.
-	CodedInputStream Stream(reinterpret_cast<const std::uint8_t*>(InHead.data()), static_cast<int>(InHead.size()));
-	std::uint32_t Size = 0;
+	CodedInputStream Stream(reinterpret_cast<const uint8*>(InHead.data()), static_cast<int>(InHead.size()));
+	uint32 Size = 0;
 	while (Stream.ReadTag() == EntryTag && Stream.ReadVarint32(&Size) && Size <= MaxEntry)
 	{
 		const auto Begin = static_cast<std::size_t>(Stream.CurrentPosition());

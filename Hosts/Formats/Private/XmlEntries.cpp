@@ -177,11 +177,10 @@ FXmlEntries::FPlace FXmlEntries::FindContentEnd(std::string_view InView, std::si
 }
 
 /** A place in the view. */
-std::size_t FXmlEntries::FindCached(std::string_view InWanted, std::size_t InPlace,
-									std::uint64_t& InOutAbsentUntil) const
+std::size_t FXmlEntries::FindCached(std::string_view InWanted, std::size_t InPlace, uint64& InOutAbsentUntil) const
 {
 	const std::string_view View = Window.GetView();
-	const std::uint64_t Offset = Window.GetOffset();
+	const uint64 Offset = Window.GetOffset();
 	const std::size_t Known = InOutAbsentUntil > Offset ? static_cast<std::size_t>(InOutAbsentUntil - Offset) : 0;
 	const std::size_t Found = View.find(InWanted, std::max(InPlace, Known));
 	if (Found == std::string_view::npos && View.size() >= InWanted.size())

@@ -1,8 +1,8 @@
 #include "XmlImport.h"
 
 #include "ChatCommands.h"
-#include "CleanText.h"
-#include "FieldValues.h"
+#include "Formats/CleanText.h"
+#include "Formats/FieldValues.h"
 #include "ListParameters.h"
 #include "XmlEntries.h"
 #include "XmlTag.h"
@@ -65,7 +65,7 @@ void ReadChatAttribute(std::string_view InName, std::string_view InValue, FServi
 bool ReadChatTag(std::string_view InTag, FServiceComment& OutComment)
 {
 	constexpr double TicksPerHundredth = 1e5;
-	std::optional<std::int64_t> Ticks;
+	std::optional<int64> Ticks;
 	FXmlAttributes Attributes(InTag);
 	std::string Storage;
 	std::string_view Name;

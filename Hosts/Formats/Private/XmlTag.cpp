@@ -1,8 +1,9 @@
 #include "XmlTag.h"
 
+#include "CoreTypes.h"
+
 #include <algorithm>
 #include <charconv>
-#include <cstdint>
 #include <unicode/utf8.h>
 
 namespace Flitmark
@@ -35,10 +36,10 @@ std::size_t FindEnd(std::string_view InText, std::size_t InPlace, char InOtherEn
 	return InPlace;
 }
 
-void AppendCharacter(std::string& OutText, std::uint32_t InCharacter)
+void AppendCharacter(std::string& OutText, uint32 InCharacter)
 {
 	char Bytes[U8_MAX_LENGTH];
-	int32_t Length = 0;
+	int32 Length = 0;
 	const bool bScalar = InCharacter <= 0x10FFFF && !U_IS_SURROGATE(InCharacter);
 	U8_APPEND_UNSAFE(Bytes, Length, bScalar ? InCharacter : 0xFFFDU);
 	OutText.append(Bytes, static_cast<std::size_t>(Length));
@@ -50,7 +51,7 @@ bool AppendNumbered(std::string& OutText, std::string_view InName)
 	const bool bHex = InName.size() > 1 && (InName[1] == 'x' || InName[1] == 'X');
 	const char* const Begin = InName.data() + (bHex ? 2 : 1);
 	const char* const End = InName.data() + InName.size();
-	std::uint32_t Character = 0;
+	uint32 Character = 0;
 	const auto [Stop, Error] = std::from_chars(Begin, End, Character, bHex ? 16 : 10);
 	if (Begin == End || Stop != End || Error == std::errc::invalid_argument)
 	{

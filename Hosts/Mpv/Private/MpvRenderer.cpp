@@ -1,4 +1,4 @@
-#include "MpvRenderer.h"
+#include "Mpv/MpvRenderer.h"
 
 #include <mpv/client.h>
 #include <mpv/render_gl.h>

@@ -1,4 +1,4 @@
-#include "CellMeasure.h"
+#include "Stage/CellMeasure.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>

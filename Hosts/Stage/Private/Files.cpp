@@ -1,4 +1,4 @@
-#include "Files.h"
+#include "Stage/Files.h"
 
 #include "Containers/StringConv.h"
 #include "Misc/FileHelper.h"

@@ -1,6 +1,6 @@
-#include "SaveSlots.h"
+#include "Stage/SaveSlots.h"
 
-#include "Files.h"
+#include "Stage/Files.h"
 #include "Kismet/GameplayStatics.h"
 
 #include <algorithm>

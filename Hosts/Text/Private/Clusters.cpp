@@ -8,24 +8,24 @@ namespace Flitmark
 namespace
 {
 
-constexpr std::uint32_t Joiner = 0x200d;
-constexpr std::uint32_t TextSelector = 0xfe0e;
-constexpr std::uint32_t EmojiSelector = 0xfe0f;
-constexpr std::uint32_t Keycap = 0x20e3;
+constexpr uint32 Joiner = 0x200d;
+constexpr uint32 TextSelector = 0xfe0e;
+constexpr uint32 EmojiSelector = 0xfe0f;
+constexpr uint32 Keycap = 0x20e3;
 
 bool Has(const FLine& InLine, std::size_t InIndex, ECharFlags InFlags)
 {
 	return InIndex < InLine.Infos.size() && HasAny(InLine.Infos[InIndex].Flags, InFlags);
 }
 
-bool Is(const FLine& InLine, std::size_t InIndex, std::uint32_t InPoint)
+bool Is(const FLine& InLine, std::size_t InIndex, uint32 InPoint)
 {
 	return InIndex < InLine.Points.size() && InLine.Points[InIndex] == InPoint;
 }
 
 bool IsKeycap(const FLine& InLine, std::size_t InBegin)
 {
-	const std::uint32_t Point = InLine.Points[InBegin];
+	const uint32 Point = InLine.Points[InBegin];
 	const bool bBase = (Point >= '0' && Point <= '9') || Point == '#' || Point == '*';
 	return bBase && Is(InLine, InBegin + (Is(InLine, InBegin + 1, EmojiSelector) ? 2 : 1), Keycap);
 }

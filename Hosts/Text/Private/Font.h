@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "FontList.h"
 
-#include <cstdint>
 #include <memory>
 #include <mutex>
 
@@ -35,7 +35,7 @@ public:
 	/** Ems of this font to an em of text: 1 but for emoji fonts, whose glyphs are brought to EmojiAdvance. */
 	double GetMagnification() const { return Magnification; }
 
-	bool Covers(std::uint32_t InPoint) const;
+	bool Covers(uint32 InPoint) const;
 
 private:
 	FFont() = default;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "Font.h"
 
-#include <cstdint>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -13,7 +13,7 @@ namespace Flitmark
 {
 
 /** A font's place in the order of fallback. */
-using FFontId = std::uint16_t;
+using FFontId = uint16;
 
 /** The fonts of an engine, loaded when first needed. Safe to call from several threads. */
 class FFontSet
@@ -23,7 +23,7 @@ public:
 	static std::unique_ptr<FFontSet> Create(const std::string& InFamily, std::string& OutError);
 
 	/** The first font that has all the characters; nothing where none has. */
-	std::optional<FFontId> FindCovering(std::span<const std::uint32_t> InPoints);
+	std::optional<FFontId> FindCovering(std::span<const uint32> InPoints);
 
 	/** An id that FindCovering, Primary or Emoji gave. */
 	const FFont& Get(FFontId InId) { return *TryLoad(InId); }

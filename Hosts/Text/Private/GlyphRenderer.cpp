@@ -20,7 +20,7 @@ constexpr FT_Pos SubPixels = 64;
 constexpr FT_Pos MaxMaskPixels = FT_Pos{32} << 20;
 
 /** The outline lets a little of the picture through. */
-constexpr std::uint16_t OutlineAlpha = 204;
+constexpr uint16 OutlineAlpha = 204;
 
 FT_Pos ToSubPixels(double InPixels)
 {
@@ -40,7 +40,7 @@ bool SetSize(FFont::FDrawing& InDrawing, FT_Pos InEm)
 /** A mask in the making, of just an outline's size. */
 struct FCoverage : FPixelRect
 {
-	std::vector<std::uint8_t> Pixels;
+	std::vector<uint8> Pixels;
 };
 
 /** Fills an outline. The outline is moved. */
@@ -60,10 +60,10 @@ bool FillMask(FT_Library InLibrary, FT_Outline& InOutline, FCoverage& OutMask)
 	{
 		return false;
 	}
-	OutMask.Left = static_cast<std::int32_t>(Left);
-	OutMask.Top = static_cast<std::int32_t>(-(Bottom + Height));
-	OutMask.Width = static_cast<std::int32_t>(Width);
-	OutMask.Height = static_cast<std::int32_t>(Height);
+	OutMask.Left = static_cast<int32>(Left);
+	OutMask.Top = static_cast<int32>(-(Bottom + Height));
+	OutMask.Width = static_cast<int32>(Width);
+	OutMask.Height = static_cast<int32>(Height);
 	OutMask.Pixels.resize(static_cast<std::size_t>(Width * Height));
 	FT_Outline_Translate(&InOutline, -Left * SubPixels, -Bottom * SubPixels);
 	FT_Bitmap Bitmap = {};
@@ -77,18 +77,17 @@ bool FillMask(FT_Library InLibrary, FT_Outline& InOutline, FCoverage& OutMask)
 }
 
 /** Writes a mask into the low or high bytes of a plane that holds it. */
-void PutMask(const FCoverage& InMask, std::uint16_t InFactor, unsigned InShift, FMaskPlane& OutPlane)
+void PutMask(const FCoverage& InMask, uint16 InFactor, unsigned InShift, FMaskPlane& OutPlane)
 {
-	for (std::int32_t Row = 0; Row < InMask.Height; ++Row)
+	for (int32 Row = 0; Row < InMask.Height; ++Row)
 	{
-		const std::uint8_t* In = InMask.Pixels.data() + std::ptrdiff_t{Row} * InMask.Width;
-		std::uint16_t* Out = OutPlane.Pixels.data() +
-							 std::ptrdiff_t{InMask.Top - OutPlane.Top + Row} * OutPlane.Stride +
-							 (InMask.Left - OutPlane.Left);
-		for (std::int32_t Column = 0; Column < InMask.Width; ++Column)
+		const uint8* In = InMask.Pixels.data() + std::ptrdiff_t{Row} * InMask.Width;
+		uint16* Out = OutPlane.Pixels.data() + std::ptrdiff_t{InMask.Top - OutPlane.Top + Row} * OutPlane.Stride +
+					  (InMask.Left - OutPlane.Left);
+		for (int32 Column = 0; Column < InMask.Width; ++Column)
 		{
 			const unsigned Value = (unsigned{In[Column]} * InFactor + 127U) / 255U;
-			Out[Column] = static_cast<std::uint16_t>(Out[Column] | Value << InShift);
+			Out[Column] = static_cast<uint16>(Out[Column] | Value << InShift);
 		}
 	}
 }

@@ -18,7 +18,7 @@ struct FBidiScratch
 	std::vector<FriBidiBracketType> Brackets;
 };
 
-static_assert(sizeof(FriBidiLevel) == sizeof(std::int8_t) && sizeof(FriBidiChar) == sizeof(std::uint32_t));
+static_assert(sizeof(FriBidiLevel) == sizeof(int8) && sizeof(FriBidiChar) == sizeof(uint32));
 
 /** The line's own first strong character decides its direction. */
 void FindLevels(FLine& InOutLine)
@@ -45,7 +45,7 @@ void FindRuns(FLine& InOutLine)
 	for (std::size_t Index = 0; Index < InOutLine.Points.size(); ++Index)
 	{
 		const FCharInfo& Info = InOutLine.Infos[Index];
-		const std::int8_t Level = InOutLine.Levels.empty() ? std::int8_t{0} : InOutLine.Levels[Index];
+		const int8 Level = InOutLine.Levels.empty() ? int8{0} : InOutLine.Levels[Index];
 		const bool bSimple = HasAny(Info.Flags, ECharFlags::Simple);
 		const bool bCommon = FCharTable::IsCommon(Info.Script);
 		FRun* Run = InOutLine.Runs.empty() ? nullptr : &InOutLine.Runs.back();
@@ -64,12 +64,12 @@ void FindRuns(FLine& InOutLine)
 /** Rule L2: from the highest level down to the lowest odd one, turn round what stands at that level or above. */
 void ReorderRuns(std::vector<FRun>& InOutRuns)
 {
-	std::int8_t Highest = 0;
+	int8 Highest = 0;
 	for (const FRun& Run : InOutRuns)
 	{
 		Highest = std::max(Highest, Run.Level);
 	}
-	for (std::int8_t Level = Highest; Level > 0; --Level)
+	for (int8 Level = Highest; Level > 0; --Level)
 	{
 		const auto IsBelow = [Level](const FRun& InRun)
 		{
@@ -96,7 +96,7 @@ void Itemise(FFontSet& InFonts, FCharTable& InChars, FLine& InOutLine)
 	InOutLine.Infos.clear();
 	InOutLine.Levels.clear();
 	ECharFlags All = ECharFlags::None;
-	for (const std::uint32_t Point : InOutLine.Points)
+	for (const uint32 Point : InOutLine.Points)
 	{
 		InOutLine.Infos.push_back(InChars.Find(Point));
 		All = All | InOutLine.Infos.back().Flags;

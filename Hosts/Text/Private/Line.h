@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "CharTable.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace Flitmark
@@ -16,10 +16,10 @@ struct FRun
 	FFontId Font = FFontSet::Primary;
 
 	/** For FCharTable::GetScript. */
-	std::uint8_t Script = 0;
+	uint8 Script = 0;
 
 	/** Embedding level of the bidirectional algorithm; odd is right-to-left. */
-	std::int8_t Level = 0;
+	int8 Level = 0;
 
 	/** Every character is Simple. */
 	bool bSimple = false;
@@ -28,12 +28,12 @@ struct FRun
 /** A line being set. Kept and filled again, so that setting a line takes no memory. */
 struct FLine
 {
-	std::vector<std::uint32_t> Points;
+	std::vector<uint32> Points;
 	hb_language_t Language = nullptr;
 
 	/** Beside Points: their records, with the font that they are set in. */
 	std::vector<FCharInfo> Infos;
-	std::vector<std::int8_t> Levels;
+	std::vector<int8> Levels;
 
 	/** From left to right as they stand on screen. */
 	std::vector<FRun> Runs;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "Font.h"
 
-#include <cstdint>
 #include <span>
 
 namespace Flitmark
@@ -25,11 +25,11 @@ struct FRunStyle
 bool IsSetPlain(const FFont& InFont, hb_script_t InScript);
 
 /** Shapes InCount characters of a line from InBegin on into the buffer; the rest of the line is their context. */
-void ShapeRun(hb_buffer_t* InBuffer, const FFont& InFont, const FRunStyle& InStyle,
-			  std::span<const std::uint32_t> InLine, std::size_t InBegin, std::size_t InCount);
+void ShapeRun(hb_buffer_t* InBuffer, const FFont& InFont, const FRunStyle& InStyle, std::span<const uint32> InLine,
+			  std::size_t InBegin, std::size_t InCount);
 
 /** Sum of the advances in a shaped buffer, in TextMetrics::UnitsPerEm. */
-std::int64_t SumAdvances(hb_buffer_t* InBuffer);
+int64 SumAdvances(hb_buffer_t* InBuffer);
 
 /** An empty buffer of the calling thread's own; the next call on the thread gives the same. */
 hb_buffer_t* GetThreadBuffer();

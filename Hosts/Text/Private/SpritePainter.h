@@ -2,8 +2,8 @@
 
 #include "GlyphStore.h"
 #include "Shaper.h"
-#include "Sprite.h"
-#include "TextEngine.h"
+#include "Text/Sprite.h"
+#include "Text/TextEngine.h"
 
 #include <span>
 

@@ -1,10 +1,10 @@
-#include "TextEngine.h"
+#include "Text/TextEngine.h"
 
 #include "BoundedCache.h"
 #include "GlyphStore.h"
 #include "Shaper.h"
 #include "SpritePainter.h"
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 #include "TextLines.h"
 #include "TextMetrics.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstdint>
+#include "CoreTypes.h"
+
 #include <string_view>
 #include <vector>
 
@@ -23,7 +24,7 @@ public:
 	 * The next line's characters; false after the last. Lone surrogates become U+FFFD, a tab an em space; control
 	 * characters and others that are no text are left out.
 	 */
-	bool Next(std::vector<std::uint32_t>& OutPoints);
+	bool Next(std::vector<uint32>& OutPoints);
 
 private:
 	std::u16string_view Rest;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include "CoreTypes.h"
 
 namespace Flitmark
 {
@@ -13,7 +13,7 @@ namespace TextMetrics
 {
 
 /** Positions of shaped text per em, for every font alike; 4,096 characters stay far below 2^31. */
-constexpr std::int32_t UnitsPerEm = 65536;
+constexpr int32 UnitsPerEm = 65536;
 
 /** Canvas units per point: points are 1/72 inch, canvas units 1/96. */
 constexpr double CanvasUnitsPerPoint = 96.0 / 72.0;
@@ -26,7 +26,7 @@ constexpr double Outline = 1.0 / 16.0;
 /** How wide an emoji is set: an ideograph and a little air. */
 constexpr double EmojiAdvance = 1.0625;
 
-constexpr double ToEms(std::int64_t InUnits)
+constexpr double ToEms(int64 InUnits)
 {
 	return static_cast<double>(InUnits) / UnitsPerEm;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CoreTypes.h"
+
 extern "C"
 {
 #include <libavcodec/avcodec.h>
@@ -38,6 +40,6 @@ FPacketPtr MakePacket();
 
 /** Ticks of 100 nanoseconds, the overlay's unit of media time. */
 inline constexpr AVRational TickBase{1, 10'000'000};
-inline constexpr int64_t TicksPerSecond = 10'000'000;
+inline constexpr int64 TicksPerSecond = 10'000'000;
 
 } // namespace Flitmark

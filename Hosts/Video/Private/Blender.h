@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AvHandles.h"
-#include "OverlaySource.h"
+#include "Video/OverlaySource.h"
 #include "SpritePlanes.h"
 
 #include <memory>
@@ -29,7 +29,7 @@ public:
  * Where a sprite lies in the stored picture of a frame, its place rounded to whole pixels (halves up); empty where
  * nothing of it is in the picture.
  */
-std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32_t InWidth,
-									  int32_t InHeight);
+std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32 InWidth,
+									  int32 InHeight);
 
 } // namespace Flitmark

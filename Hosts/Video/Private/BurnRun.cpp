@@ -25,7 +25,7 @@ std::string Seconds(double InSeconds)
 	return Text;
 }
 
-int64_t ToWholeTicks(double InSeconds)
+int64 ToWholeTicks(double InSeconds)
 {
 	return std::llround(InSeconds * static_cast<double>(TicksPerSecond));
 }
@@ -52,12 +52,12 @@ bool FBurnRun::Fail(std::string InError)
 	return false;
 }
 
-int64_t FBurnRun::FromTicks() const
+int64 FBurnRun::FromTicks() const
 {
 	return Options.From ? ToWholeTicks(*Options.From) : 0;
 }
 
-int64_t FBurnRun::ToTicks() const
+int64 FBurnRun::ToTicks() const
 {
 	return Options.To ? ToWholeTicks(*Options.To) : INT64_MAX;
 }
@@ -130,7 +130,7 @@ bool FBurnRun::SkipToFrom(FOverlayClock& InClock)
 		return Fail(Options.Input + ": lasts " + Seconds(End) + ", there is nothing to burn from " +
 					Seconds(*Options.From) + " on");
 	}
-	for (const int64_t Ticks : Times->Ticks)
+	for (const int64 Ticks : Times->Ticks)
 	{
 		if (Ticks >= FromTicks())
 		{
@@ -164,7 +164,7 @@ bool FBurnRun::Pump(FOverlayClock& InClock)
 	return true;
 }
 
-int64_t FBurnRun::Zero(const AVFrame& InFirst) const
+int64 FBurnRun::Zero(const AVFrame& InFirst) const
 {
 	if (Options.From)
 	{
@@ -228,7 +228,7 @@ bool FBurnRun::TakeFrame(FOverlayClock& InClock, FFramePtr InFrame)
 			LastConverter.emplace(Plan.Encode, InFrame->width, InFrame->height);
 		}
 	}
-	const int64_t Ticks = Input->ToTicks(InFrame->pts);
+	const int64 Ticks = Input->ToTicks(InFrame->pts);
 	LastEndTicks = Ticks + av_rescale_q(InFrame->pkt_duration, Input->Video().time_base, TickBase);
 	InFrame = Painter->Paint(std::move(InFrame), InClock.Advance(Ticks));
 	if (InFrame && LastConverter)
@@ -298,7 +298,7 @@ bool FBurnRun::Drain()
 void FBurnRun::Tell(const AVFrame& InFrame)
 {
 	++State.Frames;
-	const int64_t Done = Input->ToTicks(InFrame.pts + InFrame.pkt_duration) - FromTicks();
+	const int64 Done = Input->ToTicks(InFrame.pts + InFrame.pkt_duration) - FromTicks();
 	State.DoneSeconds = std::max(0.0, static_cast<double>(Done) / static_cast<double>(TicksPerSecond));
 	Progress.OnFrame(State);
 }
@@ -320,7 +320,7 @@ bool FBurnRun::Finish()
 
 void FBurnRun::TellDamage()
 {
-	const int64_t Broken = Input->BrokenReads() + Decoder->BrokenPackets();
+	const int64 Broken = Input->BrokenReads() + Decoder->BrokenPackets();
 	if (Broken > 0)
 	{
 		Progress.OnMessage(Options.Input + ": " + std::to_string(Broken) + " damaged pieces were passed over");

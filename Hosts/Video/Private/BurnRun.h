@@ -4,7 +4,7 @@
 #include "FramePainter.h"
 #include "OverlayClock.h"
 #include "PacketReader.h"
-#include "VideoBurn.h"
+#include "Video/VideoBurn.h"
 #include "VideoEncoder.h"
 #include "VideoOutput.h"
 
@@ -39,9 +39,9 @@ private:
 	void Tell(const AVFrame& InFrame);
 	void TellDamage();
 	void SayConversion(AVPixelFormat InSource, const FFormatPlan& InPlan);
-	int64_t Zero(const AVFrame& InFirst) const;
-	int64_t FromTicks() const;
-	int64_t ToTicks() const;
+	int64 Zero(const AVFrame& InFirst) const;
+	int64 FromTicks() const;
+	int64 ToTicks() const;
 	bool Fail(std::string InError);
 
 	const FBurnOptions& Options;
@@ -64,9 +64,9 @@ private:
 
 	FPacketPtr Packet;
 	FBurnState State;
-	std::optional<int64_t> LastStamp;
-	int64_t LastEndTicks = 0;
-	int64_t Misplaced = 0;
+	std::optional<int64> LastStamp;
+	int64 LastEndTicks = 0;
+	int64 Misplaced = 0;
 };
 
 } // namespace Flitmark

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "AvHandles.h"
 
 namespace Flitmark
@@ -9,7 +10,7 @@ namespace Flitmark
 class FFrameConverter
 {
 public:
-	FFrameConverter(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight)
+	FFrameConverter(AVPixelFormat InFormat, int32 InWidth, int32 InHeight)
 		: Format(InFormat)
 		, Width(InWidth)
 		, Height(InHeight)
@@ -28,8 +29,8 @@ private:
 	bool Prepare(const AVFrame& InFrame, const AVFrame& InTarget);
 
 	AVPixelFormat Format;
-	int32_t Width;
-	int32_t Height;
+	int32 Width;
+	int32 Height;
 	FSwsPtr Scaler;
 
 	/** What the scaler was made for. */

@@ -24,7 +24,7 @@ public:
 	}
 
 	/** InFormat: what frames are brought to before they are blended into; must be a format FPixelLayout knows. */
-	void Start(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight);
+	void Start(AVPixelFormat InFormat, int32 InWidth, int32 InHeight);
 
 	/** The painted frame; InFrame itself where nothing had to change. Null where a frame cannot be converted. */
 	FFramePtr Paint(FFramePtr InFrame, std::span<const FPlacedSprite> InSprites);

@@ -117,7 +117,7 @@ void FPacketReader::TakeFrames()
 	FFramePtr Frame = MakeFrame();
 	while (Decoder.Receive(*Frame))
 	{
-		const int64_t Ticks = Input.ToTicks(Frame->pts);
+		const int64 Ticks = Input.ToTicks(Frame->pts);
 		if (Ticks >= Range.To)
 		{
 			PastEnd[static_cast<size_t>(Input.Video().index)] = true;
@@ -139,7 +139,7 @@ void FPacketReader::TakeOther(const AVPacket& InPacket)
 		// A stream that turned up in mid-file has no place in the output.
 		return;
 	}
-	const int64_t Stamp = InPacket.pts != AV_NOPTS_VALUE ? InPacket.pts : InPacket.dts;
+	const int64 Stamp = InPacket.pts != AV_NOPTS_VALUE ? InPacket.pts : InPacket.dts;
 	if (Stamp != AV_NOPTS_VALUE && Input.ToTicks(Stamp, Input.Format().streams[Index]->time_base) >= Range.To)
 	{
 		PastEnd[Index] = true;

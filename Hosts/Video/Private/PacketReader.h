@@ -1,10 +1,10 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "VideoDecoder.h"
 #include "VideoInput.h"
 
 #include <condition_variable>
-#include <cstdint>
 #include <deque>
 #include <exception>
 #include <mutex>
@@ -24,8 +24,8 @@ struct FReadItem
 /** Which part of a file is read, ticks of media time: from InFrom (included) to InTo (left out). */
 struct FReadRange
 {
-	int64_t From = 0;
-	int64_t To = INT64_MAX;
+	int64 From = 0;
+	int64 To = INT64_MAX;
 };
 
 /** Reads and decodes on a thread of its own, a few frames ahead. */

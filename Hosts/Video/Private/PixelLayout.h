@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "AvHandles.h"
 
 extern "C"
@@ -8,7 +9,6 @@ extern "C"
 }
 
 #include <array>
-#include <cstdint>
 #include <optional>
 
 namespace Flitmark
@@ -18,12 +18,12 @@ namespace Flitmark
 struct FPlaneLayout
 {
 	/** Components by index: 0 Y, 1 Cb, 2 Cr; two where chroma is interleaved. */
-	int32_t Components = 1;
-	std::array<int32_t, 2> Component{};
+	int32 Components = 1;
+	std::array<int32, 2> Component{};
 
 	/** log2 of luma pixels per sample. */
-	int32_t ShiftX = 0;
-	int32_t ShiftY = 0;
+	int32 ShiftX = 0;
+	int32 ShiftY = 0;
 };
 
 /**
@@ -32,12 +32,12 @@ struct FPlaneLayout
  */
 struct FPixelLayout
 {
-	int32_t Depth = 8;
+	int32 Depth = 8;
 
 	/** Unused low bits of a 16-bit sample (6 in P010). */
-	int32_t SampleShift = 0;
+	int32 SampleShift = 0;
 
-	int32_t PlaneCount = 0;
+	int32 PlaneCount = 0;
 	std::array<FPlaneLayout, 3> Planes{};
 
 	/** Empty for formats of any other kind. */

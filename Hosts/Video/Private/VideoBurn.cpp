@@ -1,4 +1,4 @@
-#include "VideoBurn.h"
+#include "Video/VideoBurn.h"
 
 #include "BurnRun.h"
 

@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, int32_t InThreads, std::string& OutError)
+std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, int32 InThreads, std::string& OutError)
 {
 	const AVStream& Stream = InInput.Video();
 	const char* const Name = avcodec_get_name(Stream.codecpar->codec_id);
@@ -79,7 +79,7 @@ void FVideoDecoder::SetTimestamp(AVFrame& InFrame)
 	{
 		InFrame.pts = NextTimestamp;
 	}
-	NextTimestamp = InFrame.pts + std::max<int64_t>(1, InFrame.pkt_duration);
+	NextTimestamp = InFrame.pts + std::max<int64>(1, InFrame.pkt_duration);
 }
 
 } // namespace Flitmark

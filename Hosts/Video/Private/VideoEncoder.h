@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "AvHandles.h"
 
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -16,7 +16,7 @@ struct FEncoderSetup
 	const AVCodec* Codec = nullptr;
 	std::optional<double> Crf;
 	std::string Preset;
-	int32_t Threads = 0;
+	int32 Threads = 0;
 	AVPixelFormat Format = AV_PIX_FMT_NONE;
 	AVRational TimeBase{1, 1};
 
@@ -64,7 +64,7 @@ private:
 	FCodecPtr Codec;
 
 	/** Durations of the frames inside the encoder by their times; encoders don't hand them through. */
-	std::map<int64_t, int64_t> Durations;
+	std::map<int64, int64> Durations;
 };
 
 } // namespace Flitmark

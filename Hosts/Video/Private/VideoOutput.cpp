@@ -139,10 +139,10 @@ void FVideoOutput::CopyChapters(const AVFormatContext& InSource)
 	for (unsigned Index = 0; Index < InSource.nb_chapters; ++Index)
 	{
 		const AVChapter& Chapter = *InSource.chapters[Index];
-		const int64_t Zero = av_rescale_q(Cut.Zero, VideoBase, Chapter.time_base);
-		const int64_t Last = Cut.Seconds ? static_cast<int64_t>(*Cut.Seconds / av_q2d(Chapter.time_base)) : INT64_MAX;
-		const int64_t Start = std::max<int64_t>(0, Chapter.start - Zero);
-		const int64_t End = std::min(Last, Chapter.end - Zero);
+		const int64 Zero = av_rescale_q(Cut.Zero, VideoBase, Chapter.time_base);
+		const int64 Last = Cut.Seconds ? static_cast<int64>(*Cut.Seconds / av_q2d(Chapter.time_base)) : INT64_MAX;
+		const int64 Start = std::max<int64>(0, Chapter.start - Zero);
+		const int64 End = std::min(Last, Chapter.end - Zero);
 		if (Start < End)
 		{
 			AddChapter(*Muxer, Chapter, Start, End);
@@ -150,7 +150,7 @@ void FVideoOutput::CopyChapters(const AVFormatContext& InSource)
 	}
 }
 
-void FVideoOutput::KeepTimes(int64_t InFirst)
+void FVideoOutput::KeepTimes(int64 InFirst)
 {
 	// Matroska has no times before 0, for which FFmpeg moves all streams. Only sound that an encoder put before the
 	// beginning to warm up has such times, and it is not heard.
@@ -163,13 +163,13 @@ void FVideoOutput::KeepTimes(int64_t InFirst)
 	}
 }
 
-int64_t FVideoOutput::ZeroOf(const AVStream& InTarget, AVRational InBase) const
+int64 FVideoOutput::ZeroOf(const AVStream& InTarget, AVRational InBase) const
 {
 	// Matroska keeps Opus's warming up in a field that readers subtract from the stream's times.
 	const AVCodecParameters& Codec = *InTarget.codecpar;
-	const int64_t WarmUp = bWarmUpApart && Codec.codec_id == AV_CODEC_ID_OPUS
-							   ? av_rescale_q(Codec.initial_padding, {1, 48000}, InBase)
-							   : 0;
+	const int64 WarmUp = bWarmUpApart && Codec.codec_id == AV_CODEC_ID_OPUS
+							 ? av_rescale_q(Codec.initial_padding, {1, 48000}, InBase)
+							 : 0;
 	return av_rescale_q(Cut.Zero, VideoBase, InBase) - WarmUp;
 }
 
@@ -216,10 +216,10 @@ bool FVideoOutput::Write(AVPacket& InPacket, AVRational InBase, AVStream& InTarg
 	InPacket.stream_index = InTarget.index;
 	InPacket.pos = -1;
 	// Containers refuse times that run backwards, which damaged inputs hold.
-	int64_t& Last = LastDts[static_cast<size_t>(InTarget.index)];
+	int64& Last = LastDts[static_cast<size_t>(InTarget.index)];
 	if (InPacket.dts != AV_NOPTS_VALUE)
 	{
-		const int64_t Least = Last + ((Muxer->oformat->flags & AVFMT_TS_NONSTRICT) != 0 ? 0 : 1);
+		const int64 Least = Last + ((Muxer->oformat->flags & AVFMT_TS_NONSTRICT) != 0 ? 0 : 1);
 		if (Last != AV_NOPTS_VALUE && InPacket.dts < Least)
 		{
 			InPacket.dts = Least;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "AvHandles.h"
-#include "TemporaryFile.h"
+#include "Files/TemporaryFile.h"
 #include "VideoInput.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,7 +16,7 @@ namespace Flitmark
 struct FOutputCut
 {
 	/** Timestamp of the input's video stream that becomes 0. */
-	int64_t Zero = 0;
+	int64 Zero = 0;
 
 	/** Whether packets of copied streams that start before Zero are left out. */
 	bool bCutBefore = false;
@@ -63,10 +63,10 @@ private:
 	void AddCopy(const AVStream& InSource);
 	void AddVideo(const AVStream& InSource, const AVCodecContext& InEncoder, const AVFrame& InFirst);
 	void CopyChapters(const AVFormatContext& InSource);
-	void KeepTimes(int64_t InFirst);
+	void KeepTimes(int64 InFirst);
 
 	/** The time of a copied stream that becomes 0, in the base of its source. */
-	int64_t ZeroOf(const AVStream& InTarget, AVRational InBase) const;
+	int64 ZeroOf(const AVStream& InTarget, AVRational InBase) const;
 	bool Write(AVPacket& InPacket, AVRational InBase, AVStream& InTarget, std::string& OutError);
 	std::string WriteError(int InCode) const;
 
@@ -84,7 +84,7 @@ private:
 	std::vector<AVRational> Bases;
 
 	/** The latest decoding time by the output's streams. */
-	std::vector<int64_t> LastDts;
+	std::vector<int64> LastDts;
 };
 
 } // namespace Flitmark

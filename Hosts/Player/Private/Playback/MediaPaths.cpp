@@ -1,6 +1,6 @@
-#include "MediaPaths.h"
+#include "Playback/MediaPaths.h"
 
-#include "CommentImport.h"
+#include "Formats/CommentImport.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "SaveSlots.h"
+#include "Stage/SaveSlots.h"
 
 #include <QObject>
 #include <QQmlEngine>
