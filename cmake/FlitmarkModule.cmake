@@ -1,4 +1,4 @@
-# The module itself, out of the very files that the engine builds. No build file of ours lies in its folder.
+# The module, built from the same files as in the engine. Its folder contains none of our build files.
 include(FlitmarkReflect)
 
 set(ModuleDir ${CMAKE_SOURCE_DIR}/Source/Flitmark)

@@ -16,7 +16,7 @@ extern "C"
 namespace Flitmark
 {
 
-/** Frees each of FFmpeg's objects by its own function. */
+/** Frees each FFmpeg object with its own function. */
 struct FAvDelete
 {
 	void operator()(AVFrame* InFrame) const { av_frame_free(&InFrame); }
@@ -34,7 +34,7 @@ using FInputPtr = std::unique_ptr<AVFormatContext, FAvDelete>;
 using FSwsPtr = std::unique_ptr<SwsContext, FAvDelete>;
 using FBufferPoolPtr = std::unique_ptr<AVBufferPool, FAvDelete>;
 
-/** Throw std::bad_alloc where there is no memory, like everything else here. */
+/** Throw std::bad_alloc if out of memory, like everything else here. */
 FFramePtr MakeFrame();
 FPacketPtr MakePacket();
 

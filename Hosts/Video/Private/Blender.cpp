@@ -12,7 +12,7 @@ namespace Flitmark
 namespace
 {
 
-/** Planes of the sprites that are alive. */
+/** Planes of the live sprites. */
 template <typename SampleType>
 class TPlaneCache
 {
@@ -25,7 +25,7 @@ public:
 	TSpritePlanes<SampleType>& Find(const std::shared_ptr<const FSprite>& InSprite)
 	{
 		FEntry& Entry = Entries[InSprite.get()];
-		// A new sprite may have got the address of a dead one.
+		// A new sprite may have the address of a dead one.
 		if (Entry.Sprite.expired())
 		{
 			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InSprite, Style);
@@ -131,7 +131,7 @@ std::unique_ptr<IBlender> IBlender::Make(const FBlendStyle& InStyle)
 std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32 InWidth,
 									  int32 InHeight)
 {
-	// Far beyond any picture, and far from where integers run over.
+	// Far outside any picture, and far from integer overflow.
 	constexpr double Farthest = 1'000'000.0;
 	if (!InSprite.Sprite || InSprite.Sprite->Width <= 0 || InSprite.Sprite->Height <= 0)
 	{

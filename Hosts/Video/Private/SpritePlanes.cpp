@@ -17,7 +17,7 @@ int32 RoundedUp(int32 InCount, int32 InShift)
 	return (InCount + (1 << InShift) - 1) >> InShift;
 }
 
-/** What of the video stays under the sum of alpha of 1 << InShift pixels; see BlendSample for the two scales. */
+/** How much of the video to keep under the summed alpha of 1 << InShift pixels; see BlendSample for the two scales. */
 template <typename SampleType>
 SampleType KeepOf(int32 InAlphaSum, int32 InShift)
 {
@@ -87,7 +87,7 @@ template <typename SampleType>
 void TInkLayer<SampleType>::SetColor(int32 InColor, int32 InRow, int32 InSample, int64 InValue, int32 InMaximum)
 {
 	const size_t Index = At(InRow, InSample);
-	// What is left of the brightest sample bounds the colour, so that no sum runs over, however it is rounded.
+	// The color is bounded by what remains above the brightest sample, so that no sum overflows, however it is rounded.
 	const SampleType Brightest = static_cast<SampleType>(InMaximum);
 	const int32 Room = InMaximum - BlendSample(Brightest, Keep[Index], SampleType{0});
 	Colors[static_cast<size_t>(InColor)][Index] = static_cast<SampleType>(std::clamp<int64>(InValue, 0, Room));
@@ -167,7 +167,7 @@ TInkLayer<SampleType> TSpritePlanes<SampleType>::MakeChroma(const FPlaneLayout& 
 	std::vector<int32> Sums;
 	for (int32 Row = 0; Row < Rows; ++Row)
 	{
-		// Pixels of the chroma block that lie outside the sprite count as empty.
+		// Pixels of the chroma block outside the sprite count as empty.
 		Sums.assign(static_cast<size_t>(Columns) * 4, 0);
 		const int32 First = std::max(0, (Row << InPlane.ShiftY) - InPhaseY);
 		const int32 Last = std::min(Height, ((Row + 1) << InPlane.ShiftY) - InPhaseY);

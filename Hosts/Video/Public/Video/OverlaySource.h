@@ -9,7 +9,7 @@
 namespace Flitmark
 {
 
-/** A sprite at its place in the upright picture, pixels from its top-left corner. */
+/** A sprite and its position in the upright picture, in pixels from the top-left corner. */
 struct FPlacedSprite
 {
 	std::shared_ptr<const FSprite> Sprite;
@@ -19,7 +19,7 @@ struct FPlacedSprite
 	double Y = 0.0;
 };
 
-/** What a video is, as far as an overlay needs to know. */
+/** What an overlay needs to know about a video. */
 struct FVideoShape
 {
 	/** The upright picture (after the rotation that players apply), in stored pixels. */
@@ -33,7 +33,7 @@ struct FVideoShape
 	double FrameRate = 0.0;
 };
 
-/** Where a burner gets the comments of a frame from. Called from one thread, frame by frame, in order of time. */
+/** Supplies the comments for each frame. Called from one thread, frame by frame, in time order. */
 class IOverlaySource
 {
 public:

@@ -1,4 +1,4 @@
-#include "Itemiser.h"
+#include "Itemizer.h"
 
 #include "Clusters.h"
 
@@ -20,7 +20,7 @@ struct FBidiScratch
 
 static_assert(sizeof(FriBidiLevel) == sizeof(int8) && sizeof(FriBidiChar) == sizeof(uint32));
 
-/** The line's own first strong character decides its direction. */
+/** The first strong character of the line decides its direction. */
 void FindLevels(FLine& InOutLine)
 {
 	thread_local FBidiScratch Scratch;
@@ -61,7 +61,7 @@ void FindRuns(FLine& InOutLine)
 	}
 }
 
-/** Rule L2: from the highest level down to the lowest odd one, turn round what stands at that level or above. */
+/** Rule L2: from the highest level down to the lowest odd one, reverse everything at that level or above. */
 void ReorderRuns(std::vector<FRun>& InOutRuns)
 {
 	int8 Highest = 0;
@@ -91,7 +91,7 @@ void ReorderRuns(std::vector<FRun>& InOutRuns)
 
 } // namespace
 
-void Itemise(FFontSet& InFonts, FCharTable& InChars, FLine& InOutLine)
+void Itemize(FFontSet& InFonts, FCharTable& InChars, FLine& InOutLine)
 {
 	InOutLine.Infos.clear();
 	InOutLine.Levels.clear();

@@ -6,6 +6,6 @@ namespace Flitmark
 {
 
 /** Fills a line's records, levels and runs from its characters. */
-void Itemise(FFontSet& InFonts, FCharTable& InChars, FLine& InOutLine);
+void Itemize(FFontSet& InFonts, FCharTable& InChars, FLine& InOutLine);
 
 } // namespace Flitmark
