@@ -101,7 +101,7 @@ TEST(OwnDocument, DamagedEntriesCostThemselvesAlone)
 		EXPECT_EQ(Result.Comments[1].Source, Well);
 	}
 	const FImportResult Cut = ImportText("{\"datas\":[" + Well + ",{\"danmaku_content\":\"a\"");
-	EXPECT_EQ(DescribeFaults(Cut), "1/2 the file ends in the middle of it\n");
+	EXPECT_EQ(DescribeFaults(Cut), "1/2 the file ends in the middle of this entry\n");
 	EXPECT_EQ(ImportText("{\"datas\":[{\"danmaku_mode\":}," + Well + "]}").Report.NumBroken, 1U);
 }
 

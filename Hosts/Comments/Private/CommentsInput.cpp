@@ -43,15 +43,14 @@ private:
 	const uint64 Size;
 };
 
-bool IsOwn(ECommentFormat InFormat)
+bool IsOwn(const FCommentFormat* InFormat)
 {
-	return InFormat == ECommentFormat::Own || InFormat == ECommentFormat::Unknown;
+	return InFormat == &OwnDocumentFormat || InFormat == nullptr;
 }
 
-bool IsJson(ECommentFormat InFormat)
+bool IsJson(const FCommentFormat* InFormat)
 {
-	return InFormat == ECommentFormat::ParametersJson || InFormat == ECommentFormat::RowsJson ||
-		   InFormat == ECommentFormat::ChatJson || InFormat == ECommentFormat::ObjectsJson;
+	return !IsOwn(InFormat) && InFormat->Syntax == EFormatSyntax::Json;
 }
 
 /** Whether a text has the name of our document's list somewhere, in any case: only then can it be one. */
@@ -80,7 +79,7 @@ bool NamesList(std::string_view InText)
 
 struct FFileLook
 {
-	ECommentFormat Format = ECommentFormat::Unknown;
+	const FCommentFormat* Format = nullptr;
 	/** Whether it could be our own document, whatever its beginning looks like. */
 	bool bMayBeOwn = true;
 };
@@ -119,11 +118,11 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 }
 
 /** The format of a whole text. What the overlay takes for a document is one, whatever else there is in it. */
-ECommentFormat DetectWhole(const std::string& InBytes)
+const FCommentFormat* DetectWhole(const std::string& InBytes)
 {
-	const ECommentFormat Format = DetectFormat(std::string_view(InBytes).substr(0, HeadSize));
+	const FCommentFormat* const Format = DetectFormat(std::string_view(InBytes).substr(0, HeadSize));
 	const bool bOwn = IsJson(Format) && NamesList(InBytes) && !FCommentDocument::Read(FromUtf8(InBytes)).GetFault();
-	return bOwn ? ECommentFormat::Own : Format;
+	return bOwn ? &OwnDocumentFormat : Format;
 }
 
 /** Reads another format's comments: from the bytes where there are some, piece by piece from the file otherwise. */
@@ -205,7 +204,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	FCommentsInput Input;
 	Input.Report.Path = InPath;
 	const std::optional<FFileLook> Look = LookAtFile(InPath);
-	Input.Report.Import.Format = Look ? Look->Format : ECommentFormat::Unknown;
+	Input.Report.Import.Format = Look ? Look->Format : nullptr;
 	if (!Look || Look->bMayBeOwn)
 	{
 		Input.Bytes = LoadBytes(InPath, OutError);

@@ -39,12 +39,12 @@ public:
 	uint64 GetOffset() const { return NumDropped + Begin; }
 
 	/** The line, from 1, of a place in the view. Places asked for one after the other should not go back. */
-	uint64 GetLine(std::size_t InPlace);
+	uint64 GetLine(std::size_t InOffset);
 
 private:
 	static constexpr std::size_t ChunkSize = std::size_t{64} << 10;
 
-	void CountLinesTo(std::size_t InPlace);
+	void CountLinesTo(std::size_t InOffset);
 
 	IByteSource& Source;
 	std::vector<char> Buffer = std::vector<char>(ChunkSize + 1);
@@ -53,9 +53,9 @@ private:
 	uint64 NumDropped = 0;
 	bool bComplete = false;
 
-	/** How many line ends stand before LinePlace, a place in the buffer. */
+	/** How many line ends stand before LineOffset, a place in the buffer. */
 	uint64 NumLineEnds = 0;
-	std::size_t LinePlace = 0;
+	std::size_t LineOffset = 0;
 };
 
 } // namespace Flitmark

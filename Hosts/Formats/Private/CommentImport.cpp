@@ -1,10 +1,7 @@
 #include "Formats/CommentImport.h"
 
 #include "ImportSink.h"
-#include "JsonImport.h"
-#include "ProtobufImport.h"
 #include "TextDecoding.h"
-#include "XmlImport.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -59,6 +56,16 @@ private:
 	std::string Error;
 };
 
+std::string ListFormats()
+{
+	std::string Titles;
+	for (const FCommentFormat* const Format : GetCommentFormats())
+	{
+		Titles.append(Titles.empty() ? "these are known: " : ", ").append(Format->Title);
+	}
+	return Titles;
+}
+
 std::string ReadHead(IByteSource& InSource)
 {
 	std::string Head(HeadSize, '\0');
@@ -76,57 +83,36 @@ std::string ReadHead(IByteSource& InSource)
 	return Head;
 }
 
-bool ImportAs(ECommentFormat InFormat, IByteSource& InSource, FImportSink& OutSink, std::string& OutError)
-{
-	switch (InFormat)
-	{
-	case ECommentFormat::ListXml:
-		ImportListXml(InSource, OutSink);
-		return true;
-	case ECommentFormat::ChatXml:
-		ImportChatXml(InSource, OutSink);
-		return true;
-	case ECommentFormat::ListProtobuf:
-		ImportListProtobuf(InSource, OutSink);
-		return true;
-	case ECommentFormat::Unknown:
-		OutError =
-			"is no comment file of a form that is known; it should be a comment document like {\"datas\": [...]}, "
-			"or XML, JSON or binary messages as comment services have them";
-		return false;
-	default:
-		return ImportJson(InSource, InFormat, OutSink, OutError);
-	}
-}
-
 } // namespace
 
 bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string& OutError)
 {
 	OutResult = FImportResult();
 	std::string Head = ReadHead(InSource);
-	const ECommentFormat Format = DetectFormat(Head);
+	const FCommentFormat* const Format = DetectFormat(Head);
 	OutResult.Report.Format = Format;
+	if (Format == nullptr)
+	{
+		const std::string Error = InSource.GetError();
+		OutError = !Error.empty() ? Error
+				   : Head.empty() ? "is empty"
+								  : "is not in any known format of comments; " + ListFormats();
+		return false;
+	}
 	FImportSink Sink(OutResult, InSource.GetSize());
-	const bool bText = Format != ECommentFormat::ListProtobuf;
-	const FTextEncoding Encoding = bText ? FindEncoding(Head) : FTextEncoding();
+	const FTextEncoding Encoding = Format->Syntax == EFormatSyntax::Protobuf ? FTextEncoding() : FindEncoding(Head);
 	if (!Encoding.Warning.empty())
 	{
 		Sink.AddWarning(Encoding.Warning);
 	}
-	const bool bEmpty = Head.empty();
 	FDecodedSource Source(InSource, std::move(Head), Encoding);
-	const bool bKnown = ImportAs(Format, Source, Sink, OutError);
-	if (const std::string Error = InSource.GetError(); !Error.empty())
+	const bool bRead = Format->Read(Source, Sink, OutError);
+	if (std::string Error = InSource.GetError(); !Error.empty())
 	{
-		OutError = Error;
+		OutError = std::move(Error);
 		return false;
 	}
-	if (bEmpty)
-	{
-		OutError = "is empty";
-	}
-	return bKnown;
+	return bRead;
 }
 
 bool ImportComments(const std::filesystem::path& InPath, FImportResult& OutResult, std::string& OutError)

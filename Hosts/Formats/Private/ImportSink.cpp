@@ -22,9 +22,9 @@ void FImportSink::AddBroken(uint64 InLine, std::string InReason)
 	AddFault(InLine, std::move(InReason));
 }
 
-void FImportSink::AddMended(uint64 InLine, std::string InReason)
+void FImportSink::AddRepaired(uint64 InLine, std::string InReason)
 {
-	++Result.Report.NumMended;
+	++Result.Report.NumRepaired;
 	AddFault(InLine, std::move(InReason));
 }
 

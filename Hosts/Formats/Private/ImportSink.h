@@ -23,7 +23,7 @@ public:
 	void AddBroken(uint64 InLine, std::string InReason);
 
 	/** Something was wrong with the entry that was added last, but it was read. */
-	void AddMended(uint64 InLine, std::string InReason);
+	void AddRepaired(uint64 InLine, std::string InReason);
 
 	void AddWarning(std::string InText) { Result.Report.Warnings.push_back(std::move(InText)); }
 

@@ -1,4 +1,4 @@
-#include "JsonForm.h"
+#include "JsonSchema.h"
 
 #include "Formats/CleanText.h"
 #include "Formats/FieldValues.h"
@@ -57,7 +57,7 @@ uint32 ToColor(std::string_view InText)
 }
 
 /** The values of our own document; whatever they are, it is a comment. */
-class FOwnForm final : public IJsonForm
+class FOwnForm final : public IJsonSchema
 {
 public:
 	void OnField(const FField& InField) override
@@ -136,7 +136,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<IJsonForm> MakeOwnForm()
+std::unique_ptr<IJsonSchema> MakeOwnForm()
 {
 	return std::make_unique<FOwnForm>();
 }

@@ -31,8 +31,9 @@ public:
 		EEnd End = EEnd::Closed;
 	};
 
-	FXmlEntries(IByteSource& InSource, std::string_view InName)
+	FXmlEntries(IByteSource& InSource, std::string_view InRoot, std::string_view InName)
 		: Window(InSource)
+		, Root(InRoot)
 		, Name(InName)
 	{
 	}
@@ -61,11 +62,12 @@ private:
 	bool ReadEntry(FEntry& OutEntry);
 	FPlace FindContentEnd(std::string_view InView, std::size_t InPlace);
 	std::size_t FindCached(std::string_view InWanted, std::size_t InPlace, uint64& InOutAbsentUntil) const;
-	bool IsStart(std::string_view InText) const;
-	std::size_t GetEndTagSize(std::string_view InText) const;
+	static bool IsStart(std::string_view InText, std::string_view InName);
+	static std::size_t GetEndTagSize(std::string_view InText, std::string_view InName);
 	bool MayGrow() const;
 
 	FByteWindow Window;
+	std::string_view Root;
 	std::string_view Name;
 
 	bool bRootOpen = false;

@@ -15,8 +15,16 @@ std::optional<double> ParseNumber(std::string_view InText);
 /** A whole number; a fraction is cut off, what is too large becomes the nearest that fits. */
 std::optional<int64> ParseInteger(std::string_view InText);
 
-/** A media time in ticks of 100 ns from one in units of so many ticks; nothing where it is beyond 10,000 years. */
-std::optional<int64> ParseTicks(std::string_view InText, double InTicksPerUnit);
+/** Units in which services write media times, as ticks of 100 ns. */
+enum class ETimeUnit : int32
+{
+	Millisecond = 10'000,
+	Hundredth = 100'000,
+	Second = 10'000'000
+};
+
+/** A media time as ticks; nothing if it is no number or beyond 10,000 years. */
+std::optional<int64> ParseTicks(std::string_view InText, ETimeUnit InUnit);
 
 /** `16711680`, `#FF0000` or `#F00` as 0xRRGGBBAA, opaque. */
 std::optional<uint32> ParseColor(std::string_view InText);
@@ -26,6 +34,9 @@ int64 ParseUnixDate(std::string_view InText);
 
 /** `2026-01-31T20:15:00+09:00`, and with dots and dashes between the parts; as Unix seconds, 0 where unreadable. */
 int64 ParseDate(std::string_view InText);
+
+/** Either of the two. */
+int64 ParseAnyDate(std::string_view InText);
 
 /** FNV-1a. */
 uint32 HashUser(std::string_view InText);

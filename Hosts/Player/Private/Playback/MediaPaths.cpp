@@ -1,6 +1,6 @@
 #include "Playback/MediaPaths.h"
 
-#include "Formats/CommentImport.h"
+#include "Formats/CommentFormat.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -130,8 +130,7 @@ bool IsCommentFile(const QString& InPath)
 		return false;
 	}
 	const QByteArray Head = File.read(HeadSize);
-	return DetectFormat(std::string_view(Head.constData(), static_cast<std::size_t>(Head.size()))) !=
-		   ECommentFormat::Unknown;
+	return DetectFormat(std::string_view(Head.constData(), static_cast<std::size_t>(Head.size()))) != nullptr;
 }
 
 QStringList FindCommentsBeside(const QString& InVideo, const QStringList& InLanguages)

@@ -1,6 +1,6 @@
-#include "ProtobufImport.h"
-
+#include "Formats/CommentFormat.h"
 #include "Formats/FieldValues.h"
+#include "ImportSink.h"
 #include "ListParameters.h"
 
 #include <algorithm>
@@ -115,7 +115,6 @@ private:
 
 	void TakeNumber(int InField, int64 InNumber)
 	{
-		constexpr int64 TicksPerMillisecond = 10'000;
 		switch (InField)
 		{
 		case EField::Id:
@@ -123,7 +122,7 @@ private:
 			break;
 		case EField::Time:
 			// Milliseconds of 32 bits, so that nothing overflows.
-			Comment.SpawnTicks = static_cast<int32>(InNumber) * TicksPerMillisecond;
+			Comment.SpawnTicks = static_cast<int32>(InNumber) * static_cast<int64>(ETimeUnit::Millisecond);
 			break;
 		case EField::Mode:
 			Comment.Kind = ToListKind(std::to_string(InNumber));
@@ -168,10 +167,10 @@ private:
 	IByteSource& Source;
 };
 
-class FImporter
+class FReader
 {
 public:
-	FImporter(IByteSource& InSource, FImportSink& OutSink)
+	FReader(IByteSource& InSource, FImportSink& OutSink)
 		: Source(InSource)
 		, Adaptor(&Source, BlockSize)
 		, Sink(OutSink)
@@ -205,7 +204,7 @@ private:
 		{
 			return true;
 		}
-		Sink.AddBroken(0, "is no field of a message; the rest of the file cannot be read");
+		Sink.AddBroken(0, "is not a message field; the rest of the file cannot be read");
 		return false;
 	}
 
@@ -214,12 +213,12 @@ private:
 		uint32 Size = 0;
 		if (!InStream.ReadVarint32(&Size) || Size > MaxEntry)
 		{
-			Sink.AddBroken(0, "has no length that can be; the rest of the file cannot be read");
+			Sink.AddBroken(0, "has an impossible length; the rest of the file cannot be read");
 			return false;
 		}
 		if (!InStream.ReadString(&Bytes, static_cast<int>(Size)))
 		{
-			Sink.AddBroken(0, "the file ends in the middle of it");
+			Sink.AddBroken(0, "the file ends in the middle of this entry");
 			return false;
 		}
 		AddEntry();
@@ -239,7 +238,7 @@ private:
 		Sink.Add(std::move(Entry.Comment), static_cast<uint64>(Adaptor.ByteCount()));
 		if (!bWhole)
 		{
-			Sink.AddMended(0, "is damaged; what stands before the fault was read");
+			Sink.AddRepaired(0, "is damaged; everything before the damage was read");
 		}
 	}
 
@@ -249,30 +248,36 @@ private:
 	std::string Bytes;
 };
 
-} // namespace
-
-bool IsListProtobuf(std::string_view InHead)
+/** Certain if the bytes can be nothing else. */
+FFormatProbe Probe(const FFileHead& InHead)
 {
 	// An empty segment has no bytes at all; of any other the head shows at least one entry, or most of it.
-	CodedInputStream Stream(reinterpret_cast<const uint8*>(InHead.data()), static_cast<int>(InHead.size()));
+	const std::string_view Head = InHead.Bytes;
+	CodedInputStream Stream(reinterpret_cast<const uint8*>(Head.data()), static_cast<int>(Head.size()));
 	uint32 Size = 0;
 	while (Stream.ReadTag() == EntryTag && Stream.ReadVarint32(&Size) && Size <= MaxEntry)
 	{
 		const auto Begin = static_cast<std::size_t>(Stream.CurrentPosition());
-		const std::string_view Bytes = InHead.substr(Begin, Size);
+		const std::string_view Bytes = Head.substr(Begin, Size);
 		if (Size > 0)
 		{
 			FEntry Entry;
 			const bool bWhole = Entry.Read(Bytes);
-			return Entry.HasAnyOurs() && (bWhole || Bytes.size() < Size);
+			const bool bOurs = Entry.HasAnyOurs() && (bWhole || Bytes.size() < Size);
+			return {bOurs ? FFormatProbe::EResult::Certain : FFormatProbe::EResult::No, 0};
 		}
 	}
-	return false;
+	return {};
 }
 
-void ImportListProtobuf(IByteSource& InSource, FImportSink& OutSink)
-{
-	FImporter(InSource, OutSink).ReadAll();
-}
+} // namespace
+
+/** The list as messages, in one or more segments one after the other. */
+extern const FCommentFormat ListProtobufFormat = {"list-protobuf", "binary list", EFormatSyntax::Protobuf, Probe,
+												  [](IByteSource& InSource, FImportSink& OutSink, std::string&)
+												  {
+													  FReader(InSource, OutSink).ReadAll();
+													  return true;
+												  }};
 
 } // namespace Flitmark

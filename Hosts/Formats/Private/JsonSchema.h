@@ -1,8 +1,11 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Formats/FieldValues.h"
 #include "Formats/ServiceComment.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <memory>
 #include <string_view>
 
@@ -17,8 +20,8 @@ enum class EJsonValue : uint8
 	String
 };
 
-/** One shape of comments in JSON: takes an entry's values one by one and makes a comment of them. */
-class IJsonForm
+/** How comments are written in one JSON format: takes an entry's values one by one and makes a comment of them. */
+class IJsonSchema
 {
 public:
 	/** A value of an entry. */
@@ -38,10 +41,10 @@ public:
 		bool IsText() const { return Type == EJsonValue::String || Type == EJsonValue::Number; }
 	};
 
-	IJsonForm() = default;
-	virtual ~IJsonForm() = default;
-	IJsonForm(const IJsonForm&) = delete;
-	IJsonForm& operator=(const IJsonForm&) = delete;
+	IJsonSchema() = default;
+	virtual ~IJsonSchema() = default;
+	IJsonSchema(const IJsonSchema&) = delete;
+	IJsonSchema& operator=(const IJsonSchema&) = delete;
 
 	void Begin()
 	{
@@ -74,7 +77,14 @@ protected:
 	/** Forgets what is kept beside the comment. */
 	virtual void Restart() {}
 
-	void SetTime(std::string_view InText, double InTicksPerUnit);
+	void SetTime(std::string_view InText, ETimeUnit InUnit);
+
+	static bool IsOneOf(std::string_view InKey, std::initializer_list<std::string_view> InKeys)
+	{
+		return std::find(InKeys.begin(), InKeys.end(), InKey) != InKeys.end();
+	}
+
+	static bool IsScalar(char InValueStart) { return InValueStart != '{' && InValueStart != '['; }
 
 	/** Cleans the text; why the entry is no comment where time or text are missing. */
 	const char* FinishText();
@@ -82,12 +92,7 @@ protected:
 	bool bHasTime = false;
 };
 
-std::unique_ptr<IJsonForm> MakeParametersForm();
-std::unique_ptr<IJsonForm> MakeRowsForm();
-std::unique_ptr<IJsonForm> MakeChatForm();
-std::unique_ptr<IJsonForm> MakeObjectsForm();
-
 /** Of our own document. */
-std::unique_ptr<IJsonForm> MakeOwnForm();
+std::unique_ptr<IJsonSchema> MakeOwnForm();
 
 } // namespace Flitmark

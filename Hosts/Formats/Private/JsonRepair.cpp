@@ -1,7 +1,8 @@
-#include "JsonValueReader.h"
+#include "JsonRepair.h"
 
 #include <algorithm>
 #include <charconv>
+#include <unicode/utf16.h>
 
 namespace Flitmark
 {
@@ -9,10 +10,10 @@ namespace Flitmark
 namespace
 {
 
-/** More is not looked at: most of what is damaged has its end near. */
+/** How far to look for the value's end: most damaged ones are short. */
 constexpr std::size_t MaxSize = 65536;
 
-/** The code unit of `\uXXXX` at a text's start; negative where there is none. */
+/** The code unit of `\uXXXX` at a text's start; negative if there is none. */
 int ReadEscapedUnit(std::string_view InText)
 {
 	constexpr std::size_t Size = 6;
@@ -25,39 +26,29 @@ int ReadEscapedUnit(std::string_view InText)
 	return Error == std::errc() && Stop == InText.data() + Size ? Unit : -1;
 }
 
-bool IsHighSurrogate(int InUnit)
-{
-	return InUnit >= 0xD800 && InUnit <= 0xDBFF;
-}
-
-bool IsLowSurrogate(int InUnit)
-{
-	return InUnit >= 0xDC00 && InUnit <= 0xDFFF;
-}
-
-class FStringMender
+class FStringRepairer
 {
 public:
-	FStringMender(std::string_view InText, std::string& OutMended)
+	FStringRepairer(std::string_view InText, std::string& OutRepaired)
 		: Text(InText.substr(0, MaxSize))
-		, Mended(OutMended)
+		, Repaired(OutRepaired)
 	{
 	}
 
-	bool Mend(std::size_t& OutEnd)
+	bool Repair(std::size_t& OutEnd)
 	{
-		Mended.clear();
+		Repaired.clear();
 		int Depth = 0;
-		while (Place < Text.size())
+		while (Offset < Text.size())
 		{
-			const char Character = Text[Place++];
+			const char Character = Text[Offset++];
 			if (static_cast<unsigned char>(Character) < 0x20)
 			{
-				Mended += Character == '\0' ? ' ' : Character;
+				Repaired += Character == '\0' ? ' ' : Character;
 				continue;
 			}
-			Mended += Character;
-			if (Character == '"' && !MendString())
+			Repaired += Character;
+			if (Character == '"' && !RepairString())
 			{
 				return false;
 			}
@@ -65,7 +56,7 @@ public:
 			Depth -= Character == '}' || Character == ']' ? 1 : 0;
 			if (Depth <= 0)
 			{
-				OutEnd = Place;
+				OutEnd = Offset;
 				return true;
 			}
 		}
@@ -73,24 +64,24 @@ public:
 	}
 
 private:
-	/** From behind the opening quote to behind the closing one. */
-	bool MendString()
+	/** From after the opening quote to after the closing one. */
+	bool RepairString()
 	{
-		while (Place < Text.size())
+		while (Offset < Text.size())
 		{
-			const char Character = Text[Place];
+			const char Character = Text[Offset];
 			if (Character == '\\')
 			{
-				MendEscape();
+				RepairEscape();
 				continue;
 			}
-			++Place;
+			++Offset;
 			if (static_cast<unsigned char>(Character) < 0x20)
 			{
 				EscapeControl(Character);
 				continue;
 			}
-			Mended += Character;
+			Repaired += Character;
 			if (Character == '"')
 			{
 				return true;
@@ -104,54 +95,54 @@ private:
 		switch (InCharacter)
 		{
 		case '\n':
-			Mended += "\\n";
+			Repaired += "\\n";
 			break;
 		case '\r':
-			Mended += "\\r";
+			Repaired += "\\r";
 			break;
 		case '\t':
-			Mended += "\\t";
+			Repaired += "\\t";
 			break;
 		default:
 			break;
 		}
 	}
 
-	void MendEscape()
+	void RepairEscape()
 	{
 		constexpr std::size_t UnitSize = 6;
-		const std::string_view Rest = Text.substr(Place);
+		const std::string_view Rest = Text.substr(Offset);
 		if (Rest.size() < 2 || std::string_view("\"\\/bfnrt").find(Rest[1]) != std::string_view::npos)
 		{
-			Mended += Rest.substr(0, 2);
-			Place += std::min<std::size_t>(Rest.size(), 2);
+			Repaired += Rest.substr(0, 2);
+			Offset += std::min<std::size_t>(Rest.size(), 2);
 			return;
 		}
 		const int Unit = ReadEscapedUnit(Rest);
 		if (Unit < 0)
 		{
 			// A backslash that nobody escaped.
-			Mended += "\\\\";
-			++Place;
+			Repaired += "\\\\";
+			++Offset;
 			return;
 		}
-		const bool bPair = IsHighSurrogate(Unit) && IsLowSurrogate(ReadEscapedUnit(Rest.substr(UnitSize)));
-		const bool bLone = !bPair && (IsHighSurrogate(Unit) || IsLowSurrogate(Unit));
+		const bool bPair = U16_IS_LEAD(Unit) && U16_IS_TRAIL(ReadEscapedUnit(Rest.substr(UnitSize)));
+		const bool bLone = !bPair && U16_IS_SURROGATE(Unit);
 		const std::size_t Size = bPair ? 2 * UnitSize : UnitSize;
-		Mended += bLone ? "\\ufffd" : Rest.substr(0, Size);
-		Place += Size;
+		Repaired += bLone ? "\\ufffd" : Rest.substr(0, Size);
+		Offset += Size;
 	}
 
 	std::string_view Text;
-	std::string& Mended;
-	std::size_t Place = 0;
+	std::string& Repaired;
+	std::size_t Offset = 0;
 };
 
 } // namespace
 
-bool MendJsonStrings(std::string_view InText, std::string& OutMended, std::size_t& OutEnd)
+bool RepairJsonStrings(std::string_view InText, std::string& OutRepaired, std::size_t& OutEnd)
 {
-	return FStringMender(InText, OutMended).Mend(OutEnd);
+	return FStringRepairer(InText, OutRepaired).Repair(OutEnd);
 }
 
 } // namespace Flitmark
