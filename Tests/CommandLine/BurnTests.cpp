@@ -141,7 +141,8 @@ INSTANTIATE_TEST_SUITE_P(
 		FRefusalCase{
 			"OutputIsDocument", {"burn", "%/v.mp4", "%/c.json", "-o", "%/c.json"}, "is the file of the comments"},
 		FRefusalCase{"NoFolder", {"burn", "%/v.mp4", "%/c.json", "-o", "%/none/o.mp4"}, "none does not exist"},
-		FRefusalCase{"Codec", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--codec", "x"}, "no such video encoder"},
+		FRefusalCase{
+			"Codec", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--codec", "x"}, "no such video encoder"},
 		FRefusalCase{"Preset", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--preset", "x"}, "preset"},
 		FRefusalCase{"Container", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.xyz"}, "o.xyz"},
 		FRefusalCase{"FromBehindEnd", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--from", "99"}, "only 2.0"},
