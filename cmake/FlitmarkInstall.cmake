@@ -10,7 +10,7 @@ if(TARGET FlitmarkPlayer)
 	install(FILES Resources/Icon128.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/128x128/apps
 		RENAME flitmark-player.png)
 endif()
-set(FlitmarkLibraries EngineLayer FlitmarkModule FlitmarkVideoLibrary)
+set(FlitmarkLibraries EngineLayer FlitmarkModule FlitmarkWidgetsModule FlitmarkVideoLibrary)
 set_target_properties(${FlitmarkPrograms} PROPERTIES INSTALL_RPATH $ORIGIN/../${FlitmarkLibraryDir})
 set_target_properties(${FlitmarkLibraries} PROPERTIES INSTALL_RPATH $ORIGIN)
 install(TARGETS ${FlitmarkPrograms} RUNTIME)

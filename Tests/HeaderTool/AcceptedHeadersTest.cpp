@@ -186,6 +186,24 @@ const FAccepted Records[] = {
 	  "\"B\", EPropertyGenKind::Class, CPF_Edit | CPF_DisableEditOnInstance, offsetof(USample, B), "
 	  "&UWidget::StaticClass",
 	  "\"C\", EPropertyGenKind::Float, CPF_BlueprintVisible,", "{\"Category\", \"Sample\"}"}},
+	{"ForBlueprints",
+	 WithInclude(
+		 "UENUM(BlueprintType) enum class EMode : uint8 { A };\nDECLARE_DYNAMIC_MULTICAST_DELEGATE_OneParam(FOnIt, "
+		 "FLinearColor, Color);\nUCLASS(Blueprintable)\nclass UA : public UObject\n{\n\tGENERATED_BODY()\npublic:\n"
+		 "UFUNCTION(BlueprintCallable, Category = \"C\") bool Load(FTimespan Time, UWorld* World = nullptr);\n"
+		 "UFUNCTION(BlueprintPure) EMode Get() const;\nUPROPERTY(BlueprintAssignable) FOnIt OnIt;\n"
+		 "UPROPERTY(Transient, BlueprintReadOnly) int32 B;\n};"),
+	 {"{\"IsBlueprintBase\", \"true\"}", "Enum_MetaData[] = {\n\t\t{\"BlueprintType\", \"true\"}",
+	  "{\"Load\", &UA::execLoad, FUNC_Final | FUNC_Native | FUNC_Public | FUNC_BlueprintCallable,",
+	  "\"Time\", EPropertyGenKind::Struct, CPF_Parm, 0, nullptr, nullptr, \"FTimespan\"",
+	  "{\"CPP_Default_World\", \"None\"}",
+	  "\"ReturnValue\", EPropertyGenKind::Bool, CPF_Parm | CPF_OutParm | CPF_ReturnParm,",
+	  "*static_cast<bool*>(Z_Param__Result) = static_cast<UA*>(Context)->Load(Z_Param_Time, Z_Param_World);",
+	  "FUNC_Public | FUNC_BlueprintCallable | FUNC_BlueprintPure | FUNC_Const,",
+	  "\"OnIt\", EPropertyGenKind::MulticastDelegate, CPF_BlueprintAssignable | CPF_InstancedReference, offsetof(UA, "
+	  "OnIt), "
+	  "nullptr, nullptr, \"FOnIt\"",
+	  "\"B\", EPropertyGenKind::Int32, CPF_Transient | CPF_BlueprintVisible | CPF_BlueprintReadOnly,"}},
 	{"RawPointersAndInstances",
 	 WithMembers("UPROPERTY(meta=(BindWidget)) UImage* Picture = nullptr;\nUPROPERTY() UMediaPlayer* Player;"),
 	 {"\"Picture\", EPropertyGenKind::Object, CPF_ExportObject | CPF_InstancedReference,",
@@ -252,6 +270,27 @@ TEST(SeveralHeaders, KnowEachOther)
 		Generated.Files[1].Text,
 		HasSubstr("CPF_TObjectPtr | CPF_ExportObject | CPF_InstancedReference, offsetof(UA, Other), &UB::StaticClass"));
 	EXPECT_THAT(Generated.Files[2].Text, HasSubstr("FID_M_Private_Deep_B_h_7_GENERATED_BODY"));
+}
+
+TEST(SeveralHeaders, MayBeOfAnotherModule)
+{
+	const std::string Base =
+		"#pragma once\n#include \"Base.generated.h\"\nUCLASS()\nclass BASE_API UBase : public UUserWidget\n"
+		"{\n\tGENERATED_BODY()\n\tUPROPERTY() int32 Count;\n};";
+	const auto Run = [&Base](const std::string& Members)
+	{
+		return GenerateReflection(
+			{"M", "/Script/M", ""},
+			{{"M/Public/A.h", "#pragma once\n#include \"A.generated.h\"\nUCLASS()\nclass UA : public "
+							  "UBase\n{\n\tGENERATED_BODY()\n" +
+								  Members + "\n};"}},
+			{{"Other/Public/Base.h", Base}});
+	};
+	const FGenerated Generated = Run("UPROPERTY(meta = (BindWidget)) UBase* Inner;");
+	ASSERT_THAT(Generated.Errors, testing::IsEmpty());
+	ASSERT_EQ(Generated.Files.size(), 2u) << "nothing is written for the other module";
+	EXPECT_THAT(Generated.Files[1].Text, HasSubstr("#include \"Base.h\""));
+	EXPECT_THAT(Run("UPROPERTY() UMissing* Inner;").Errors, testing::SizeIs(1));
 }
 
 } // namespace

@@ -40,8 +40,9 @@ std::string WithClass(const std::string& Text)
 	return WithInclude("UCLASS()\n" + Text);
 }
 
-const std::string TakeOneOf = "take bool, int32, int64, float, double, FString, FText, FName, a UENUM, a pointer or "
-							  "TObjectPtr to a UCLASS, a TSubclassOf, or a TArray of one of these";
+const std::string TakeOneOf =
+	"take bool, int32, int64, float, double, FString, FText, FName, FTimespan, FLinearColor, a UENUM, a pointer or "
+	"TObjectPtr to a UCLASS, a TSubclassOf, or a TArray of one of these";
 const std::string NotServed = "the marks are UCLASS, UENUM, UPROPERTY, UFUNCTION, GENERATED_BODY and "
 							  "DECLARE_DYNAMIC_MULTICAST_DELEGATE...; remove it";
 const std::string OutsideClass = " outside a UCLASS: mark the class around it with UCLASS() or remove this mark";
@@ -122,13 +123,14 @@ const FRejected Classes[] = {
 	{"EngineName", WithClass("class UImage : public UWidget\n{\n\tGENERATED_BODY()\n};"),
 	 "4: `UImage` is declared already, in Components/Image.h: rename one"},
 	{"SpecifierUnknown", WithInclude("UCLASS(Blueprintble)\nclass UA : public UObject\n{\n\tGENERATED_BODY()\n};"),
-	 "3: `Blueprintble` is no specifier of UCLASS here: it takes meta"},
+	 "3: `Blueprintble` is no specifier of UCLASS here: it takes BlueprintType, Blueprintable, meta"},
 };
 
 const FRejected Properties[] = {
 	{"UnknownSpecifier", WithMembers("UPROPERTY(EditAnywere) int32 A;"),
-	 "7: `EditAnywere` is no specifier of UPROPERTY here: it takes BlueprintReadWrite, Category, EditAnywhere, "
-	 "EditDefaultsOnly, meta"},
+	 "7: `EditAnywere` is no specifier of UPROPERTY here: it takes BlueprintAssignable, BlueprintReadOnly, "
+	 "BlueprintReadWrite, Category, EditAnywhere, "
+	 "EditDefaultsOnly, Transient, meta"},
 	{"SpecifierTwice", WithMembers("UPROPERTY(EditAnywhere, EditAnywhere) int32 A;"),
 	 "7: `EditAnywhere` is given twice: remove one"},
 	{"TwoEditSpecifiers", WithMembers("UPROPERTY(EditAnywhere, EditDefaultsOnly) int32 A;"),
@@ -175,7 +177,9 @@ const FRejected Properties[] = {
 	{"OnNothing", WithMembers("UPROPERTY()"), "8: expected `Type Name;` after UPROPERTY(...), found `}`"},
 	{"OnFunction", WithMembers("UPROPERTY() void A();"), "7: expected `Type Name;` after UPROPERTY(...), found `(`"},
 	{"PrivateForBlueprints", WithMembers("UPROPERTY(BlueprintReadWrite) int32 A;"),
-	 "7: `A` is private but BlueprintReadWrite: remove the specifier or make it protected or public"},
+	 "7: `A` is private but visible to blueprints: remove the specifier or make it protected or public"},
+	{"AssignableNumber", WithMembers("UPROPERTY(BlueprintAssignable) int32 A;"),
+	 "7: `A` is BlueprintAssignable but no dynamic multicast delegate: remove the specifier"},
 	{"BindNumber", WithMembers("UPROPERTY(meta = (BindWidget)) int32 A;"),
 	 "7: `A` is a BindWidget but refers to no widget: give it a class derived from UWidget"},
 	{"BindObject", WithMembers("UPROPERTY(meta = (BindWidget)) TObjectPtr<UMediaPlayer> A;"),
@@ -199,13 +203,18 @@ const FRejected Properties[] = {
 };
 
 const FRejected Functions[] = {
-	{"Result", WithMembers("UFUNCTION() int32 A();"),
-	 "7: `A` must be a plain member function with result void to be a UFUNCTION"},
-	{"Static", WithMembers("UFUNCTION() static void A();"),
-	 "7: `A` must be a plain member function with result void to be a UFUNCTION"},
-	{"Constant", WithMembers("UFUNCTION() void A() const;"), "7: expected `;` or a body after `A(...)`, found `const`"},
+	{"UnreflectableResult", WithMembers("UFUNCTION() FVector2D A();"),
+	 "7: type `FVector2D` of `ReturnValue` cannot be reflected: " + TakeOneOf},
+	{"ReferenceResult", WithMembers("UFUNCTION() const FString& A();"),
+	 "7: the result is const or a reference: return a value"},
+	{"Static", WithMembers("UFUNCTION() static void A();"), "7: `A` must be a plain member function to be a UFUNCTION"},
 	{"Template", WithMembers("UFUNCTION() template <class T> void A(T B);"),
-	 "7: `A` must be a plain member function with result void to be a UFUNCTION"},
+	 "7: `A` must be a plain member function to be a UFUNCTION"},
+	{"DelegateParameter",
+	 WithInclude(
+		 "DECLARE_DYNAMIC_MULTICAST_DELEGATE(FOnIt);\nUCLASS()\nclass UA : public UObject\n{\nGENERATED_BODY()\n"
+		 "UFUNCTION() void A(FOnIt B);\n};"),
+	 "8: `B` is a dynamic multicast delegate, which no parameter can be"},
 	{"Overloaded", WithMembers("UFUNCTION() void A();\nUFUNCTION() void A(int32 B);"),
 	 "8: `A` is declared already, at Sample.h:7: rename one (neither letter case nor parameters tell reflected names "
 	 "apart)"},
@@ -229,9 +238,9 @@ const FRejected Functions[] = {
 	 "7: expected `Type Name` for each parameter of `A`, found `UPARAM`"},
 	{"NoSemicolon", WithMembers("UFUNCTION() void A()\nUFUNCTION() void B();"),
 	 "8: expected `;` or a body after `A(...)`, found `UFUNCTION`"},
-	{"OnMember", WithMembers("UFUNCTION() int32 A;"), "7: expected `void Name(...);` after UFUNCTION(...), found `;`"},
-	{"UnknownSpecifier", WithMembers("UFUNCTION(BlueprintCallable) void A();"),
-	 "7: `BlueprintCallable` is no specifier of UFUNCTION here: it takes Category, meta"},
+	{"OnMember", WithMembers("UFUNCTION() int32 A;"), "7: expected `Type Name(...);` after UFUNCTION(...), found `;`"},
+	{"UnknownSpecifier", WithMembers("UFUNCTION(Exec) void A();"),
+	 "7: `Exec` is no specifier of UFUNCTION here: it takes BlueprintCallable, BlueprintPure, Category, meta"},
 };
 
 const FRejected EnumsAndDelegates[] = {

@@ -46,7 +46,7 @@ std::string ToType(const FProperty& Property)
 	case EPropertyGenKind::Text:
 		return "FText";
 	case EPropertyGenKind::Enum:
-		return ToUtf8(Property.GetEnumName());
+		return ToUtf8(Property.GetTypeName());
 	case EPropertyGenKind::Object:
 		return ToReference(Property);
 	case EPropertyGenKind::Class:
@@ -116,9 +116,9 @@ std::string Describe(const UFunction& Function)
 FLines DescribeProperties(const UClass* Class)
 {
 	FLines Lines;
-	for (const FProperty& Property : Class->GetOwnProperties())
+	for (const std::unique_ptr<FProperty>& Property : Class->GetOwnProperties())
 	{
-		Lines.push_back(Describe(Property));
+		Lines.push_back(Describe(*Property));
 	}
 	return Lines;
 }
@@ -349,12 +349,12 @@ std::string BuildWithout(UClass* Class, FName Missing, UClass* Instead)
 {
 	FWidgetBlueprintBuilder Builder(TEXT("WBP_Test"), Class);
 	Builder.Add(UWrapBox::StaticClass(), TEXT("TestRoot"));
-	for (const FProperty& Property : Class->GetOwnProperties())
+	for (const std::unique_ptr<FProperty>& Property : Class->GetOwnProperties())
 	{
-		UClass* Type = Property.GetFName() == Missing ? Instead : Property.GetReferencedClass();
-		if (Property.GetMetaData().Find("BindWidget") != nullptr && Type != nullptr)
+		UClass* Type = Property->GetFName() == Missing ? Instead : Property->GetReferencedClass();
+		if (Property->GetMetaData().Find("BindWidget") != nullptr && Type != nullptr)
 		{
-			Builder.Add(Type, Property.GetFName(), TEXT("TestRoot"));
+			Builder.Add(Type, Property->GetFName(), TEXT("TestRoot"));
 		}
 	}
 	std::string Error;
@@ -366,20 +366,20 @@ TEST(FRegistration, RefusesABlueprintThatDoesNotFit)
 	int32 NumBound = 0;
 	for (const FExpectedClass& Expected : GetExpectedClasses())
 	{
-		for (const FProperty& Property : Expected.Class->GetOwnProperties())
+		for (const std::unique_ptr<FProperty>& Property : Expected.Class->GetOwnProperties())
 		{
-			if (Property.GetMetaData().Find("BindWidget") == nullptr)
+			if (Property->GetMetaData().Find("BindWidget") == nullptr)
 			{
 				continue;
 			}
 			++NumBound;
-			UClass* Type = Property.GetReferencedClass();
+			UClass* Type = Property->GetReferencedClass();
 			UClass* Other = Type == UButton::StaticClass() ? UCheckBox::StaticClass() : UButton::StaticClass();
 			for (UClass* Instead : {static_cast<UClass*>(nullptr), Other})
 			{
-				const std::string Error = BuildWithout(Expected.Class, Property.GetFName(), Instead);
+				const std::string Error = BuildWithout(Expected.Class, Property->GetFName(), Instead);
 				for (const std::string& Named :
-					 {ToUtf8(Property.GetName()), Type->GetCppName(), Expected.Class->GetCppName()})
+					 {ToUtf8(Property->GetName()), Type->GetCppName(), Expected.Class->GetCppName()})
 				{
 					EXPECT_NE(Error.find(Named), std::string::npos) << Error;
 				}

@@ -1,6 +1,7 @@
 #include "ReflectCommand.h"
 
 #include "ExitCodes.h"
+#include "Files.h"
 #include "ModuleListing.h"
 #include "Modules/ModuleManager.h"
 
@@ -8,6 +9,7 @@
 
 #include <iostream>
 #include <memory>
+#include <vector>
 
 namespace Flitmark
 {
@@ -17,15 +19,20 @@ namespace
 
 int RunReflect(bool bJson)
 {
-	std::string Error;
-	IModuleInterface* Module = FModuleManager::Get().LoadModule(TEXT("Flitmark"), Error);
-	if (Module == nullptr)
+	std::vector<FModuleListing> Listings;
+	for (const char* Name : {"Flitmark", "FlitmarkWidgets"})
 	{
-		std::cerr << "flitmark: " << Error << "\n";
-		return ExitFailure;
+		std::string Error;
+		IModuleInterface* Module = FModuleManager::Get().LoadModule(*FromUtf8(Name), Error);
+		if (Module == nullptr)
+		{
+			std::cerr << "flitmark: " << Error << "\n";
+			return ExitFailure;
+		}
+		Listings.push_back(FModuleListing::Make(Name, *Module));
 	}
-	const FModuleListing Listing = FModuleListing::Make("Flitmark", *Module);
-	std::cout << (bJson ? Listing.ToJson() : Listing.ToText()) << std::flush;
+	std::cout << (bJson ? Listings[0].ToJson(&Listings[1]) : Listings[0].ToText() + "\n" + Listings[1].ToText())
+			  << std::flush;
 	if (!std::cout)
 	{
 		std::cerr << "flitmark: the listing cannot be written to the standard output\n";
@@ -40,8 +47,9 @@ void AddReflectCommand(CLI::App& App, int& OutExitCode)
 {
 	const auto bJson = std::make_shared<bool>(false);
 	CLI::App* Command = App.add_subcommand(
-		"reflect", "List the module's classes, bound widgets, settings and handlers, as the engine sees them");
-	Command->add_flag("--json", *bJson, "One JSON object, for programs");
+		"reflect", "List the modules' classes, bound widgets, settings and handlers, as the engine sees them");
+	Command->add_flag("--json", *bJson,
+					  "One JSON object, for programs: the module's, with the other's as \"ready_made\"");
 	Command->footer(
 		"Use it to check a widget blueprint: every \"bound widget\" must stand in its tree by that name and\n"
 		"with that type.");

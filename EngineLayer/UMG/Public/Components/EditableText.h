@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Components/Widget.h"
+#include "Fonts/SlateFontInfo.h"
 #include "Types/SlateEnums.h"
 #include "UObject/ScriptDelegates.h"
 
@@ -30,6 +31,15 @@ public:
 	virtual void SetText(FText InText);
 	FText GetText() const { return Text; }
 
+	/** What an empty field shows. */
+	virtual void SetHintText(FText InHintText) { HintText = InHintText; }
+	FText GetHintText() const { return HintText; }
+	virtual void SetFont(FSlateFontInfo InFontInfo) { Font = InFontInfo; }
+	const FSlateFontInfo& GetFont() const { return Font; }
+	/** Slate units. */
+	virtual void SetMinimumDesiredWidth(float InMinDesiredWidth) { MinimumDesiredWidth = InMinDesiredWidth; }
+	float GetMinimumDesiredWidth() const { return MinimumDesiredWidth; }
+
 	/** The viewer makes the field read InText, as by select-all and paste. Nothing where it reads so or is not usable. */
 	void TypeText(const FText& InText);
 	/** The viewer commits the present text; by moving the focus, the field first loses it. Nothing where not usable. */
@@ -39,5 +49,8 @@ public:
 
 private:
 	FText Text;
+	FText HintText;
+	FSlateFontInfo Font;
+	float MinimumDesiredWidth = 0.f;
 	bool bWasDisplayed = false;
 };
