@@ -1,4 +1,4 @@
-# What "cmake --install" puts where: programs, their libraries in a folder of ours, and what the desktop shows of them.
+# What "cmake --install" installs: programs, their libraries in our own folder, desktop entry and icons.
 include(GNUInstallDirs)
 set(FlitmarkLibraryDir ${CMAKE_INSTALL_LIBDIR}/flitmark)
 set(FlitmarkPrograms FlitmarkCommandLine)

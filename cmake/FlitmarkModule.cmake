@@ -1,4 +1,4 @@
-# The engine modules, out of the very files that the engine builds. No build file of ours lies in their folders.
+# The modules, built from the same files as in the engine. Their folders contain none of our build files.
 include(FlitmarkReflect)
 
 # flitmark_module(NAME TARGET target HEADERS stem... SOURCES file... [USES module-target...])

@@ -1,6 +1,7 @@
 # flitmark_reflect(TARGET target MODULE_NAME name PACKAGE /Script/name [API name_API] HEADERS file... [USES file...])
-# Runs the header tool over all of a module's headers at build time, adds what it writes to the target (call it in the
-# folder that declares the target; USES: headers of other modules that these refer to), and lets the target's users include the generated headers.
+# Runs the header tool on a module's headers at build time, adds its output to the target (call this in the folder that
+# declares the target), and lets the target's users include the generated headers. USES: headers of other modules that
+# these refer to.
 function(flitmark_reflect)
 	cmake_parse_arguments(Arg "" "TARGET;MODULE_NAME;PACKAGE;API" "HEADERS;USES" ${ARGN})
 	set(Folder ${CMAKE_CURRENT_BINARY_DIR}/${Arg_TARGET}Generated)

@@ -1,4 +1,4 @@
-#include "CommentDocument.h"
+#include "GeneratedDocument.h"
 #include "Loading.h"
 #include "LoadingPeak.h"
 

@@ -1,5 +1,5 @@
-#include "CommentDocumentWriter.h"
-#include "CommentImport.h"
+#include "Formats/CommentDocumentWriter.h"
+#include "Formats/CommentImport.h"
 #include "GeneratedFiles.h"
 
 #include <benchmark/benchmark.h>
@@ -12,30 +12,7 @@ namespace
 
 constexpr std::size_t FileSize = std::size_t{20} << 20;
 
-/** Bytes that are in memory already, so that only the importer is measured. */
-class FMemorySource final : public IByteSource
-{
-public:
-	explicit FMemorySource(std::string_view InBytes)
-		: Bytes(InBytes)
-	{
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override
-	{
-		const std::size_t Size = Bytes.copy(OutData, InSize, Place);
-		Place += Size;
-		return Size;
-	}
-
-	std::uint64_t GetSize() const override { return Bytes.size(); }
-
-private:
-	std::string_view Bytes;
-	std::size_t Place = 0;
-};
-
-void Import(benchmark::State& InState, ECommentFormat InFormat)
+void Import(benchmark::State& InState, const char* InFormat)
 {
 	const std::string File = GenerateFile(InFormat, FileSize);
 	std::string Error;
@@ -43,19 +20,20 @@ void Import(benchmark::State& InState, ECommentFormat InFormat)
 	for (auto Pass : InState)
 	{
 		FMemorySource Source(File);
-		if (!ImportComments(Source, Result, Error) || Result.Report.Format != InFormat || Result.Report.NumBroken > 0)
+		if (!ImportComments(Source, Result, Error) || Result.Report.Format != FindCommentFormat(InFormat) ||
+			Result.Report.NumBroken > 0)
 		{
 			InState.SkipWithError(("not read as a whole: " + Error).c_str());
 			break;
 		}
 	}
-	InState.SetBytesProcessed(InState.iterations() * static_cast<int64_t>(File.size()));
-	InState.SetItemsProcessed(InState.iterations() * static_cast<int64_t>(Result.Comments.size()));
+	InState.SetBytesProcessed(InState.iterations() * static_cast<int64>(File.size()));
+	InState.SetItemsProcessed(InState.iterations() * static_cast<int64>(Result.Comments.size()));
 }
 
 void Write(benchmark::State& InState)
 {
-	const std::string File = GenerateFile(ECommentFormat::ListXml, FileSize);
+	const std::string File = GenerateFile("list-xml", FileSize);
 	FMemorySource Source(File);
 	FImportResult Result;
 	std::string Error;
@@ -70,18 +48,18 @@ void Write(benchmark::State& InState)
 								 return true;
 							 });
 	}
-	InState.SetBytesProcessed(static_cast<int64_t>(Written));
-	InState.SetItemsProcessed(InState.iterations() * static_cast<int64_t>(Result.Comments.size()));
+	InState.SetBytesProcessed(static_cast<int64>(Written));
+	InState.SetItemsProcessed(InState.iterations() * static_cast<int64>(Result.Comments.size()));
 }
 
-BENCHMARK_CAPTURE(Import, ListXml, ECommentFormat::ListXml)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ListProtobuf, ECommentFormat::ListProtobuf)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ParametersJson, ECommentFormat::ParametersJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, RowsJson, ECommentFormat::RowsJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ChatXml, ECommentFormat::ChatXml)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ChatJson, ECommentFormat::ChatJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ObjectsJson, ECommentFormat::ObjectsJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, Own, ECommentFormat::Own)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ListXml, "list-xml")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ListProtobuf, "list-protobuf")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ParametersJson, "parameters-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, RowsJson, "rows-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ChatXml, "chat-xml")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ChatJson, "chat-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ObjectsJson, "objects-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, Own, "document")->Unit(benchmark::kMillisecond);
 BENCHMARK(Write)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Stage.h"
+#include "Stage/Stage.h"
 
 #include <memory>
 #include <string>

@@ -1,8 +1,8 @@
 #include "BenchmarkStage.h"
 
-#include "CellMeasure.h"
-#include "Files.h"
-#include "TextMeasure.h"
+#include "Overlay/CellMeasure.h"
+#include "Files/FileText.h"
+#include "Overlay/TextMeasure.h"
 #include "UI_Danmaku.h"
 
 #include <benchmark/benchmark.h>

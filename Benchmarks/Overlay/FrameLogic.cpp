@@ -1,8 +1,8 @@
 #include "BenchmarkStage.h"
 
-#include "CellMeasure.h"
+#include "Overlay/CellMeasure.h"
 #include "Components/CanvasPanel.h"
-#include "Files.h"
+#include "Files/FileText.h"
 #include "UI_Danmaku.h"
 
 #include <benchmark/benchmark.h>

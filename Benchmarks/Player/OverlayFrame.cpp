@@ -1,6 +1,6 @@
 #include "BenchmarkStage.h"
-#include "Files.h"
-#include "Overlay.h"
+#include "Files/FileText.h"
+#include "Scene/Overlay.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-#include "TextEngine.h"
+#include "Text/TextEngine.h"
 
 #include <benchmark/benchmark.h>
 

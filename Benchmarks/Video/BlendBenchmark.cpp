@@ -28,7 +28,7 @@ void PaintFrames(benchmark::State& InState, AVPixelFormat InFormat)
 	FFramePainter Painter({}, 1.0);
 	Painter.Start(InFormat, Held->width, Held->height);
 	std::vector<FPlacedSprite> Sprites;
-	int64_t Frame = 0;
+	int64 Frame = 0;
 	for (auto Unused : InState)
 	{
 		InState.PauseTiming();

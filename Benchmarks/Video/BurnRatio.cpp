@@ -2,7 +2,7 @@
 // a machine that grows slower slows all of them. Prints the medians and their ratios to the burn without comments.
 
 #include "SyntheticOverlay.h"
-#include "VideoBurn.h"
+#include "Video/VideoBurn.h"
 
 #include <algorithm>
 #include <chrono>
@@ -24,7 +24,7 @@ public:
 	void OnFrame(const FBurnState& InState) override { Frames = InState.Frames; }
 	void OnMessage(const std::string& InMessage) override { fprintf(stderr, "%s\n", InMessage.c_str()); }
 
-	int64_t Frames = 0;
+	int64 Frames = 0;
 };
 
 struct FMeasure
@@ -32,7 +32,7 @@ struct FMeasure
 	std::vector<double> Wall;
 	std::vector<double> Processor;
 	double Visible = 0.0;
-	int64_t Frames = 0;
+	int64 Frames = 0;
 };
 
 double ProcessorSeconds()

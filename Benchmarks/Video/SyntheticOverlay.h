@@ -1,10 +1,10 @@
 #pragma once
 
-#include "OverlaySource.h"
+#include "CoreTypes.h"
+#include "Video/OverlaySource.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
 #include <map>
 #include <memory>
 #include <random>
@@ -20,12 +20,12 @@ struct FCrowd
 	const char* Name;
 
 	/** A comment's size, pixels of a 1080-line picture. */
-	int32_t Width;
-	int32_t Height;
+	int32 Width;
+	int32 Height;
 
 	/** Lanes, and pixels from a comment's beginning to the next one's in a lane. */
-	int32_t Lanes;
-	int32_t Spacing;
+	int32 Lanes;
+	int32 Spacing;
 };
 
 /** Sizes as 24 and 10 point texts of nine letters have them. */
@@ -37,7 +37,7 @@ inline constexpr FCrowd Crowds[] = {
 };
 
 /** A picture like a line of text: white strokes with a dark outline in cells of a letter's width. */
-inline FSprite MakeTextLikeSprite(int32_t InWidth, int32_t InHeight, uint32_t InSeed)
+inline FSprite MakeTextLikeSprite(int32 InWidth, int32 InHeight, uint32 InSeed)
 {
 	FSprite Sprite;
 	Sprite.Width = InWidth;
@@ -46,7 +46,7 @@ inline FSprite MakeTextLikeSprite(int32_t InWidth, int32_t InHeight, uint32_t In
 	Sprite.Pixels.assign(Pixels * 4, 0);
 	std::mt19937 Random(InSeed);
 	std::vector<float> Distance(Pixels, 100.0f);
-	const int32_t Cell = InHeight * 3 / 4;
+	const int32 Cell = InHeight * 3 / 4;
 	const auto Stroke = [&](float InX0, float InY0, float InX1, float InY1)
 	{
 		for (size_t Index = 0; Index < Pixels; ++Index)
@@ -63,10 +63,10 @@ inline FSprite MakeTextLikeSprite(int32_t InWidth, int32_t InHeight, uint32_t In
 	const float Margin = static_cast<float>(InHeight) * 0.2f;
 	std::uniform_real_distribution<float> Across(Margin * 0.5f, static_cast<float>(Cell) - Margin * 0.5f);
 	std::uniform_real_distribution<float> Down(Margin, static_cast<float>(InHeight) - Margin);
-	for (int32_t Left = 0; Left + Cell <= InWidth; Left += Cell)
+	for (int32 Left = 0; Left + Cell <= InWidth; Left += Cell)
 	{
 		const float X = static_cast<float>(Left);
-		for (int32_t Strokes = 0; Strokes < 3; ++Strokes)
+		for (int32 Strokes = 0; Strokes < 3; ++Strokes)
 		{
 			Stroke(X + Across(Random), Down(Random), X + Across(Random), Down(Random));
 		}
@@ -79,7 +79,7 @@ inline FSprite MakeTextLikeSprite(int32_t InWidth, int32_t InHeight, uint32_t In
 		const float Ink = std::clamp(Outline + 0.5f - Distance[Index], 0.0f, 1.0f);
 		for (size_t Channel = 0; Channel < 4; ++Channel)
 		{
-			Sprite.Pixels[Index * 4 + Channel] = static_cast<uint8_t>(255.0f * (Channel == 3 ? Ink : White));
+			Sprite.Pixels[Index * 4 + Channel] = static_cast<uint8>(255.0f * (Channel == 3 ? Ink : White));
 		}
 	}
 	return Sprite;
@@ -92,7 +92,7 @@ public:
 	explicit FSyntheticOverlay(const FCrowd& InCrowd)
 		: Crowd(InCrowd)
 	{
-		for (uint32_t Seed = 0; Seed < 16; ++Seed)
+		for (uint32 Seed = 0; Seed < 16; ++Seed)
 		{
 			Kinds.push_back(MakeTextLikeSprite(Crowd.Width, Crowd.Height, Seed));
 		}
@@ -100,28 +100,28 @@ public:
 
 	void Open(const FVideoShape& InShape) override { Shape = InShape; }
 
-	void Advance(int64_t InTicks, double, std::vector<FPlacedSprite>& OutSprites) override
+	void Advance(int64 InTicks, double, std::vector<FPlacedSprite>& OutSprites) override
 	{
 		const double Way = static_cast<double>(Shape.Width + Crowd.Width) / 8.0 * static_cast<double>(InTicks) / 1e7;
-		for (int32_t Lane = 0; Lane < Crowd.Lanes; ++Lane)
+		for (int32 Lane = 0; Lane < Crowd.Lanes; ++Lane)
 		{
 			AddLane(Lane, Way + Lane * 0.37 * Crowd.Spacing, OutSprites);
 		}
-		Painted += static_cast<int64_t>(OutSprites.size());
+		Painted += static_cast<int64>(OutSprites.size());
 		++Frames;
 	}
 
 	double AverageVisible() const
 	{
-		return static_cast<double>(Painted) / static_cast<double>(std::max<int64_t>(1, Frames));
+		return static_cast<double>(Painted) / static_cast<double>(std::max<int64>(1, Frames));
 	}
 
 private:
-	void AddLane(int32_t InLane, double InWay, std::vector<FPlacedSprite>& OutSprites)
+	void AddLane(int32 InLane, double InWay, std::vector<FPlacedSprite>& OutSprites)
 	{
 		// As if the film had gone on before, so that the picture is full from the first frame.
-		const int64_t Newest = static_cast<int64_t>(InWay / Crowd.Spacing);
-		for (int64_t Index = Newest;; --Index)
+		const int64 Newest = static_cast<int64>(InWay / Crowd.Spacing);
+		for (int64 Index = Newest;; --Index)
 		{
 			const double X = Shape.Width - InWay + static_cast<double>(Index * Crowd.Spacing);
 			const auto Key = std::pair(InLane, Index);
@@ -143,9 +143,9 @@ private:
 	FCrowd Crowd;
 	FVideoShape Shape;
 	std::vector<FSprite> Kinds;
-	std::map<std::pair<int32_t, int64_t>, std::shared_ptr<const FSprite>> Alive;
-	int64_t Painted = 0;
-	int64_t Frames = 0;
+	std::map<std::pair<int32, int64>, std::shared_ptr<const FSprite>> Alive;
+	int64 Painted = 0;
+	int64 Frames = 0;
 };
 
 } // namespace Flitmark

@@ -231,7 +231,7 @@ TEST(Formats, BrokenEntriesAreToldAndTheRestIsUsed)
 	const FProgramResult Check = RunProgram({"check", Path, "--json", "--reverse", "drop"});
 	EXPECT_EQ(Check.ExitCode, 1);
 	EXPECT_EQ(Check.Error, "");
-	EXPECT_THAT(Check.Out, HasSubstr("\"import\":{\"format\":\"XML list\",\"read\":4,\"broken\":4,\"mended\":0,"
+	EXPECT_THAT(Check.Out, HasSubstr("\"import\":{\"format\":\"XML list\",\"read\":4,\"broken\":4,\"repaired\":0,"
 									 "\"not_served\":2,\"notes\":["));
 	EXPECT_THAT(Check.Out, HasSubstr("\"filters\":[],\"comments\":2,\"unseen\":0"));
 }

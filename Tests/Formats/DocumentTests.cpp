@@ -1,7 +1,7 @@
-#include "CommentDocumentWriter.h"
-#include "CommentOrder.h"
+#include "Formats/CommentDocumentWriter.h"
+#include "Filtering/CommentOrder.h"
 #include "ImportKit.h"
-#include "KindPolicy.h"
+#include "Filtering/KindPolicy.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -101,7 +101,7 @@ TEST(OwnDocument, DamagedEntriesCostThemselvesAlone)
 		EXPECT_EQ(Result.Comments[1].Source, Well);
 	}
 	const FImportResult Cut = ImportText("{\"datas\":[" + Well + ",{\"danmaku_content\":\"a\"");
-	EXPECT_EQ(DescribeFaults(Cut), "1/2 the file ends in the middle of it\n");
+	EXPECT_EQ(DescribeFaults(Cut), "1/2 the file ends in the middle of this entry\n");
 	EXPECT_EQ(ImportText("{\"datas\":[{\"danmaku_mode\":}," + Well + "]}").Report.NumBroken, 1U);
 }
 
@@ -134,7 +134,7 @@ TEST(Writer, WritesWhatTheReaderReads)
 TEST(Writer, LeavesOutDatesThatCannotBe)
 {
 	FServiceComment Comment;
-	for (const std::int64_t Date : {std::int64_t{0}, std::int64_t{253'402'300'800}, INT64_MIN, INT64_MAX})
+	for (const int64 Date : {int64{0}, int64{253'402'300'800}, INT64_MIN, INT64_MAX})
 	{
 		Comment.PostDate = Date;
 		EXPECT_EQ(WriteCommentDocument(std::vector{Comment}).find("post_date"), std::string::npos) << Date;
@@ -207,9 +207,9 @@ TEST(KindPolicy, SettlesEveryKind)
 // So many that they are written in several slices.
 TEST(OwnDocument, HoldsManyCommentsInOrder)
 {
-	constexpr std::int64_t Count = 10'000;
+	constexpr int64 Count = 10'000;
 	std::vector<FServiceComment> Comments;
-	for (std::int64_t Id = 0; Id < Count; ++Id)
+	for (int64 Id = 0; Id < Count; ++Id)
 	{
 		FServiceComment& Comment = Comments.emplace_back();
 		Comment.Id = Id;

@@ -1,6 +1,6 @@
-#include "CommentChange.h"
-#include "CommentFilter.h"
-#include "CommentTraits.h"
+#include "Formats/CommentChange.h"
+#include "Filtering/CommentFilter.h"
+#include "Formats/CommentTraits.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,11 +17,11 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 FServiceComment Say(const std::string& InText, double InSeconds, ECommentKind InKind = ECommentKind::Scroll,
-					std::int64_t InUser = 0)
+					int64 InUser = 0)
 {
 	FServiceComment Comment;
 	Comment.Text = InText;
-	Comment.SpawnTicks = static_cast<std::int64_t>(InSeconds * static_cast<double>(TicksPerSecond));
+	Comment.SpawnTicks = static_cast<int64>(InSeconds * static_cast<double>(TicksPerSecond));
 	Comment.Kind = InKind;
 	Comment.UserId = InUser;
 	return Comment;
@@ -69,14 +69,14 @@ FFilterOptions Merge(double InSeconds)
 	Options.MergeSeconds = InSeconds;
 	return Options;
 }
-FFilterOptions MaxPerSecond(std::int64_t InMost)
+FFilterOptions MaxPerSecond(int64 InMost)
 {
 	FFilterOptions Options;
 	Options.MaxPerSecond = InMost;
 	return Options;
 }
 
-FServiceComment WithLook(FServiceComment InComment, std::int32_t InFontSize, std::uint32_t InColor)
+FServiceComment WithLook(FServiceComment InComment, int32 InFontSize, uint32 InColor)
 {
 	InComment.FontSize = InFontSize;
 	InComment.Color = InColor;
@@ -100,12 +100,12 @@ TEST_P(Filters, LeaveWhatTheyShould)
 	std::vector<FServiceComment> Comments = GetParam().Comments;
 	const std::vector<FFilterRule> Rules = Apply(GetParam().Options, Comments);
 	EXPECT_EQ(GetTexts(Comments), GetParam().Left);
-	std::int64_t NumTaken = 0;
+	int64 NumTaken = 0;
 	for (const FFilterRule& Rule : Rules)
 	{
 		NumTaken += Rule.NumTaken;
 	}
-	EXPECT_EQ(NumTaken, static_cast<std::int64_t>(GetParam().Comments.size() - Comments.size()));
+	EXPECT_EQ(NumTaken, static_cast<int64>(GetParam().Comments.size() - Comments.size()));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -1,4 +1,4 @@
-#include "DensityPicture.h"
+#include "Insight/DensityPicture.h"
 #include "DensityPictureLabels.h"
 #include "DensityPictureScale.h"
 #include "DensityPictureText.h"
@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr std::int64_t Second = 10'000'000;
+constexpr int64 Second = 10'000'000;
 
 TEST(PictureScale, TakesUsualSteps)
 {
@@ -25,7 +25,7 @@ TEST(PictureScale, TakesUsualSteps)
 	{
 		double Seconds;
 		std::size_t Most;
-		std::int64_t Step;
+		int64 Step;
 	} Times[] = {{0.5, 12, 1},	  {12, 12, 1},		  {13, 12, 2},	   {410, 12, 60},
 				 {7800, 12, 900}, {86'400, 12, 7200}, {1e9, 3, 86'400}};
 	for (const auto& Case : Times)
@@ -38,7 +38,7 @@ TEST(PictureScale, TakesUsualSteps)
 	{
 		EXPECT_EQ(ChooseCountStep(Top, 4), Step) << Top;
 	}
-	for (const std::int64_t Duration : {std::int64_t(0), Second, 301 * Second, 86'400 * Second})
+	for (const int64 Duration : {int64(0), Second, 301 * Second, 86'400 * Second})
 	{
 		const FDensityBins Bins = FDensityBins::Choose(Duration);
 		EXPECT_GE(Bins.GetTicks(), Duration);
@@ -84,7 +84,7 @@ TEST(PictureLabels, DoNotTouch)
 	EXPECT_THAT(Place({}), IsEmpty());
 }
 
-FServiceComment Say(const std::string& InText, std::int64_t InSecond)
+FServiceComment Say(const std::string& InText, int64 InSecond)
 {
 	FServiceComment Comment;
 	Comment.Text = InText;
@@ -95,11 +95,11 @@ FServiceComment Say(const std::string& InText, std::int64_t InSecond)
 TEST(Picture, PointsOutWhatIsBusy)
 {
 	std::vector<FServiceComment> Comments;
-	for (std::int64_t Index = 0; Index < 600; ++Index)
+	for (int64 Index = 0; Index < 600; ++Index)
 	{
 		Comments.push_back(Say("x" + std::to_string(Index), Index));
 	}
-	const auto Shout = [&Comments](const std::string& InText, std::int64_t InSecond, int InCount)
+	const auto Shout = [&Comments](const std::string& InText, int64 InSecond, int InCount)
 	{
 		Comments.insert(Comments.end(), static_cast<std::size_t>(InCount), Say(InText, InSecond));
 	};
@@ -120,7 +120,7 @@ TEST(Picture, PointsOutWhatIsBusy)
 
 TEST(Picture, StaysInsideItsFrame)
 {
-	for (const std::int64_t Duration : {std::int64_t(0), Second, 59 * Second, 3'601 * Second, 86'400 * Second})
+	for (const int64 Duration : {int64(0), Second, 59 * Second, 3'601 * Second, 86'400 * Second})
 	{
 		FDensityPicture Picture;
 		Picture.Title = std::string(500, 'W');

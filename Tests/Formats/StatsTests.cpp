@@ -1,6 +1,6 @@
-#include "CommentDensity.h"
-#include "CommentStats.h"
-#include "CommentTraits.h"
+#include "Insight/CommentDensity.h"
+#include "Insight/CommentStats.h"
+#include "Formats/CommentTraits.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ FServiceComment Say(const std::string& InText, double InSeconds)
 {
 	FServiceComment Comment;
 	Comment.Text = InText;
-	Comment.SpawnTicks = static_cast<std::int64_t>(InSeconds * static_cast<double>(TicksPerSecond));
+	Comment.SpawnTicks = static_cast<int64>(InSeconds * static_cast<double>(TicksPerSecond));
 	return Comment;
 }
 
@@ -27,8 +27,8 @@ TEST(Density, CountsByBin)
 {
 	const struct
 	{
-		std::vector<std::int64_t> Ticks;
-		std::int64_t Duration;
+		std::vector<int64> Ticks;
+		int64 Duration;
 		std::size_t NumBins;
 		std::vector<float> Expected;
 	} Cases[] = {
@@ -49,8 +49,8 @@ TEST(Density, CountsByBin)
 
 TEST(Density, SmoothingKeepsLevelsAndSpreadsPeaks)
 {
-	std::vector<std::int64_t> Ticks;
-	for (std::int64_t Tick = 0; Tick < 100; ++Tick)
+	std::vector<int64> Ticks;
+	for (int64 Tick = 0; Tick < 100; ++Tick)
 	{
 		Ticks.push_back(Tick);
 	}
@@ -58,7 +58,7 @@ TEST(Density, SmoothingKeepsLevelsAndSpreadsPeaks)
 	{
 		EXPECT_NEAR(Value, 2.f, 0.01f);
 	}
-	const std::vector<std::int64_t> Peak(10, 50);
+	const std::vector<int64> Peak(10, 50);
 	const std::vector<float> Curve = ComputeDensity(Peak, 100, 101, 3.0);
 	EXPECT_NEAR(std::accumulate(Curve.begin(), Curve.end(), 0.f), 10.f, 0.01f);
 	EXPECT_NEAR(Curve[47], Curve[53], 1e-5f);

@@ -1,4 +1,4 @@
-#include "MpvPlayer.h"
+#include "Mpv/MpvPlayer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "CommentSprites.h"
+#include "Overlay/CommentSprites.h"
 
-#include "Files.h"
-#include "TextMeasure.h"
+#include "Files/FileText.h"
+#include "Overlay/TextMeasure.h"
 #include "UI_Danmaku.h"
 
 #include <gtest/gtest.h>

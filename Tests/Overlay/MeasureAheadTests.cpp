@@ -1,6 +1,6 @@
-#include "MeasureAhead.h"
+#include "Overlay/MeasureAhead.h"
 
-#include "Files.h"
+#include "Files/FileText.h"
 
 #include <gtest/gtest.h>
 

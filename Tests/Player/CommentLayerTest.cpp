@@ -1,4 +1,4 @@
-#include "CommentLayer.h"
+#include "Scene/CommentLayer.h"
 #include "OverlayTestKit.h"
 #include "WindowTestMain.h"
 
@@ -31,7 +31,7 @@ void Blend(QImage& InOutImage, const FSprite& InSprite, int InX, int InY)
 			{
 				continue;
 			}
-			const std::uint8_t* Source =
+			const uint8* Source =
 				InSprite.Pixels.data() +
 				(static_cast<std::size_t>(Y) * static_cast<std::size_t>(InSprite.Width) + static_cast<std::size_t>(X)) *
 					4;

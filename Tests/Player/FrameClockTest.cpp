@@ -1,5 +1,5 @@
-#include "FrameClock.h"
-#include "FrameMeter.h"
+#include "Scene/FrameClock.h"
+#include "Scene/FrameMeter.h"
 
 #include <gtest/gtest.h>
 

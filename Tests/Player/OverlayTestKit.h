@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CommentDocument.h"
-#include "Files.h"
-#include "Overlay.h"
+#include "Stage/CommentDocument.h"
+#include "Files/FileText.h"
+#include "Scene/Overlay.h"
 
 #include <string>
 #include <vector>

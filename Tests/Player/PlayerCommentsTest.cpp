@@ -1,4 +1,4 @@
-#include "CommentLoader.h"
+#include "Playback/CommentLoader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include "PlayerInWindow.h"
 
 #include "Components/TextBlock.h"
-#include "Overlay.h"
-#include "Player.h"
-#include "Stage.h"
+#include "Scene/Overlay.h"
+#include "Playback/Player.h"
+#include "Stage/Stage.h"
 #include "WindowTestMain.h"
 
 #include <QCoreApplication>

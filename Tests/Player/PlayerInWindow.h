@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PlayerWindow.h"
+#include "Playback/PlayerWindow.h"
 
 #include <QImage>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
-#include "MediaPaths.h"
-#include "MessageList.h"
-#include "PlayerText.h"
+#include "Playback/MediaPaths.h"
+#include "Playback/MessageList.h"
+#include "Playback/PlayerText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "RecentFiles.h"
+#include "Playback/RecentFiles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "AtlasBook.h"
+#include "Scene/AtlasBook.h"
 
 #include <gtest/gtest.h>
 
@@ -60,7 +60,7 @@ TEST(AtlasPacker, FillsAPageWithComments)
 	FAtlasPacker Packer(2048);
 	std::minstd_rand Random(5);
 	const int32 Heights[] = {32, 42, 44};
-	std::int64_t Area = 0;
+	int64 Area = 0;
 	while (true)
 	{
 		const auto Width = static_cast<int32>(60 + Random() % 400);
@@ -135,7 +135,7 @@ TEST_F(FAtlasBookTest, LargeSpritesLieInTilesWithoutGaps)
 {
 	Book.BeginFrame(0.0);
 	ASSERT_TRUE(Add(1, 600, 60));
-	std::int64_t Area = 0;
+	int64 Area = 0;
 	for (const FAtlasTile& Tile : Book.Find(1)->Tiles)
 	{
 		EXPECT_LE(Tile.SpriteX + Tile.GetWidth(), 600);

@@ -1,4 +1,4 @@
-#include "SpriteMaker.h"
+#include "Scene/SpriteMaker.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "FieldMirror.h"
-#include "SystemLanguage.h"
+#include "Viewer/FieldMirror.h"
+#include "Viewer/SystemLanguage.h"
 #include "ViewerTestKit.h"
 
 #include <QCoreApplication>

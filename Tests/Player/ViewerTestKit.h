@@ -1,9 +1,9 @@
 #pragma once
 
 #include "Components/CanvasPanel.h"
-#include "Overlay.h"
-#include "Stage.h"
-#include "ViewerBridge.h"
+#include "Scene/Overlay.h"
+#include "Stage/Stage.h"
+#include "Viewer/ViewerBridge.h"
 
 #include <memory>
 #include <stdexcept>

@@ -1,4 +1,4 @@
-#include "Preferences.h"
+#include "Viewer/Preferences.h"
 #include "ViewerTestKit.h"
 #include "WindowTestMain.h"
 

@@ -1,4 +1,4 @@
-#include "CommentDocument.h"
+#include "Stage/CommentDocument.h"
 
 #include "StageFixture.h"
 

@@ -1,6 +1,6 @@
 #include "Components/CheckBox.h"
 #include "Components/EditableText.h"
-#include "Languages.h"
+#include "Stage/Languages.h"
 #include "StageFixture.h"
 
 #include <gtest/gtest.h>

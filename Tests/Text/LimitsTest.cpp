@@ -1,4 +1,4 @@
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 #include "TextLines.h"
 #include "TextTestKit.h"
 
@@ -12,11 +12,11 @@ namespace
 
 constexpr FTextScale OneToOne = {1.0, 1.0};
 
-std::vector<std::vector<std::uint32_t>> Split(std::u16string_view InText)
+std::vector<std::vector<uint32>> Split(std::u16string_view InText)
 {
 	FTextLines Lines(InText);
-	std::vector<std::vector<std::uint32_t>> All;
-	for (std::vector<std::uint32_t> Points; Lines.Next(Points);)
+	std::vector<std::vector<uint32>> All;
+	for (std::vector<uint32> Points; Lines.Next(Points);)
 	{
 		All.push_back(Points);
 	}
@@ -27,7 +27,7 @@ std::vector<std::vector<std::uint32_t>> Split(std::u16string_view InText)
 
 TEST(Limits, BrokenTextIsMadeSound)
 {
-	using FPoints = std::vector<std::uint32_t>;
+	using FPoints = std::vector<uint32>;
 	const std::pair<std::u16string, FPoints> Cases[] = {
 		{{0xd83d, 0xde00}, {0x1f600}},
 		{{0xd83d}, {0xfffd}},
@@ -115,7 +115,7 @@ TEST(Limits, SpritesAreBounded)
 		SCOPED_TRACE(ToNarrow(Case.Text.substr(0, 4)) + std::to_string(Case.Points));
 		EXPECT_EQ(Sprite.Width > 0, Case.bPainted);
 		EXPECT_EQ(Sprite.bCut, Case.bCut);
-		EXPECT_LE(int64_t{Sprite.Width} * Sprite.Height, FTextLimits::MaxSpritePixels);
+		EXPECT_LE(int64{Sprite.Width} * Sprite.Height, FTextLimits::MaxSpritePixels);
 		EXPECT_EQ(Sprite.Pixels.size(),
 				  static_cast<std::size_t>(Sprite.Width) * static_cast<std::size_t>(Sprite.Height) * 4);
 	}

@@ -1,4 +1,4 @@
-#include "Languages.h"
+#include "TextLanguages.h"
 #include "TextTestKit.h"
 
 #include <set>
@@ -9,9 +9,9 @@ namespace Flitmark
 namespace
 {
 
-std::vector<std::uint32_t> GetGlyphs(std::u16string_view InText)
+std::vector<uint32> GetGlyphs(std::u16string_view InText)
 {
-	std::vector<std::uint32_t> Ids;
+	std::vector<uint32> Ids;
 	for (const FShapedGlyph& Glyph : ShapeText(InText))
 	{
 		Ids.push_back(Glyph.Glyph);
@@ -55,7 +55,7 @@ TEST(Shaping, FallbackFindsEveryScript)
 	};
 	for (const std::u16string_view Case : Cases)
 	{
-		const std::vector<std::uint32_t> Glyphs = GetGlyphs(Case);
+		const std::vector<uint32> Glyphs = GetGlyphs(Case);
 		EXPECT_FALSE(Glyphs.empty());
 		EXPECT_EQ(std::count(Glyphs.begin(), Glyphs.end(), 0U), 0) << ToNarrow(Case);
 	}
@@ -64,7 +64,7 @@ TEST(Shaping, FallbackFindsEveryScript)
 /** Of the last planes, which fonts leave alone, unlike the private characters of the first. */
 TEST(Shaping, WhatNoFontHasIsDrawnOncePerCharacter)
 {
-	EXPECT_EQ(GetGlyphs(u"\U0010fffd\U0010fffd\U000ffffd"), (std::vector<std::uint32_t>{0, 0, 0}));
+	EXPECT_EQ(GetGlyphs(u"\U0010fffd\U0010fffd\U000ffffd"), (std::vector<uint32>{0, 0, 0}));
 }
 
 /** Of characters that are drawn by a glyph each, the order on screen can be told by the glyphs. */
@@ -82,7 +82,7 @@ TEST(Shaping, DirectionsAreOrderedAsTheyAreRead)
 	};
 	for (const auto& [Logical, Visual] : Cases)
 	{
-		std::vector<std::uint32_t> Expected;
+		std::vector<uint32> Expected;
 		for (const char16_t& Unit : Visual)
 		{
 			Expected.push_back(GetGlyphs({&Unit, 1}).front());
@@ -100,8 +100,8 @@ TEST(Shaping, DirectionsAreOrderedAsTheyAreRead)
 TEST(Shaping, LettersJoin)
 {
 	EXPECT_EQ(GetGlyphs(u"\u0644\u0627").size(), 1U) << "lam and alef are one";
-	const std::vector<std::uint32_t> Beh = GetGlyphs(u"\u0628\u0628\u0628");
-	EXPECT_EQ(std::set<std::uint32_t>(Beh.begin(), Beh.end()).size(), 3U) << "end, middle and start differ";
+	const std::vector<uint32> Beh = GetGlyphs(u"\u0628\u0628\u0628");
+	EXPECT_EQ(std::set<uint32>(Beh.begin(), Beh.end()).size(), 3U) << "end, middle and start differ";
 	EXPECT_EQ(GetGlyphs(u"\u0915\u094d\u0937"), GetGlyphs(u"\u0915\u094d\u0937")) << "a conjunct";
 	EXPECT_LT(GetGlyphs(u"\u0915\u094d\u0937").size(), 3U);
 }

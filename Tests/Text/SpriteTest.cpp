@@ -16,13 +16,13 @@ constexpr double Em = 32.0;
 std::array<int, 4> GetMiddle(const FSprite& InSprite)
 {
 	const auto Middle = static_cast<std::size_t>(InSprite.Height / 2 * InSprite.Width + InSprite.Width / 2) * 4;
-	const std::vector<uint8_t>& Pixels = InSprite.Pixels;
+	const std::vector<uint8>& Pixels = InSprite.Pixels;
 	return {Pixels[Middle], Pixels[Middle + 1], Pixels[Middle + 2], Pixels[Middle + 3]};
 }
 
-uint8_t GetMaximum(const FSprite& InSprite, std::size_t InChannel)
+uint8 GetMaximum(const FSprite& InSprite, std::size_t InChannel)
 {
-	uint8_t Maximum = 0;
+	uint8 Maximum = 0;
 	for (std::size_t Index = InChannel; Index < InSprite.Pixels.size(); Index += 4)
 	{
 		Maximum = std::max(Maximum, InSprite.Pixels[Index]);
@@ -160,7 +160,7 @@ TEST(Sprite, WhiteTextReadsOnWhite)
 		const FSprite Sprite = GetEngine().Rasterise(u"\u2588", Points, {}, OneToOne);
 		const FInk Fill = FindInk(Sprite, 0, 128);
 		const FInk All = FindInk(Sprite, 3, 80);
-		const int32_t Least = std::max(1, static_cast<int32_t>(Points / 72.0F * 96.0F / 16.0F) - 1);
+		const int32 Least = std::max(1, static_cast<int32>(Points / 72.0F * 96.0F / 16.0F) - 1);
 		EXPECT_GE(Fill.Left - All.Left, Least) << Points;
 		EXPECT_GE(Fill.Top - All.Top, Least) << Points;
 		EXPECT_GE(All.Right - Fill.Right, Least) << Points;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Shaper.h"
-#include "TextEngine.h"
+#include "Text/TextEngine.h"
 
 #include <gtest/gtest.h>
 
@@ -84,22 +84,22 @@ inline const std::vector<std::u16string>& GetSamples()
 /** Where a sprite's pixels of some alpha lie, from the comment's corner; Right and Bottom are exclusive. */
 struct FInk
 {
-	int32_t Left = INT32_MAX;
-	int32_t Top = INT32_MAX;
-	int32_t Right = INT32_MIN;
-	int32_t Bottom = INT32_MIN;
+	int32 Left = INT32_MAX;
+	int32 Top = INT32_MAX;
+	int32 Right = INT32_MIN;
+	int32 Bottom = INT32_MIN;
 };
 
 /** InChannel: 0 to 3 for red to alpha. */
-inline FInk FindInk(const FSprite& InSprite, std::size_t InChannel = 3, uint8_t InAtLeast = 1)
+inline FInk FindInk(const FSprite& InSprite, std::size_t InChannel = 3, uint8 InAtLeast = 1)
 {
 	FInk Ink;
-	for (int32_t Index = 0; Index < InSprite.Width * InSprite.Height; ++Index)
+	for (int32 Index = 0; Index < InSprite.Width * InSprite.Height; ++Index)
 	{
 		if (InSprite.Pixels[static_cast<std::size_t>(Index) * 4 + InChannel] >= InAtLeast)
 		{
-			const int32_t X = InSprite.Left + Index % InSprite.Width;
-			const int32_t Y = InSprite.Top + Index / InSprite.Width;
+			const int32 X = InSprite.Left + Index % InSprite.Width;
+			const int32 Y = InSprite.Top + Index / InSprite.Width;
 			Ink = {std::min(Ink.Left, X), std::min(Ink.Top, Y), std::max(Ink.Right, X + 1),
 				   std::max(Ink.Bottom, Y + 1)};
 		}

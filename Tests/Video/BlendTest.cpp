@@ -16,13 +16,13 @@ namespace
 
 TEST(BlendRows, SampleIsTheExactMixRounded)
 {
-	for (int32_t Video = 0; Video < 256; ++Video)
+	for (int32 Video = 0; Video < 256; ++Video)
 	{
-		for (int32_t Alpha = 0; Alpha < 256; ++Alpha)
+		for (int32 Alpha = 0; Alpha < 256; ++Alpha)
 		{
-			const int32_t Color = Alpha * 77 / 255;
-			const int32_t Mixed = BlendSample(static_cast<uint8_t>(Video), static_cast<uint8_t>(255 - Alpha),
-											  static_cast<uint8_t>(Color));
+			const int32 Color = Alpha * 77 / 255;
+			const int32 Mixed =
+				BlendSample(static_cast<uint8>(Video), static_cast<uint8>(255 - Alpha), static_cast<uint8>(Color));
 			ASSERT_EQ(Mixed, (Video * (255 - Alpha) * 2 + 255) / 510 + Color) << Video << " under " << Alpha;
 		}
 	}
@@ -30,20 +30,20 @@ TEST(BlendRows, SampleIsTheExactMixRounded)
 
 TEST(BlendRows, DeepSampleKeepsAndReplacesExactly)
 {
-	for (uint16_t Video = 0; Video < 4096; ++Video)
+	for (uint16 Video = 0; Video < 4096; ++Video)
 	{
-		ASSERT_EQ(BlendSample(Video, uint16_t{65535}, uint16_t{0}), Video);
-		ASSERT_EQ(BlendSample(Video, uint16_t{0}, uint16_t{940}), 940);
+		ASSERT_EQ(BlendSample(Video, uint16{65535}, uint16{0}), Video);
+		ASSERT_EQ(BlendSample(Video, uint16{0}, uint16{940}), 940);
 		const double Half = Video * (65535 - 128 * 257) / 65535.0;
-		ASSERT_NEAR(BlendSample(Video, uint16_t{65535 - 128 * 257}, uint16_t{0}), Half, 0.6);
+		ASSERT_NEAR(BlendSample(Video, uint16{65535 - 128 * 257}, uint16{0}), Half, 0.6);
 	}
 }
 
 template <typename SampleType>
-void ExpectKernelsAgree(int32_t InShift)
+void ExpectKernelsAgree(int32 InShift)
 {
 	std::mt19937 Random(7);
-	for (int32_t Count = 0; Count < 100; ++Count)
+	for (int32 Count = 0; Count < 100; ++Count)
 	{
 		std::vector<SampleType> Rows[4];
 		for (std::vector<SampleType>& Row : Rows)
@@ -68,12 +68,12 @@ void ExpectKernelsAgree(int32_t InShift)
 
 TEST(BlendRows, KernelsAgreeWithTheSampleForEveryCount)
 {
-	ExpectKernelsAgree<uint8_t>(0);
-	ExpectKernelsAgree<uint16_t>(4);
-	ExpectKernelsAgree<uint16_t>(6);
+	ExpectKernelsAgree<uint8>(0);
+	ExpectKernelsAgree<uint16>(4);
+	ExpectKernelsAgree<uint16>(6);
 }
 
-FFramePtr MakeNoise(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight, std::mt19937& InRandom)
+FFramePtr MakeNoise(AVPixelFormat InFormat, int32 InWidth, int32 InHeight, std::mt19937& InRandom)
 {
 	FFramePtr Frame = MakeFrame();
 	Frame->format = InFormat;
@@ -81,12 +81,12 @@ FFramePtr MakeNoise(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight, s
 	Frame->height = InHeight;
 	EXPECT_GE(av_frame_get_buffer(Frame.get(), 0), 0);
 	const FPixelLayout Layout = FPixelLayout::Of(InFormat).value();
-	const uint16_t Mask = static_cast<uint16_t>(((1 << Layout.Depth) - 1) << Layout.SampleShift);
+	const uint16 Mask = static_cast<uint16>(((1 << Layout.Depth) - 1) << Layout.SampleShift);
 	for (const AVBufferRef* Buffer : Frame->buf)
 	{
 		for (size_t Index = 0; Buffer != nullptr && Index + 1 < Buffer->size; Index += 2)
 		{
-			const uint16_t Sample = static_cast<uint16_t>(Layout.Depth > 8 ? InRandom() & Mask : InRandom());
+			const uint16 Sample = static_cast<uint16>(Layout.Depth > 8 ? InRandom() & Mask : InRandom());
 			memcpy(Buffer->data + Index, &Sample, 2);
 		}
 	}
@@ -112,8 +112,8 @@ class BlendFormats : public testing::TestWithParam<FFormatCase>
 };
 
 /** The comment's share of one component, in code values, by the definition of the colour space; and its alpha. */
-std::pair<double, double> ExpectedInk(const FSprite& InSprite, size_t InPixel, const FFormatCase& InCase,
-									  int32_t InDepth, int32_t InComponent)
+std::pair<double, double> ExpectedInk(const FSprite& InSprite, size_t InPixel, const FFormatCase& InCase, int32 InDepth,
+									  int32 InComponent)
 {
 	const bool b709 = InCase.Space == AVCOL_SPC_BT709;
 	const bool b2020 = InCase.Space == AVCOL_SPC_BT2020_NCL;
@@ -133,25 +133,25 @@ std::pair<double, double> ExpectedInk(const FSprite& InSprite, size_t InPixel, c
 }
 
 /** What a plane's sample should be after blending, straight from the definition. */
-double ExpectedSample(const AVFrame& InBefore, const FPlacedSprite& InPlaced, const FFormatCase& InCase,
-					  int32_t InPlane, int32_t InX, int32_t InY)
+double ExpectedSample(const AVFrame& InBefore, const FPlacedSprite& InPlaced, const FFormatCase& InCase, int32 InPlane,
+					  int32 InX, int32 InY)
 {
 	const FPixelLayout Layout = FPixelLayout::Of(InCase.Format).value();
 	const FPlaneLayout& Plane = Layout.Planes[static_cast<size_t>(InPlane)];
 	const FSprite& Sprite = *InPlaced.Sprite;
-	const int32_t Component = Plane.Component[static_cast<size_t>(InX % Plane.Components)];
-	const int32_t Column = InX / Plane.Components;
-	const int32_t Left = static_cast<int32_t>(std::floor(InPlaced.X + 0.5)) + Sprite.Left;
-	const int32_t Top = static_cast<int32_t>(std::floor(InPlaced.Y + 0.5)) + Sprite.Top;
+	const int32 Component = Plane.Component[static_cast<size_t>(InX % Plane.Components)];
+	const int32 Column = InX / Plane.Components;
+	const int32 Left = static_cast<int32>(std::floor(InPlaced.X + 0.5)) + Sprite.Left;
+	const int32 Top = static_cast<int32>(std::floor(InPlaced.Y + 0.5)) + Sprite.Top;
 	double Ink = 0.0;
 	double Alpha = 0.0;
 	if (!StoredPlace(InPlaced, InCase.Orientation, InBefore.width, InBefore.height))
 	{
 		return SampleAt(InBefore, InPlane, InX, InY) >> Layout.SampleShift;
 	}
-	const int32_t Across = 1 << Plane.ShiftX;
-	const int32_t Down = 1 << Plane.ShiftY;
-	for (int32_t Index = 0; Index < Across * Down; ++Index)
+	const int32 Across = 1 << Plane.ShiftX;
+	const int32 Down = 1 << Plane.ShiftY;
+	for (int32 Index = 0; Index < Across * Down; ++Index)
 	{
 		const auto [X, Y] = InCase.Orientation.ToUpright(Column * Across + Index % Across, InY * Down + Index / Across,
 														 InBefore.width, InBefore.height);
@@ -170,18 +170,18 @@ double ExpectedSample(const AVFrame& InBefore, const FPlacedSprite& InPlaced, co
 FSprite MakeRandomSprite(std::mt19937& InRandom)
 {
 	FSprite Sprite;
-	Sprite.Width = 1 + static_cast<int32_t>(InRandom() % 40);
-	Sprite.Height = 1 + static_cast<int32_t>(InRandom() % 12);
-	Sprite.Left = static_cast<int32_t>(InRandom() % 7) - 3;
-	Sprite.Top = static_cast<int32_t>(InRandom() % 7) - 3;
-	for (int32_t Index = 0; Index < Sprite.Width * Sprite.Height; ++Index)
+	Sprite.Width = 1 + static_cast<int32>(InRandom() % 40);
+	Sprite.Height = 1 + static_cast<int32>(InRandom() % 12);
+	Sprite.Left = static_cast<int32>(InRandom() % 7) - 3;
+	Sprite.Top = static_cast<int32>(InRandom() % 7) - 3;
+	for (int32 Index = 0; Index < Sprite.Width * Sprite.Height; ++Index)
 	{
 		const auto Alpha = InRandom() % 3 == 0 ? 0 : std::min<std::mt19937::result_type>(255, InRandom() % 300);
-		for (int32_t Channel = 0; Channel < 3; ++Channel)
+		for (int32 Channel = 0; Channel < 3; ++Channel)
 		{
-			Sprite.Pixels.push_back(static_cast<uint8_t>(InRandom() % (Alpha + 1)));
+			Sprite.Pixels.push_back(static_cast<uint8>(InRandom() % (Alpha + 1)));
 		}
-		Sprite.Pixels.push_back(static_cast<uint8_t>(Alpha));
+		Sprite.Pixels.push_back(static_cast<uint8>(Alpha));
 	}
 	return Sprite;
 }
@@ -196,7 +196,7 @@ TEST_P(BlendFormats, EverySampleIsAsTheDefinitionHasIt)
 	Style.Opacity = Case.Opacity;
 	const double Tolerance = Style.Layout.Depth == 8 ? 1.6 : 1 << (Style.Layout.Depth - 8);
 	std::unique_ptr<IBlender> Blender;
-	for (int32_t Round = 0; Round < 60; ++Round)
+	for (int32 Round = 0; Round < 60; ++Round)
 	{
 		const FFramePtr Frame = MakeNoise(Case.Format, 45, 23, Random);
 		Frame->colorspace = Case.Space;
@@ -212,15 +212,15 @@ TEST_P(BlendFormats, EverySampleIsAsTheDefinitionHasIt)
 		const double Y = static_cast<double>(Random() % 1000) / 10.0 - 40.0;
 		const FPlacedSprite Placed{std::make_shared<FSprite>(MakeRandomSprite(Random)), X, Y};
 		Blender->Blend(*Frame, {&Placed, 1});
-		for (int32_t Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
+		for (int32 Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
 		{
 			const FPlaneLayout& Each = Style.Layout.Planes[static_cast<size_t>(Plane)];
-			const int32_t Width = AV_CEIL_RSHIFT(Frame->width, Each.ShiftX) * Each.Components;
-			for (int32_t Index = 0; Index < Width * AV_CEIL_RSHIFT(Frame->height, Each.ShiftY); ++Index)
+			const int32 Width = AV_CEIL_RSHIFT(Frame->width, Each.ShiftX) * Each.Components;
+			for (int32 Index = 0; Index < Width * AV_CEIL_RSHIFT(Frame->height, Each.ShiftY); ++Index)
 			{
-				const int32_t Column = Index % Width;
-				const int32_t Row = Index / Width;
-				const int32_t Sample = SampleAt(*Frame, Plane, Column, Row) >> Style.Layout.SampleShift;
+				const int32 Column = Index % Width;
+				const int32 Row = Index / Width;
+				const int32 Sample = SampleAt(*Frame, Plane, Column, Row) >> Style.Layout.SampleShift;
 				ASSERT_NEAR(Sample, ExpectedSample(*Before, Placed, Case, Plane, Column, Row), Tolerance)
 					<< "plane " << Plane << " at " << Column << ", " << Row << ", sprite at " << X << ", " << Y;
 			}
@@ -254,12 +254,12 @@ TEST(Blend, NothingOutsideThePictureIsTouched)
 	Style.Layout = FPixelLayout::Of(AV_PIX_FMT_YUV420P).value();
 	const FFramePtr Frame = MakeNoise(AV_PIX_FMT_YUV420P, 31, 17, Random);
 	Style.Matrix = FColorMatrix::For(*Frame, 8);
-	const std::vector<uint8_t> Before(Frame->buf[0]->data, Frame->buf[0]->data + Frame->buf[0]->size);
+	const std::vector<uint8> Before(Frame->buf[0]->data, Frame->buf[0]->data + Frame->buf[0]->size);
 	const auto Blender = IBlender::Make(Style);
 	std::uniform_real_distribution<double> X(-60.0, 60.0);
 	std::uniform_real_distribution<double> Y(-40.0, 40.0);
 	std::vector<FPlacedSprite> Sprites;
-	for (int32_t Index = 0; Index < 500; ++Index)
+	for (int32 Index = 0; Index < 500; ++Index)
 	{
 		Sprites.push_back({MakeBox(1 + Index % 50, 1 + Index % 30, 9, 9, 9), X(Random), Y(Random)});
 	}
@@ -271,7 +271,7 @@ TEST(Blend, NothingOutsideThePictureIsTouched)
 	Sprites.push_back({nullptr, 0.0, 0.0});
 	Sprites.push_back({std::make_shared<FSprite>(), 0.0, 0.0});
 	Blender->Blend(*Frame, Sprites);
-	const uint8_t* const Luma = Frame->data[0];
+	const uint8* const Luma = Frame->data[0];
 	for (size_t Index = 0; Index < Before.size(); ++Index)
 	{
 		const ptrdiff_t At = Frame->buf[0]->data + Index - Luma;
@@ -284,9 +284,9 @@ struct FColorCase
 {
 	AVColorSpace Space;
 	AVColorRange Range;
-	int32_t Height;
-	uint8_t Red, Green, Blue;
-	int32_t Y, Cb, Cr;
+	int32 Height;
+	uint8 Red, Green, Blue;
+	int32 Y, Cb, Cr;
 };
 
 TEST(Blend, ColoursAreThoseOfTheMatrixAndRange)
@@ -334,10 +334,10 @@ TEST(Blend, ANewSpriteAtADeadOnesAddressIsSeen)
 	{
 		return std::shared_ptr<const FSprite>(&Storage, [](const FSprite*) {});
 	};
-	for (const uint8_t Grey : {uint8_t{0}, uint8_t{255}})
+	for (const uint8 Grey : {uint8{0}, uint8{255}})
 	{
 		std::fill(Storage.Pixels.begin(), Storage.Pixels.end(), Grey);
-		std::fill(Storage.Pixels.begin() + 3, Storage.Pixels.begin() + 4, uint8_t{255});
+		std::fill(Storage.Pixels.begin() + 3, Storage.Pixels.begin() + 4, uint8{255});
 		const FPlacedSprite Placed{Borrow(), 0.0, 0.0};
 		Blender->Blend(*Frame, {&Placed, 1});
 		EXPECT_EQ(SampleAt(*Frame, 0, 0, 0), Grey == 0 ? 16 : 235);

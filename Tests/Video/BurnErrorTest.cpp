@@ -1,4 +1,4 @@
-#include "VideoShot.h"
+#include "Video/VideoShot.h"
 #include "VideoTestKit.h"
 
 #include <gtest/gtest.h>
@@ -93,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(
 					   const std::string Bytes(std::istreambuf_iterator<char>(File), {});
 					   Overwrite(In.Input, 48, Bytes.rfind("moov") - 52);
 				   },
-				   "not one frame"},
+				   "no frame of its video"},
 		FErrorCase{"Itself", [](FOpt& In, const FDir& D) { In.Output = In.Input = Copied(In.Input, D.File("a.mp4")); },
 				   "is the input itself"},
 		FErrorCase{"ItselfByALink",
@@ -107,10 +107,12 @@ INSTANTIATE_TEST_SUITE_P(
 				   "does not exist"},
 		FErrorCase{"OutputIsFolder", [](FOpt& In, const FDir&) { std::filesystem::create_directory(In.Output); },
 				   "no plain file"},
-		FErrorCase{"NoContainer", [](FOpt& In, const FDir& D) { In.Output = D.File("out.xyz"); }, "names no container"},
-		FErrorCase{"PictureFile", [](FOpt& In, const FDir& D) { In.Output = D.File("out.png"); }, "names no container"},
-		FErrorCase{"NoCodec", [](FOpt& In, const FDir&) { In.Codec = "nosuch"; }, "no video encoder"},
-		FErrorCase{"SoundCodec", [](FOpt& In, const FDir&) { In.Codec = "aac"; }, "no video encoder"},
+		FErrorCase{"NoContainer", [](FOpt& In, const FDir& D) { In.Output = D.File("out.xyz"); },
+				   "not a video container"},
+		FErrorCase{"PictureFile", [](FOpt& In, const FDir& D) { In.Output = D.File("out.png"); },
+				   "not a video container"},
+		FErrorCase{"NoCodec", [](FOpt& In, const FDir&) { In.Codec = "nosuch"; }, "no such video encoder"},
+		FErrorCase{"SoundCodec", [](FOpt& In, const FDir&) { In.Codec = "aac"; }, "no such video encoder"},
 		FErrorCase{"WrongCodec", [](FOpt& In, const FDir& D) { In.Output = D.File("out.webm"); }, "cannot hold h264"},
 		FErrorCase{"NoPreset", [](FOpt& In, const FDir&) { In.Preset = "swift"; }, "swift"},
 		FErrorCase{"NoSuchSetting",
@@ -121,14 +123,14 @@ INSTANTIATE_TEST_SUITE_P(
 					   In.Output = D.File("out.mkv");
 				   },
 				   "has no setting \"crf\""},
-		FErrorCase{"FromBehindTheEnd", [](FOpt& In, const FDir&) { In.From = 7.0; }, "lasts 2.0"},
+		FErrorCase{"FromBehindTheEnd", [](FOpt& In, const FDir&) { In.From = 7.0; }, "only 2.0"},
 		FErrorCase{"Backwards",
 				   [](FOpt& In, const FDir&)
 				   {
 					   In.From = 1.0;
 					   In.To = 0.5;
 				   },
-				   "ends before it begins"},
+				   "must be after the start"},
 		FErrorCase{"Opacity", [](FOpt& In, const FDir&) { In.Opacity = 1.5; }, "opacity"}),
 	[](const auto& InInfo) { return InInfo.param.Name; });
 
@@ -191,7 +193,7 @@ TEST(BurnErrors, AnOverlayThatThrowsFailsTheBurn)
 	class FThrowing final : public IOverlaySource
 	{
 		void Open(const FVideoShape&) override {}
-		void Advance(int64_t, double, std::vector<FPlacedSprite>&) override { throw std::runtime_error("no ink"); }
+		void Advance(int64, double, std::vector<FPlacedSprite>&) override { throw std::runtime_error("no ink"); }
 	};
 	const FTestFolder Folder;
 	FBurnOptions Options;
@@ -215,7 +217,7 @@ TEST(BurnErrors, DamageInTheMiddleIsPassedOverAndSaid)
 	FTestProgress Progress;
 	const FVideoResult Result = BurnQuietly(Options, Overlay, Progress);
 	ASSERT_TRUE(Result.IsDone()) << Result.Error;
-	EXPECT_NE(Progress.Messages.find("damaged pieces were passed over"), std::string::npos) << Progress.Messages;
+	EXPECT_NE(Progress.Messages.find("damaged packets were skipped"), std::string::npos) << Progress.Messages;
 	EXPECT_GT(ReadFrames(Options.Output).size(), 35u);
 }
 
@@ -231,7 +233,7 @@ TEST(BurnErrors, AVideoCutOffBehindItsIndexIsSaid)
 	FTestProgress Progress;
 	const FVideoResult Result = BurnQuietly(Options, Overlay, Progress);
 	ASSERT_TRUE(Result.IsDone()) << Result.Error;
-	EXPECT_NE(Progress.Messages.find("cut off"), std::string::npos) << Progress.Messages;
+	EXPECT_NE(Progress.Messages.find("truncated"), std::string::npos) << Progress.Messages;
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "VideoShot.h"
+#include "Video/VideoShot.h"
 #include "VideoTestKit.h"
 
 #include <gtest/gtest.h>
@@ -68,7 +68,7 @@ TEST(Shot, ShowsTheFrameThatIsOnScreenThen)
 	struct FCase
 	{
 		double At;
-		int64_t Shown;
+		int64 Shown;
 	};
 	for (const FCase& Case : {FCase{0.0, 0}, FCase{0.0999, 0}, FCase{0.1, 1}, FCase{0.55, 5}, FCase{0.9999, 9}})
 	{
@@ -91,8 +91,8 @@ TEST(Shot, RefusesTimesAndFilesItCannotServe)
 		Options.At = InAt;
 		return Shot(Options, Overlay).Error;
 	};
-	EXPECT_NE(ErrorOf(PlainVideo(), 2.5).find("lasts 2.0"), std::string::npos);
-	EXPECT_NE(ErrorOf(PlainVideo(), -1.0).find("from 0 on"), std::string::npos);
+	EXPECT_NE(ErrorOf(PlainVideo(), 2.5).find("only 2.0"), std::string::npos);
+	EXPECT_NE(ErrorOf(PlainVideo(), -1.0).find("0 seconds or later"), std::string::npos);
 	EXPECT_NE(ErrorOf(Folder.File("none.mp4"), 0.0).find("No such file"), std::string::npos);
 	EXPECT_EQ(Folder.CountFiles(), 0u);
 }

@@ -78,20 +78,20 @@ std::string UnevenVideo()
 					 "-vsync vfr -pix_fmt yuv420p -c:v libx264 -g 10 -bf 2");
 }
 
-std::shared_ptr<const FSprite> MakeBox(int32_t InWidth, int32_t InHeight, uint8_t InRed, uint8_t InGreen,
-									   uint8_t InBlue, uint8_t InAlpha)
+std::shared_ptr<const FSprite> MakeBox(int32 InWidth, int32 InHeight, uint8 InRed, uint8 InGreen, uint8 InBlue,
+									   uint8 InAlpha)
 {
 	FSprite Sprite;
 	Sprite.Width = InWidth;
 	Sprite.Height = InHeight;
-	for (int32_t Index = 0; Index < InWidth * InHeight; ++Index)
+	for (int32 Index = 0; Index < InWidth * InHeight; ++Index)
 	{
 		Sprite.Pixels.insert(Sprite.Pixels.end(), {InRed, InGreen, InBlue, InAlpha});
 	}
 	return std::make_shared<FSprite>(std::move(Sprite));
 }
 
-void FMovingBox::Advance(int64_t InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
+void FMovingBox::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
 {
 	Times.push_back(InTicks);
 	// The count of steps goes in too: steps of another division would end elsewhere.
@@ -138,8 +138,8 @@ std::map<std::string, std::vector<FPacketMark>> ReadPackets(const std::string& I
 		 av_packet_unref(Packet.get()))
 	{
 		const AVStream& Stream = *Opened->streams[Packet->stream_index];
-		const int64_t Time = av_rescale_q(Packet->pts, Stream.time_base, {1, AV_TIME_BASE});
-		const uint32_t Sum = av_adler32_update(1, Packet->data, static_cast<size_t>(Packet->size));
+		const int64 Time = av_rescale_q(Packet->pts, Stream.time_base, {1, AV_TIME_BASE});
+		const uint32 Sum = av_adler32_update(1, Packet->data, static_cast<size_t>(Packet->size));
 		Marks[av_get_media_type_string(Stream.codecpar->codec_type)].emplace_back(Time, Sum);
 	}
 	for (auto& [Kind, Packets] : Marks)
@@ -149,9 +149,9 @@ std::map<std::string, std::vector<FPacketMark>> ReadPackets(const std::string& I
 	return Marks;
 }
 
-std::vector<int64_t> TimesOf(const std::vector<FPacketMark>& InPackets)
+std::vector<int64> TimesOf(const std::vector<FPacketMark>& InPackets)
 {
-	std::vector<int64_t> Times;
+	std::vector<int64> Times;
 	std::transform(InPackets.begin(), InPackets.end(), std::back_inserter(Times),
 				   [](const FPacketMark& InPacket) { return InPacket.first; });
 	return Times;
@@ -175,11 +175,11 @@ std::vector<FFramePtr> ReadFrames(const std::string& InPath)
 	return Frames;
 }
 
-int32_t SampleAt(const AVFrame& InFrame, int32_t InPlane, int32_t InX, int32_t InY)
+int32 SampleAt(const AVFrame& InFrame, int32 InPlane, int32 InX, int32 InY)
 {
-	const uint8_t* const Row = InFrame.data[InPlane] + ptrdiff_t{InY} * InFrame.linesize[InPlane];
+	const uint8* const Row = InFrame.data[InPlane] + ptrdiff_t{InY} * InFrame.linesize[InPlane];
 	const AVPixFmtDescriptor* const Format = av_pix_fmt_desc_get(static_cast<AVPixelFormat>(InFrame.format));
-	return Format->comp[0].depth > 8 ? reinterpret_cast<const uint16_t*>(Row)[InX] : Row[InX];
+	return Format->comp[0].depth > 8 ? reinterpret_cast<const uint16*>(Row)[InX] : Row[InX];
 }
 
 bool SamePicture(const AVFrame& InFirst, const AVFrame& InSecond)
@@ -190,15 +190,15 @@ bool SamePicture(const AVFrame& InFirst, const AVFrame& InSecond)
 	{
 		return false;
 	}
-	for (int32_t Plane = 0; Plane < Layout->PlaneCount; ++Plane)
+	for (int32 Plane = 0; Plane < Layout->PlaneCount; ++Plane)
 	{
 		const FPlaneLayout& Each = Layout->Planes[static_cast<size_t>(Plane)];
-		const int32_t Width = AV_CEIL_RSHIFT(InFirst.width, Each.ShiftX) * Each.Components;
-		const int32_t Bytes = Width * (Layout->Depth > 8 ? 2 : 1);
-		for (int32_t Row = 0; Row < AV_CEIL_RSHIFT(InFirst.height, Each.ShiftY); ++Row)
+		const int32 Width = AV_CEIL_RSHIFT(InFirst.width, Each.ShiftX) * Each.Components;
+		const int32 Bytes = Width * (Layout->Depth > 8 ? 2 : 1);
+		for (int32 Row = 0; Row < AV_CEIL_RSHIFT(InFirst.height, Each.ShiftY); ++Row)
 		{
-			const uint8_t* const First = InFirst.data[Plane] + ptrdiff_t{Row} * InFirst.linesize[Plane];
-			const uint8_t* const Second = InSecond.data[Plane] + ptrdiff_t{Row} * InSecond.linesize[Plane];
+			const uint8* const First = InFirst.data[Plane] + ptrdiff_t{Row} * InFirst.linesize[Plane];
+			const uint8* const Second = InSecond.data[Plane] + ptrdiff_t{Row} * InSecond.linesize[Plane];
 			if (!std::equal(First, First + Bytes, Second))
 			{
 				return false;

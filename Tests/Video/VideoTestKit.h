@@ -1,9 +1,9 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "AvHandles.h"
-#include "VideoBurn.h"
+#include "Video/VideoBurn.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -43,18 +43,18 @@ std::string PlainVideo();
 std::string UnevenVideo();
 
 /** A sprite of one colour, multiplied by alpha already. */
-std::shared_ptr<const FSprite> MakeBox(int32_t InWidth, int32_t InHeight, uint8_t InRed, uint8_t InGreen,
-									   uint8_t InBlue, uint8_t InAlpha = 255);
+std::shared_ptr<const FSprite> MakeBox(int32 InWidth, int32 InHeight, uint8 InRed, uint8 InGreen, uint8 InBlue,
+									   uint8 InAlpha = 255);
 
 /** A box that moves by the time steps it is given, so that a step left out or doubled shows. Records its calls. */
 class FMovingBox final : public IOverlaySource
 {
 public:
 	void Open(const FVideoShape& InShape) override { Shape = InShape; }
-	void Advance(int64_t InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
 
 	FVideoShape Shape;
-	std::vector<int64_t> Times;
+	std::vector<int64> Times;
 	double Way = 0.0;
 	std::shared_ptr<const FSprite> Box = MakeBox(13, 9, 250, 250, 40);
 	bool bVisible = true;
@@ -77,19 +77,19 @@ FVideoResult BurnQuietly(const FBurnOptions& InOptions, IOverlaySource& InOverla
 FVideoResult BurnQuietly(const FBurnOptions& InOptions, IOverlaySource& InOverlay);
 
 /** One packet of a file: its time in microseconds, and a checksum of its bytes. */
-using FPacketMark = std::pair<int64_t, uint32_t>;
+using FPacketMark = std::pair<int64, uint32>;
 
 /** The packets of each stream by the stream's kind ("video", "audio", "subtitle"), in order of time. */
 std::map<std::string, std::vector<FPacketMark>> ReadPackets(const std::string& InPath);
 
 /** The times of packets. */
-std::vector<int64_t> TimesOf(const std::vector<FPacketMark>& InPackets);
+std::vector<int64> TimesOf(const std::vector<FPacketMark>& InPackets);
 
 /** All frames of a file's video. */
 std::vector<FFramePtr> ReadFrames(const std::string& InPath);
 
 /** A sample of a frame's plane, 8 or 16 bits. */
-int32_t SampleAt(const AVFrame& InFrame, int32_t InPlane, int32_t InX, int32_t InY);
+int32 SampleAt(const AVFrame& InFrame, int32 InPlane, int32 InX, int32 InY);
 
 /** Whether all samples of two frames are the same. */
 bool SamePicture(const AVFrame& InFirst, const AVFrame& InSecond);

@@ -1,6 +1,6 @@
 #include "BurnProgress.h"
 
-#include "CommentsReport.h"
+#include "Comments/CommentsReport.h"
 #include "Message.h"
 #include "OptionValues.h"
 #include "TerminalText.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "VideoBurn.h"
+#include "Video/VideoBurn.h"
 
 #include <chrono>
 #include <string>

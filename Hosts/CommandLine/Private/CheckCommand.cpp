@@ -3,13 +3,13 @@
 #include "CommentOptions.h"
 #include "DocumentReview.h"
 #include "ExitCodes.h"
-#include "Files.h"
+#include "Files/FileText.h"
 #include "JsonLine.h"
 #include "Message.h"
 #include "OptionChecks.h"
 #include "OptionValues.h"
 #include "SizeProbe.h"
-#include "TextMeasure.h"
+#include "Overlay/TextMeasure.h"
 
 #include <CLI/CLI.hpp>
 
@@ -189,7 +189,7 @@ void AddLoading(FJsonLine& Line, const FCommentsFile& InFile)
 	AddText(Line, "format", ToText(Import.Format));
 	Line.Add("read", static_cast<int64>(Import.NumRead));
 	Line.Add("broken", static_cast<int64>(Import.NumBroken));
-	Line.Add("mended", static_cast<int64>(Import.NumMended));
+	Line.Add("repaired", static_cast<int64>(Import.NumRepaired));
 	Line.Add("not_served", static_cast<int64>(InFile.Report.Kinds.CountDropped()));
 	Line.BeginArray("notes");
 	for (const std::string& Note : DescribeLosses(InFile.Report))
@@ -246,7 +246,7 @@ int RunCheck(const FCheckArguments& InArguments)
 		return PrintError(Error);
 	}
 	FDocumentReview Review = ReviewDocument(File->Document, *Probe);
-	if (File->Report.bImported && File->Report.Import.Format != ECommentFormat::Own)
+	if (File->Report.bImported && File->Report.Import.Format != &OwnDocumentFormat)
 	{
 		// What other formats do not tell is no fault of their authors.
 		std::erase_if(Review.Findings, [](const FFinding& InFinding) { return InFinding.Kind == "missing-key"; });

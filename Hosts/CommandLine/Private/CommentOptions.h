@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommentsInput.h"
+#include "Comments/CommentsInput.h"
 
 #include <memory>
 #include <optional>

@@ -1,15 +1,15 @@
 #include "ConvertCommand.h"
 
-#include "CommentChange.h"
-#include "CommentDocumentWriter.h"
+#include "Formats/CommentChange.h"
+#include "Formats/CommentDocumentWriter.h"
 #include "CommentOptions.h"
-#include "CommentOrder.h"
-#include "CommentTraits.h"
+#include "Filtering/CommentOrder.h"
+#include "Formats/CommentTraits.h"
 #include "ExitCodes.h"
 #include "Message.h"
 #include "OptionChecks.h"
 #include "OptionValues.h"
-#include "TemporaryFile.h"
+#include "Files/TemporaryFile.h"
 
 #include <CLI/CLI.hpp>
 

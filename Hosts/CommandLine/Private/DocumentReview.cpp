@@ -1,9 +1,9 @@
 #include "DocumentReview.h"
 
-#include "CommentsReport.h"
+#include "Comments/CommentsReport.h"
 #include "DanmakuDataStruct.h"
 #include "OptionValues.h"
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -41,8 +41,8 @@ bool IsServed(int32 InMode)
 
 bool IsBlank(std::u16string_view InText)
 {
-	const auto Length = static_cast<int32_t>(InText.size());
-	for (int32_t Index = 0; Index < Length;)
+	const auto Length = static_cast<int32>(InText.size());
+	for (int32 Index = 0; Index < Length;)
 	{
 		UChar32 Character = 0;
 		U16_NEXT(InText.data(), Index, Length, Character);

@@ -1,6 +1,6 @@
 #include "PaintSession.h"
 
-#include "CommentsReport.h"
+#include "Comments/CommentsReport.h"
 #include "DocumentReview.h"
 #include "Message.h"
 #include "OptionValues.h"

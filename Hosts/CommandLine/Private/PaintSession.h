@@ -2,7 +2,7 @@
 
 #include "CommentOptions.h"
 #include "StageOverlay.h"
-#include "TextMeasure.h"
+#include "Overlay/TextMeasure.h"
 #include "VideoLibrary.h"
 
 #include <memory>

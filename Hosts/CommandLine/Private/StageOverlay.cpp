@@ -51,7 +51,7 @@ void FStageOverlay::Open(const FVideoShape& InShape)
 	Ahead.SetMediaTime(0);
 }
 
-void FStageOverlay::Advance(int64_t InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
+void FStageOverlay::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
 {
 	Ahead.SetMediaTime(InTicks);
 	Stage->SetMediaTime(InTicks);

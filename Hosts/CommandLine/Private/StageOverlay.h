@@ -1,11 +1,11 @@
 #pragma once
 
-#include "CommentSprites.h"
-#include "CommentsInput.h"
-#include "MeasureAhead.h"
-#include "OverlaySource.h"
-#include "Stage.h"
-#include "TextMeasure.h"
+#include "Overlay/CommentSprites.h"
+#include "Comments/CommentsInput.h"
+#include "Overlay/MeasureAhead.h"
+#include "Video/OverlaySource.h"
+#include "Stage/Stage.h"
+#include "Overlay/TextMeasure.h"
 
 #include <memory>
 #include <optional>
@@ -36,7 +36,7 @@ public:
 												 uint32 InSeed, FTextMeasure& InMeasure, std::string& OutError);
 
 	void Open(const FVideoShape& InShape) override;
-	void Advance(int64_t InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
 
 	/** Whether something of a comment was left unpainted, because it is absurdly long or large. */
 	bool WasCut() const { return Sprites.WasCut(); }

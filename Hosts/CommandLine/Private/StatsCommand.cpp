@@ -1,11 +1,11 @@
 #include "StatsCommand.h"
 
 #include "CommentOptions.h"
-#include "DensityPicture.h"
+#include "Insight/DensityPicture.h"
 #include "ExitCodes.h"
 #include "Message.h"
 #include "StatsReport.h"
-#include "TemporaryFile.h"
+#include "Files/TemporaryFile.h"
 
 #include <CLI/CLI.hpp>
 

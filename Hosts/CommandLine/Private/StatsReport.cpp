@@ -1,9 +1,9 @@
 #include "StatsReport.h"
 
-#include "CommentDensity.h"
-#include "CommentTraits.h"
-#include "CommentsReport.h"
-#include "DensityPicture.h"
+#include "Insight/CommentDensity.h"
+#include "Formats/CommentTraits.h"
+#include "Comments/CommentsReport.h"
+#include "Insight/DensityPicture.h"
 #include "TerminalText.h"
 
 #include <algorithm>
@@ -19,7 +19,7 @@ namespace
 /** Where the lines' texts begin, behind their heads. */
 constexpr std::size_t Indent = 10;
 
-constexpr std::int64_t SecondsPerMinute = 60;
+constexpr int64 SecondsPerMinute = 60;
 
 std::string Pad(std::string InText, std::size_t InWidth)
 {

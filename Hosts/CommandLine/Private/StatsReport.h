@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommentStats.h"
+#include "Insight/CommentStats.h"
 #include "CoreMinimal.h"
 
 #include <cstddef>

@@ -1,5 +1,7 @@
 #include "TerminalText.h"
 
+#include "CoreTypes.h"
+
 #include <sys/ioctl.h>
 #include <unistd.h>
 #include <unicode/uchar.h>
@@ -44,13 +46,12 @@ std::optional<std::size_t> GetTerminalWidth(std::FILE* InStream)
 
 std::string CutToColumns(std::string_view InText, std::size_t InColumns)
 {
-	const auto Text =
-		icu::UnicodeString::fromUTF8(icu::StringPiece(InText.data(), static_cast<std::int32_t>(InText.size())));
+	const auto Text = icu::UnicodeString::fromUTF8(icu::StringPiece(InText.data(), static_cast<int32>(InText.size())));
 	icu::UnicodeString Whole;
 	std::size_t Columns = 0;
 	/** As much of it as leaves room for an ellipsis. */
-	std::int32_t CutLength = 0;
-	for (std::int32_t Index = 0; Index < Text.length() && Columns <= InColumns; Index = Text.moveIndex32(Index, 1))
+	int32 CutLength = 0;
+	for (int32 Index = 0; Index < Text.length() && Columns <= InColumns; Index = Text.moveIndex32(Index, 1))
 	{
 		const UChar32 Character = Text.char32At(Index);
 		if (!IsActedOn(Character))

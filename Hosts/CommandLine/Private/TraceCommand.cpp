@@ -1,13 +1,13 @@
 #include "TraceCommand.h"
 
-#include "CellMeasure.h"
+#include "Overlay/CellMeasure.h"
 #include "CommentOptions.h"
 #include "ExitCodes.h"
-#include "Files.h"
+#include "Files/FileText.h"
 #include "Message.h"
 #include "OptionValues.h"
-#include "SaveSlots.h"
-#include "TextMeasure.h"
+#include "Files/SaveSlots.h"
+#include "Overlay/TextMeasure.h"
 #include "TraceRunner.h"
 
 #include <CLI/CLI.hpp>

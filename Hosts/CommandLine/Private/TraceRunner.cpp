@@ -1,6 +1,6 @@
 #include "TraceRunner.h"
 
-#include "CommentDocument.h"
+#include "Stage/CommentDocument.h"
 #include "Components/CanvasPanel.h"
 #include "DanmakuTrack.h"
 #include "DanmakuTrackManager.h"

@@ -2,7 +2,7 @@
 
 #include "Blueprint/WidgetObserver.h"
 #include "JsonLine.h"
-#include "Stage.h"
+#include "Stage/Stage.h"
 #include "TraceScript.h"
 
 #include <cstdio>

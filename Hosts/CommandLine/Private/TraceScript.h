@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
-#include "Stage.h"
+#include "Stage/Stage.h"
 #include "Types/SlateEnums.h"
 
 #include <filesystem>

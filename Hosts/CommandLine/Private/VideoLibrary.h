@@ -1,8 +1,8 @@
 #pragma once
 
-#include "VideoBurn.h"
-#include "VideoProbe.h"
-#include "VideoShot.h"
+#include "Video/VideoBurn.h"
+#include "Video/VideoProbe.h"
+#include "Video/VideoShot.h"
 
 #include <string>
 

@@ -1,14 +1,14 @@
-#include "CommentsInput.h"
+#include "Comments/CommentsInput.h"
 
-#include "CommentDocumentWriter.h"
-#include "CommentOrder.h"
-#include "Files.h"
+#include "Files/ByteSource.h"
+#include "Files/FileText.h"
+#include "Filtering/CommentOrder.h"
+#include "Formats/CommentDocumentWriter.h"
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <limits>
+#include <memory>
 
 namespace Flitmark
 {
@@ -16,42 +16,14 @@ namespace Flitmark
 namespace
 {
 
-/** What DetectFormat wants to see. */
-constexpr std::size_t HeadSize = 65'536;
-
-/** Bytes that are there already. */
-class FMemorySource final : public IByteSource
+bool IsOwn(const FCommentFormat* InFormat)
 {
-public:
-	explicit FMemorySource(std::string_view InBytes)
-		: Rest(InBytes)
-		, Size(InBytes.size())
-	{
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override
-	{
-		const std::size_t Count = std::min(InSize, Rest.size());
-		std::memcpy(OutData, Rest.data(), Count);
-		Rest.remove_prefix(Count);
-		return Count;
-	}
-	std::uint64_t GetSize() const override { return Size; }
-
-private:
-	std::string_view Rest;
-	const std::uint64_t Size;
-};
-
-bool IsOwn(ECommentFormat InFormat)
-{
-	return InFormat == ECommentFormat::Own || InFormat == ECommentFormat::Unknown;
+	return InFormat == &OwnDocumentFormat || InFormat == nullptr;
 }
 
-bool IsJson(ECommentFormat InFormat)
+bool IsJson(const FCommentFormat* InFormat)
 {
-	return InFormat == ECommentFormat::ParametersJson || InFormat == ECommentFormat::RowsJson ||
-		   InFormat == ECommentFormat::ChatJson || InFormat == ECommentFormat::ObjectsJson;
+	return !IsOwn(InFormat) && InFormat->Syntax == EFormatSyntax::Json;
 }
 
 /** Whether a text has the name of our document's list somewhere, in any case: only then can it be one. */
@@ -80,7 +52,7 @@ bool NamesList(std::string_view InText)
 
 struct FFileLook
 {
-	ECommentFormat Format = ECommentFormat::Unknown;
+	const FCommentFormat* Format = nullptr;
 	/** Whether it could be our own document, whatever its beginning looks like. */
 	bool bMayBeOwn = true;
 };
@@ -93,15 +65,18 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 	{
 		return std::nullopt;
 	}
-	std::ifstream File(InPath, std::ios::binary);
+	std::string Error;
+	const std::unique_ptr<FFileSource> File = FFileSource::Open(InPath, Error);
+	if (!File)
+	{
+		return std::nullopt;
+	}
 	std::string Seen;
 	const auto ReadMore = [&File, &Seen]
 	{
-		const std::size_t Kept = Seen.size();
-		Seen.resize(Kept + HeadSize);
-		File.read(Seen.data() + Kept, HeadSize);
-		Seen.resize(Kept + static_cast<std::size_t>(File.gcount()));
-		return File.gcount() > 0;
+		const std::string More = File->ReadUpTo(DetectionSize);
+		Seen += More;
+		return !More.empty();
 	};
 	bool bMore = ReadMore();
 	FFileLook Look;
@@ -115,15 +90,15 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 		Seen.erase(0, Seen.size() - std::min(Overlap, Seen.size()));
 		bMore = ReadMore();
 	}
-	return File.bad() ? std::nullopt : std::optional(Look);
+	return File->GetError().empty() ? std::optional(Look) : std::nullopt;
 }
 
 /** The format of a whole text. What the overlay takes for a document is one, whatever else there is in it. */
-ECommentFormat DetectWhole(const std::string& InBytes)
+const FCommentFormat* DetectWhole(const std::string& InBytes)
 {
-	const ECommentFormat Format = DetectFormat(std::string_view(InBytes).substr(0, HeadSize));
+	const FCommentFormat* const Format = DetectFormat(std::string_view(InBytes).substr(0, DetectionSize));
 	const bool bOwn = IsJson(Format) && NamesList(InBytes) && !FCommentDocument::Read(FromUtf8(InBytes)).GetFault();
-	return bOwn ? ECommentFormat::Own : Format;
+	return bOwn ? &OwnDocumentFormat : Format;
 }
 
 /** Reads another format's comments: from the bytes where there are some, piece by piece from the file otherwise. */
@@ -205,7 +180,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	FCommentsInput Input;
 	Input.Report.Path = InPath;
 	const std::optional<FFileLook> Look = LookAtFile(InPath);
-	Input.Report.Import.Format = Look ? Look->Format : ECommentFormat::Unknown;
+	Input.Report.Import.Format = Look ? Look->Format : nullptr;
 	if (!Look || Look->bMayBeOwn)
 	{
 		Input.Bytes = LoadBytes(InPath, OutError);

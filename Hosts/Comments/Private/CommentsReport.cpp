@@ -1,4 +1,4 @@
-#include "CommentsReport.h"
+#include "Comments/CommentsReport.h"
 
 #include <algorithm>
 
@@ -18,8 +18,8 @@ void DescribeFaults(const FCommentsReport& InReport, std::vector<std::string>& O
 {
 	constexpr std::size_t MostTold = 3;
 	const FImportReport& Import = InReport.Import;
-	const auto NumBroken = static_cast<std::int64_t>(Import.NumBroken);
-	const auto NumMended = static_cast<std::int64_t>(Import.NumMended);
+	const auto NumBroken = static_cast<int64>(Import.NumBroken);
+	const auto NumRepaired = static_cast<int64>(Import.NumRepaired);
 	const std::size_t NumTold = std::min(MostTold, Import.Faults.size());
 	for (std::size_t Index = 0; Index < NumTold; ++Index)
 	{
@@ -30,25 +30,25 @@ void DescribeFaults(const FCommentsReport& InReport, std::vector<std::string>& O
 		OutLines.push_back(InReport.Path + ": " + FormatCount(NumBroken) +
 						   (NumBroken == 1 ? " entry is broken and left out" : " entries are broken and left out"));
 	}
-	if (NumMended > 0)
+	if (NumRepaired > 0)
 	{
-		OutLines.push_back(InReport.Path + ": " + CountComments(NumMended) +
-						   (NumMended == 1 ? " is damaged, but could be used" : " are damaged, but could be used"));
+		OutLines.push_back(InReport.Path + ": " + CountComments(NumRepaired) +
+						   (NumRepaired == 1 ? " is damaged, but could be used" : " are damaged, but could be used"));
 	}
 }
 
 /** "3 scripts" among others; nothing for none. */
-void Count(std::uint64_t InCount, const char* InWhat, std::string& InOutList)
+void Count(uint64 InCount, const char* InWhat, std::string& InOutList)
 {
 	if (InCount > 0)
 	{
-		InOutList += (InOutList.empty() ? "" : ", ") + FormatCount(static_cast<std::int64_t>(InCount)) + " " + InWhat;
+		InOutList += (InOutList.empty() ? "" : ", ") + FormatCount(static_cast<int64>(InCount)) + " " + InWhat;
 	}
 }
 
 } // namespace
 
-std::string FormatCount(std::int64_t InCount)
+std::string FormatCount(int64 InCount)
 {
 	std::string Text = std::to_string(InCount);
 	for (std::size_t Place = Text.size(); Place > 3;)
@@ -59,7 +59,7 @@ std::string FormatCount(std::int64_t InCount)
 	return Text;
 }
 
-std::string CountComments(std::int64_t InCount)
+std::string CountComments(int64 InCount)
 {
 	return FormatCount(InCount) + (InCount == 1 ? " comment" : " comments");
 }
@@ -67,7 +67,7 @@ std::string CountComments(std::int64_t InCount)
 std::string DescribeImport(const FCommentsReport& InReport)
 {
 	return InReport.Path + ": read as " + std::string(ToText(InReport.Import.Format)) + ", " +
-		   CountComments(static_cast<std::int64_t>(InReport.Import.NumRead));
+		   CountComments(static_cast<int64>(InReport.Import.NumRead));
 }
 
 std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
@@ -87,7 +87,7 @@ std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 	Count(Kinds.NumUnknownDropped, "of unknown kinds", Dropped);
 	if (!Dropped.empty())
 	{
-		const auto NumDropped = static_cast<std::int64_t>(Kinds.CountDropped());
+		const auto NumDropped = static_cast<int64>(Kinds.CountDropped());
 		Lines.push_back(InReport.Path + ": " + CountComments(NumDropped) + (NumDropped == 1 ? " is" : " are") +
 						" not served: " + Dropped);
 	}

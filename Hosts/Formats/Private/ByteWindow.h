@@ -1,6 +1,7 @@
 #pragma once
 
-#include "ByteSource.h"
+#include "CoreTypes.h"
+#include "Files/ByteSource.h"
 
 #include <string_view>
 #include <vector>
@@ -35,26 +36,26 @@ public:
 	void Consume(std::size_t InSize) { Begin += InSize; }
 
 	/** How many bytes were consumed. */
-	std::uint64_t GetOffset() const { return NumDropped + Begin; }
+	uint64 GetOffset() const { return NumDropped + Begin; }
 
 	/** The line, from 1, of a place in the view. Places asked for one after the other should not go back. */
-	std::uint64_t GetLine(std::size_t InPlace);
+	uint64 GetLine(std::size_t InOffset);
 
 private:
 	static constexpr std::size_t ChunkSize = std::size_t{64} << 10;
 
-	void CountLinesTo(std::size_t InPlace);
+	void CountLinesTo(std::size_t InOffset);
 
 	IByteSource& Source;
 	std::vector<char> Buffer = std::vector<char>(ChunkSize + 1);
 	std::size_t Begin = 0;
 	std::size_t End = 0;
-	std::uint64_t NumDropped = 0;
+	uint64 NumDropped = 0;
 	bool bComplete = false;
 
-	/** How many line ends stand before LinePlace, a place in the buffer. */
-	std::uint64_t NumLineEnds = 0;
-	std::size_t LinePlace = 0;
+	/** How many line ends stand before LineOffset, a place in the buffer. */
+	uint64 NumLineEnds = 0;
+	std::size_t LineOffset = 0;
 };
 
 } // namespace Flitmark

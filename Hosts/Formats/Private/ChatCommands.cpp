@@ -1,6 +1,6 @@
 #include "ChatCommands.h"
 
-#include "FieldValues.h"
+#include "Formats/FieldValues.h"
 
 #include <algorithm>
 #include <iterator>
@@ -14,7 +14,7 @@ namespace
 struct FNamedColor
 {
 	std::string_view Name;
-	std::uint32_t Rgb;
+	uint32 Rgb;
 };
 
 constexpr FNamedColor Colors[] = {
@@ -39,7 +39,7 @@ constexpr FNamedKind Kinds[] = {
 struct FNamedSize
 {
 	std::string_view Name;
-	std::int32_t Points;
+	int32 Points;
 };
 
 constexpr FNamedSize Sizes[] = {{"small", 15}, {"medium", FServiceComment::NormalPoints}, {"big", 39}};

@@ -1,4 +1,4 @@
-#include "CommentChange.h"
+#include "Formats/CommentChange.h"
 
 #include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
@@ -147,7 +147,7 @@ void SetText(FServiceComment& InOutComment, std::string InText)
 	Replace(InOutComment, "danmaku_content", QuoteJson(InOutComment.Text));
 }
 
-void SetSpawnTicks(FServiceComment& InOutComment, std::int64_t InTicks)
+void SetSpawnTicks(FServiceComment& InOutComment, int64 InTicks)
 {
 	InOutComment.SpawnTicks = InTicks;
 	Replace(InOutComment, "danmaku_spawn_time", std::to_string(InTicks));

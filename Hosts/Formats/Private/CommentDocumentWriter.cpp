@@ -1,4 +1,4 @@
-#include "CommentDocumentWriter.h"
+#include "Formats/CommentDocumentWriter.h"
 
 #include "CommentJson.h"
 

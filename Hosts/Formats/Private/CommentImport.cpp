@@ -1,15 +1,7 @@
-#include "CommentImport.h"
+#include "Formats/CommentImport.h"
 
 #include "ImportSink.h"
-#include "JsonImport.h"
-#include "ProtobufImport.h"
 #include "TextDecoding.h"
-#include "XmlImport.h"
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
 
 namespace Flitmark
 {
@@ -17,86 +9,14 @@ namespace Flitmark
 namespace
 {
 
-constexpr std::size_t HeadSize = std::size_t{64} << 10;
-
-class FFileSource final : public IByteSource
+std::string ListFormats()
 {
-public:
-	explicit FFileSource(const std::filesystem::path& InPath)
-		: File(std::fopen(InPath.c_str(), "rb"), &std::fclose)
+	std::string Titles;
+	for (const FCommentFormat* const Format : GetCommentFormats())
 	{
-		NoteError(File == nullptr, "cannot be opened");
-		std::error_code Ignored;
-		const std::uintmax_t Known = std::filesystem::file_size(InPath, Ignored);
-		Size = Ignored ? 0 : Known;
+		Titles.append(Titles.empty() ? "these are known: " : ", ").append(Format->Title);
 	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override
-	{
-		if (File == nullptr)
-		{
-			return 0;
-		}
-		const std::size_t Read = std::fread(OutData, 1, InSize, File.get());
-		NoteError(std::ferror(File.get()) != 0, "cannot be read");
-		return Read;
-	}
-
-	std::uint64_t GetSize() const override { return Size; }
-	std::string GetError() const override { return Error; }
-
-private:
-	void NoteError(bool bInFailed, const char* InWhat)
-	{
-		if (bInFailed)
-		{
-			Error = std::string(InWhat) + ": " + std::strerror(errno);
-		}
-	}
-
-	std::unique_ptr<std::FILE, int (*)(std::FILE*)> File;
-	std::uint64_t Size = 0;
-	std::string Error;
-};
-
-std::string ReadHead(IByteSource& InSource)
-{
-	std::string Head(HeadSize, '\0');
-	std::size_t Size = 0;
-	while (Size < Head.size())
-	{
-		const std::size_t Read = InSource.Read(Head.data() + Size, Head.size() - Size);
-		if (Read == 0)
-		{
-			break;
-		}
-		Size += Read;
-	}
-	Head.resize(Size);
-	return Head;
-}
-
-bool ImportAs(ECommentFormat InFormat, IByteSource& InSource, FImportSink& OutSink, std::string& OutError)
-{
-	switch (InFormat)
-	{
-	case ECommentFormat::ListXml:
-		ImportListXml(InSource, OutSink);
-		return true;
-	case ECommentFormat::ChatXml:
-		ImportChatXml(InSource, OutSink);
-		return true;
-	case ECommentFormat::ListProtobuf:
-		ImportListProtobuf(InSource, OutSink);
-		return true;
-	case ECommentFormat::Unknown:
-		OutError =
-			"is no comment file of a form that is known; it should be a comment document like {\"datas\": [...]}, "
-			"or XML, JSON or binary messages as comment services have them";
-		return false;
-	default:
-		return ImportJson(InSource, InFormat, OutSink, OutError);
-	}
+	return Titles;
 }
 
 } // namespace
@@ -104,42 +24,42 @@ bool ImportAs(ECommentFormat InFormat, IByteSource& InSource, FImportSink& OutSi
 bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string& OutError)
 {
 	OutResult = FImportResult();
-	std::string Head = ReadHead(InSource);
-	const ECommentFormat Format = DetectFormat(Head);
+	std::string Head = InSource.ReadUpTo(DetectionSize);
+	const FCommentFormat* const Format = DetectFormat(Head);
 	OutResult.Report.Format = Format;
+	if (Format == nullptr)
+	{
+		const std::string Error = InSource.GetError();
+		OutError = !Error.empty() ? Error
+				   : Head.empty() ? "is empty"
+								  : "is not in any known format of comments; " + ListFormats();
+		return false;
+	}
 	FImportSink Sink(OutResult, InSource.GetSize());
-	const bool bText = Format != ECommentFormat::ListProtobuf;
-	const FTextEncoding Encoding = bText ? FindEncoding(Head) : FTextEncoding();
+	const FTextEncoding Encoding = Format->Syntax == EFormatSyntax::Protobuf ? FTextEncoding() : FindEncoding(Head);
 	if (!Encoding.Warning.empty())
 	{
 		Sink.AddWarning(Encoding.Warning);
 	}
-	const bool bEmpty = Head.empty();
 	FDecodedSource Source(InSource, std::move(Head), Encoding);
-	const bool bKnown = ImportAs(Format, Source, Sink, OutError);
-	if (const std::string Error = InSource.GetError(); !Error.empty())
+	const bool bRead = Format->Read(Source, Sink, OutError);
+	if (std::string Error = InSource.GetError(); !Error.empty())
 	{
-		OutError = Error;
+		OutError = std::move(Error);
 		return false;
 	}
-	if (bEmpty)
-	{
-		OutError = "is empty";
-	}
-	return bKnown;
+	return bRead;
 }
 
 bool ImportComments(const std::filesystem::path& InPath, FImportResult& OutResult, std::string& OutError)
 {
-	std::error_code Ignored;
-	if (std::filesystem::is_directory(InPath, Ignored))
+	OutResult = FImportResult();
+	const std::unique_ptr<FFileSource> Source = FFileSource::Open(InPath, OutError);
+	if (!Source)
 	{
-		OutResult = FImportResult();
-		OutError = InPath.string() + ": is a folder, not a file";
 		return false;
 	}
-	FFileSource Source(InPath);
-	if (ImportComments(Source, OutResult, OutError))
+	if (ImportComments(*Source, OutResult, OutError))
 	{
 		return true;
 	}

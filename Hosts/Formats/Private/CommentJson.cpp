@@ -1,6 +1,6 @@
 #include "CommentJson.h"
 
-#include "CleanText.h"
+#include "Formats/CleanText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -14,7 +14,7 @@ namespace Flitmark
 namespace
 {
 
-constexpr std::int64_t SecondsPerDay = 86'400;
+constexpr int64 SecondsPerDay = 86'400;
 
 /** What a RapidJSON writer writes to. */
 class FStringStream
@@ -38,21 +38,21 @@ using FJsonWriter = rapidjson::Writer<FStringStream, rapidjson::UTF8<>, rapidjso
 									  rapidjson::kWriteNoFlags>;
 
 /** Whether any of eight bytes is a quote, a backslash or a control character. */
-bool NeedsEscape(std::uint64_t InEight)
+bool NeedsEscape(uint64 InEight)
 {
-	constexpr std::uint64_t Ones = 0x0101010101010101U;
-	const std::uint64_t Quotes = InEight ^ Ones * '"';
-	const std::uint64_t Backslashes = InEight ^ Ones * '\\';
+	constexpr uint64 Ones = 0x0101010101010101U;
+	const uint64 Quotes = InEight ^ Ones * '"';
+	const uint64 Backslashes = InEight ^ Ones * '\\';
 	// A byte below a limit, and without a high bit of its own, has one when the limit is taken off.
-	const std::uint64_t Marked =
+	const uint64 Marked =
 		((InEight - Ones * 0x20) & ~InEight) | ((Quotes - Ones) & ~Quotes) | ((Backslashes - Ones) & ~Backslashes);
 	return (Marked & Ones * 0x80) != 0;
 }
 
 bool NeedsEscape(std::string_view InText)
 {
-	constexpr std::size_t Step = sizeof(std::uint64_t);
-	std::uint64_t Eight = 0;
+	constexpr std::size_t Step = sizeof(uint64);
+	uint64 Eight = 0;
 	for (; InText.size() >= Step; InText.remove_prefix(Step))
 	{
 		std::memcpy(&Eight, InText.data(), Step);
@@ -112,7 +112,7 @@ char* Put(char* OutText, std::string_view InText)
 	return OutText + InText.size();
 }
 
-char* PutInteger(char* OutText, std::int64_t InValue)
+char* PutInteger(char* OutText, int64 InValue)
 {
 	constexpr std::size_t Longest = 20;
 	return std::to_chars(OutText, OutText + Longest, InValue).ptr;
@@ -126,7 +126,7 @@ char* PutTwoDigits(char* OutText, unsigned InValue)
 }
 
 /** `#RRGGBB`, and the opacity where it is not full. */
-char* PutColor(char* OutText, std::uint32_t InColor)
+char* PutColor(char* OutText, uint32 InColor)
 {
 	constexpr char Digits[] = "0123456789ABCDEF";
 	const unsigned NumDigits = (InColor & 0xFF) == 0xFF ? 6 : 8;
@@ -138,7 +138,7 @@ char* PutColor(char* OutText, std::uint32_t InColor)
 	return OutText;
 }
 
-std::string FormatDay(std::int64_t InDay)
+std::string FormatDay(int64 InDay)
 {
 	using namespace std::chrono;
 	const year_month_day Date{sys_days(days(InDay))};
@@ -152,10 +152,10 @@ std::string FormatDay(std::int64_t InDay)
 }
 
 /** Whether a date is told, and has no more than four digits of year. */
-bool HasDate(std::int64_t InUnixSeconds)
+bool HasDate(int64 InUnixSeconds)
 {
-	constexpr std::int64_t Year10000 = 253'402'300'800;
-	constexpr std::int64_t Year1 = -62'135'596'800;
+	constexpr int64 Year10000 = 253'402'300'800;
+	constexpr int64 Year1 = -62'135'596'800;
 	return InUnixSeconds != 0 && InUnixSeconds >= Year1 && InUnixSeconds < Year10000;
 }
 
@@ -213,10 +213,10 @@ char* FCommentJson::MakeRoom(std::size_t InSize)
 }
 
 /** `year.month.day-hour.minute.second`. */
-char* FCommentJson::PutDate(char* OutText, std::int64_t InUnixSeconds)
+char* FCommentJson::PutDate(char* OutText, int64 InUnixSeconds)
 {
-	const std::int64_t Cut = InUnixSeconds / SecondsPerDay;
-	const std::int64_t Wanted = Cut * SecondsPerDay > InUnixSeconds ? Cut - 1 : Cut;
+	const int64 Cut = InUnixSeconds / SecondsPerDay;
+	const int64 Wanted = Cut * SecondsPerDay > InUnixSeconds ? Cut - 1 : Cut;
 	if (Wanted != Day)
 	{
 		Day = Wanted;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ServiceComment.h"
+#include "CoreTypes.h"
+#include "Formats/ServiceComment.h"
 
-#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -29,13 +29,13 @@ public:
 
 private:
 	char* MakeRoom(std::size_t InSize);
-	char* PutDate(char* OutText, std::int64_t InUnixSeconds);
+	char* PutDate(char* OutText, int64 InUnixSeconds);
 
 	std::vector<char> Buffer;
 	std::size_t Size = 0;
 
 	/** Comments of one day come together often: days since 1970, and `year.month.day-`. */
-	std::int64_t Day = std::numeric_limits<std::int64_t>::min();
+	int64 Day = std::numeric_limits<int64>::min();
 	std::string DayText;
 
 	/** Texts that cannot be copied as they are. */

@@ -1,4 +1,4 @@
-#include "CommentTraits.h"
+#include "Formats/CommentTraits.h"
 
 #include <algorithm>
 
@@ -27,14 +27,14 @@ std::size_t GetSpaceLength(std::string_view InText)
 
 } // namespace
 
-std::int64_t GetSecond(const FServiceComment& InComment)
+int64 GetSecond(const FServiceComment& InComment)
 {
 	return InComment.SpawnTicks / TicksPerSecond;
 }
 
 bool IsReached(const FServiceComment& InComment)
 {
-	const std::int64_t Second = GetSecond(InComment);
+	const int64 Second = GetSecond(InComment);
 	return Second >= 0 && Second < SecondsPerDay;
 }
 

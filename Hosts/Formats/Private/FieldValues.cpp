@@ -1,4 +1,4 @@
-#include "FieldValues.h"
+#include "Formats/FieldValues.h"
 
 #include <algorithm>
 #include <array>
@@ -13,7 +13,7 @@ namespace Flitmark
 namespace
 {
 
-constexpr std::uint32_t Opaque = 0xFF;
+constexpr uint32 Opaque = 0xFF;
 
 std::string_view Trim(std::string_view InText)
 {
@@ -24,14 +24,14 @@ std::string_view Trim(std::string_view InText)
 	return InText.starts_with('+') ? InText.substr(1) : InText;
 }
 
-std::uint32_t WithoutOpacity(std::uint32_t InRgb)
+uint32 WithoutOpacity(uint32 InRgb)
 {
 	return (InRgb & 0xFFFFFF) << 8 | Opaque;
 }
 
-std::optional<std::uint32_t> ParseHexColor(std::string_view InDigits)
+std::optional<uint32> ParseHexColor(std::string_view InDigits)
 {
-	std::uint32_t Value = 0;
+	uint32 Value = 0;
 	const char* const End = InDigits.data() + InDigits.size();
 	const auto [Stop, Error] = std::from_chars(InDigits.data(), End, Value, 16);
 	if (Error != std::errc() || Stop != End)
@@ -70,9 +70,9 @@ std::optional<double> ParseNumber(std::string_view InText)
 	return Number;
 }
 
-std::optional<std::int64_t> ParseInteger(std::string_view InText)
+std::optional<int64> ParseInteger(std::string_view InText)
 {
-	std::int64_t Integer = 0;
+	int64 Integer = 0;
 	if (Read(InText, Integer) || Read(Trim(InText), Integer))
 	{
 		return Integer;
@@ -85,46 +85,47 @@ std::optional<std::int64_t> ParseInteger(std::string_view InText)
 	constexpr double Limit = 9223372036854775808.0;
 	if (std::abs(*Number) >= Limit)
 	{
-		return *Number > 0 ? std::numeric_limits<std::int64_t>::max() : std::numeric_limits<std::int64_t>::min();
+		return *Number > 0 ? std::numeric_limits<int64>::max() : std::numeric_limits<int64>::min();
 	}
-	return static_cast<std::int64_t>(*Number);
+	return static_cast<int64>(*Number);
 }
 
-std::optional<std::int64_t> ParseTicks(std::string_view InText, double InTicksPerUnit)
+std::optional<int64> ParseTicks(std::string_view InText, ETimeUnit InUnit)
 {
+	const auto TicksPerUnit = static_cast<double>(InUnit);
 	constexpr double Limit = 10'000.0 * 366 * 86'400 * 1e7;
 	const std::optional<double> Number = ParseNumber(InText);
-	if (!Number || std::abs(*Number * InTicksPerUnit) > Limit)
+	if (!Number || std::abs(*Number * TicksPerUnit) > Limit)
 	{
 		return std::nullopt;
 	}
-	return std::llround(*Number * InTicksPerUnit);
+	return std::llround(*Number * TicksPerUnit);
 }
 
-std::optional<std::uint32_t> ParseColor(std::string_view InText)
+std::optional<uint32> ParseColor(std::string_view InText)
 {
 	const std::string_view Text = Trim(InText);
 	if (Text.starts_with('#'))
 	{
 		return ParseHexColor(Text.substr(1));
 	}
-	const std::optional<std::int64_t> Value = ParseInteger(Text);
+	const std::optional<int64> Value = ParseInteger(Text);
 	if (!Value)
 	{
 		return std::nullopt;
 	}
-	return WithoutOpacity(static_cast<std::uint32_t>(*Value & 0xFFFFFF));
+	return WithoutOpacity(static_cast<uint32>(*Value & 0xFFFFFF));
 }
 
-std::int64_t ParseUnixDate(std::string_view InText)
+int64 ParseUnixDate(std::string_view InText)
 {
 	// In seconds this is the year 5138, in milliseconds 1973.
-	constexpr std::int64_t FirstInMilliseconds = 100'000'000'000;
-	const std::int64_t Date = ParseInteger(InText).value_or(0);
+	constexpr int64 FirstInMilliseconds = 100'000'000'000;
+	const int64 Date = ParseInteger(InText).value_or(0);
 	return Date >= FirstInMilliseconds ? Date / 1000 : Date;
 }
 
-std::int64_t ParseDate(std::string_view InText)
+int64 ParseDate(std::string_view InText)
 {
 	const char* At = InText.data();
 	const char* const End = At + InText.size();
@@ -153,7 +154,7 @@ std::int64_t ParseDate(std::string_view InText)
 	{
 		return 0;
 	}
-	std::int64_t Offset = 0;
+	int64 Offset = 0;
 	At = std::find_if(At, End, [](char InCharacter) { return InCharacter == '+' || InCharacter == '-'; });
 	if (End - At >= 3)
 	{
@@ -163,13 +164,19 @@ std::int64_t ParseDate(std::string_view InText)
 		std::from_chars(Stop + (Stop != End && *Stop == ':' ? 1 : 0), End, Minutes);
 		Offset = (Hours * 60 + Minutes % 60) * 60 * (*At == '-' ? -1 : 1);
 	}
-	const std::int64_t Days = sys_days(Day).time_since_epoch().count();
+	const int64 Days = sys_days(Day).time_since_epoch().count();
 	return Days * 86'400 + Parts[3] * 3'600 + Parts[4] * 60 + Parts[5] - Offset;
 }
 
-std::uint32_t HashUser(std::string_view InText)
+int64 ParseAnyDate(std::string_view InText)
 {
-	std::uint32_t Hash = 2166136261U;
+	const int64 Date = ParseUnixDate(InText);
+	return Date != 0 ? Date : ParseDate(InText);
+}
+
+uint32 HashUser(std::string_view InText)
+{
+	uint32 Hash = 2166136261U;
 	for (const char Byte : InText)
 	{
 		Hash = (Hash ^ static_cast<unsigned char>(Byte)) * 16777619U;
@@ -177,9 +184,9 @@ std::uint32_t HashUser(std::string_view InText)
 	return Hash;
 }
 
-std::int64_t MakeUserId(std::string_view InText)
+int64 MakeUserId(std::string_view InText)
 {
-	std::int64_t Number = 0;
+	int64 Number = 0;
 	const char* const End = InText.data() + InText.size();
 	const auto [Stop, Error] = std::from_chars(InText.data(), End, Number);
 	if (InText.empty() || (Error == std::errc() && Stop == End))
@@ -189,7 +196,7 @@ std::int64_t MakeUserId(std::string_view InText)
 	return HashUser(InText);
 }
 
-std::int32_t ScaleSize(std::string_view InSize, double InNormal)
+int32 ScaleSize(std::string_view InSize, double InNormal)
 {
 	constexpr double Largest = 1000.0;
 	const double Size = ParseNumber(InSize).value_or(0.0);
@@ -198,7 +205,7 @@ std::int32_t ScaleSize(std::string_view InSize, double InNormal)
 		return FServiceComment::NormalPoints;
 	}
 	const double Points = Size * FServiceComment::NormalPoints / InNormal;
-	return static_cast<std::int32_t>(std::lround(std::clamp(Points, 1.0, Largest)));
+	return static_cast<int32>(std::lround(std::clamp(Points, 1.0, Largest)));
 }
 
 } // namespace Flitmark

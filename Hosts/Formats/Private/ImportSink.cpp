@@ -5,7 +5,7 @@
 namespace Flitmark
 {
 
-void FImportSink::Add(FServiceComment&& InComment, std::uint64_t InOffset)
+void FImportSink::Add(FServiceComment&& InComment, uint64 InOffset)
 {
 	if (Result.Comments.size() == Result.Comments.capacity())
 	{
@@ -16,19 +16,19 @@ void FImportSink::Add(FServiceComment&& InComment, std::uint64_t InOffset)
 	Result.Comments.push_back(std::move(InComment));
 }
 
-void FImportSink::AddBroken(std::uint64_t InLine, std::string InReason)
+void FImportSink::AddBroken(uint64 InLine, std::string InReason)
 {
 	++Result.Report.NumBroken;
 	AddFault(InLine, std::move(InReason));
 }
 
-void FImportSink::AddMended(std::uint64_t InLine, std::string InReason)
+void FImportSink::AddRepaired(uint64 InLine, std::string InReason)
 {
-	++Result.Report.NumMended;
+	++Result.Report.NumRepaired;
 	AddFault(InLine, std::move(InReason));
 }
 
-void FImportSink::AddFault(std::uint64_t InLine, std::string&& InReason)
+void FImportSink::AddFault(uint64 InLine, std::string&& InReason)
 {
 	FImportReport& Report = Result.Report;
 	if (Report.Faults.size() < FImportReport::MaxFaults)
@@ -38,7 +38,7 @@ void FImportSink::AddFault(std::uint64_t InLine, std::string&& InReason)
 }
 
 /** Doubling as long as little is known, then what the rest of the file will need, so that growing copies little. */
-void FImportSink::Reserve(std::uint64_t InOffset)
+void FImportSink::Reserve(uint64 InOffset)
 {
 	constexpr std::size_t EnoughToTell = 1024;
 	const std::size_t Size = Result.Comments.size();

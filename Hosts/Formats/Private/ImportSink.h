@@ -1,6 +1,7 @@
 #pragma once
 
-#include "CommentImport.h"
+#include "CoreTypes.h"
+#include "Formats/CommentImport.h"
 
 namespace Flitmark
 {
@@ -9,29 +10,29 @@ namespace Flitmark
 class FImportSink
 {
 public:
-	FImportSink(FImportResult& InResult, std::uint64_t InFileSize)
+	FImportSink(FImportResult& InResult, uint64 InFileSize)
 		: Result(InResult)
 		, FileSize(InFileSize)
 	{
 	}
 
 	/** A next entry that became a comment; InOffset is where in the file it ends. */
-	void Add(FServiceComment&& InComment, std::uint64_t InOffset);
+	void Add(FServiceComment&& InComment, uint64 InOffset);
 
 	/** A next entry that is lost. */
-	void AddBroken(std::uint64_t InLine, std::string InReason);
+	void AddBroken(uint64 InLine, std::string InReason);
 
 	/** Something was wrong with the entry that was added last, but it was read. */
-	void AddMended(std::uint64_t InLine, std::string InReason);
+	void AddRepaired(uint64 InLine, std::string InReason);
 
 	void AddWarning(std::string InText) { Result.Report.Warnings.push_back(std::move(InText)); }
 
 private:
-	void AddFault(std::uint64_t InLine, std::string&& InReason);
-	void Reserve(std::uint64_t InOffset);
+	void AddFault(uint64 InLine, std::string&& InReason);
+	void Reserve(uint64 InOffset);
 
 	FImportResult& Result;
-	std::uint64_t FileSize;
+	uint64 FileSize;
 };
 
 } // namespace Flitmark

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "JsonForm.h"
+#include "JsonSchema.h"
 
 #include <memory>
 #include <string>
@@ -42,18 +42,11 @@ public:
 	 * Hands the value's fields to the form. A NUL has to stand behind the text. Strict takes only what every reader
 	 * takes; otherwise comments, commas at a list's end and numbers like NaN pass, too.
 	 */
-	FRead Read(std::string_view InText, IJsonForm& OutForm, bool bInStrict);
+	FRead Read(std::string_view InText, IJsonSchema& OutSchema, bool bInStrict);
 
 private:
 	struct FImplementation;
 	std::unique_ptr<FImplementation> Implementation;
 };
-
-/**
- * The value at a text's start as JSON, where only its strings are amiss: raw line ends and tabs in them are escaped,
- * other control characters dropped, lone surrogates replaced, unknown escapes taken as text. OutEnd is where it ends in
- * the text; false where that is not found.
- */
-bool MendJsonStrings(std::string_view InText, std::string& OutMended, std::size_t& OutEnd);
 
 } // namespace Flitmark

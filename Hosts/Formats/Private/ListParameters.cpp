@@ -1,7 +1,7 @@
 #include "ListParameters.h"
 
-#include "CleanText.h"
-#include "FieldValues.h"
+#include "Formats/CleanText.h"
+#include "Formats/FieldValues.h"
 
 namespace Flitmark
 {
@@ -9,13 +9,10 @@ namespace Flitmark
 namespace
 {
 
-constexpr double TicksPerSecond = 1e7;
-constexpr double TicksPerMillisecond = 1e4;
-
 /** No time in seconds is as large without a fraction: it would be 115 days. */
 bool IsIdFirst(std::string_view InField)
 {
-	constexpr std::int64_t SmallestId = 10'000'000;
+	constexpr int64 SmallestId = 10'000'000;
 	return InField.find_first_not_of("0123456789 ") == std::string_view::npos &&
 		   ParseInteger(InField).value_or(0) >= SmallestId;
 }
@@ -24,7 +21,7 @@ bool IsIdFirst(std::string_view InField)
 
 ECommentKind ToListKind(std::string_view InMode)
 {
-	const std::optional<std::int64_t> Mode = ParseInteger(InMode);
+	const std::optional<int64> Mode = ParseInteger(InMode);
 	if (!Mode)
 	{
 		return ECommentKind::Scroll;
@@ -62,7 +59,7 @@ bool ReadListParameters(std::string_view InParameters, FServiceComment& OutComme
 		Fields.Next();
 		Time = Fields.Next();
 	}
-	const std::optional<std::int64_t> Ticks = ParseTicks(Time, bIdFirst ? TicksPerMillisecond : TicksPerSecond);
+	const std::optional<int64> Ticks = ParseTicks(Time, bIdFirst ? ETimeUnit::Millisecond : ETimeUnit::Second);
 	if (!Ticks)
 	{
 		return false;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ServiceComment.h"
+#include "Formats/ServiceComment.h"
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
-#include "JsonForm.h"
+#include "JsonSchema.h"
 
-#include "CleanText.h"
-#include "FieldValues.h"
+#include "Formats/CleanText.h"
+#include "Formats/FieldValues.h"
 
 #include <algorithm>
 #include <charconv>
@@ -15,21 +15,20 @@ namespace
 {
 
 /** Numbers of our document are 32-bit; a fraction is cut off. */
-std::int32_t ToInt32(std::string_view InText)
+int32 ToInt32(std::string_view InText)
 {
-	using FLimits = std::numeric_limits<std::int32_t>;
-	return static_cast<std::int32_t>(
-		std::clamp<std::int64_t>(ParseInteger(InText).value_or(0), FLimits::min(), FLimits::max()));
+	using FLimits = std::numeric_limits<int32>;
+	return static_cast<int32>(std::clamp<int64>(ParseInteger(InText).value_or(0), FLimits::min(), FLimits::max()));
 }
 
 /** Rounded; times that are never reached any more are brought near, so that nobody's sums overflow. */
-std::int64_t ToTicks(std::string_view InText)
+int64 ToTicks(std::string_view InText)
 {
 	constexpr double NeverReached = 1e18;
 	return std::llround(std::clamp(ParseNumber(InText).value_or(0.0), -NeverReached, NeverReached));
 }
 
-ECommentKind ToKind(std::int32_t InMode)
+ECommentKind ToKind(int32 InMode)
 {
 	switch (InMode)
 	{
@@ -45,10 +44,10 @@ ECommentKind ToKind(std::int32_t InMode)
 }
 
 /** `#RRGGBB`, `#RRGGBBAA` or `#RGB`; transparent where it is none of them. */
-std::uint32_t ToColor(std::string_view InText)
+uint32 ToColor(std::string_view InText)
 {
 	const std::string_view Digits = InText.starts_with('#') ? InText.substr(1) : InText;
-	std::uint32_t Value = 0;
+	uint32 Value = 0;
 	if (Digits.size() == 8)
 	{
 		const auto [Stop, Error] = std::from_chars(Digits.data(), Digits.data() + Digits.size(), Value, 16);
@@ -58,7 +57,7 @@ std::uint32_t ToColor(std::string_view InText)
 }
 
 /** The values of our own document; whatever they are, it is a comment. */
-class FOwnForm final : public IJsonForm
+class FOwnForm final : public IJsonSchema
 {
 public:
 	void OnField(const FField& InField) override
@@ -137,7 +136,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<IJsonForm> MakeOwnForm()
+std::unique_ptr<IJsonSchema> MakeOwnForm()
 {
 	return std::make_unique<FOwnForm>();
 }

@@ -21,7 +21,7 @@ struct FCloseConverter
 using FConverter = std::unique_ptr<UConverter, FCloseConverter>;
 
 /** ICU's own substitution writes a control character for a single byte. */
-void ReplaceWrongBytes(const void*, UConverterToUnicodeArgs* InOutArguments, const char*, int32_t,
+void ReplaceWrongBytes(const void*, UConverterToUnicodeArgs* InOutArguments, const char*, int32,
 					   UConverterCallbackReason InReason, UErrorCode* OutError)
 {
 	if (InReason <= UCNV_IRREGULAR)
@@ -49,8 +49,8 @@ bool KeepsAscii(UConverter* InConverter)
 	constexpr std::string_view Probe = "<?xml version=\"1.0\"?>";
 	std::array<UChar, 64> Decoded{};
 	UErrorCode Error = U_ZERO_ERROR;
-	const int32_t Length = ucnv_toUChars(InConverter, Decoded.data(), static_cast<int32_t>(Decoded.size()),
-										 Probe.data(), static_cast<int32_t>(Probe.size()), &Error);
+	const int32 Length = ucnv_toUChars(InConverter, Decoded.data(), static_cast<int32>(Decoded.size()), Probe.data(),
+									   static_cast<int32>(Probe.size()), &Error);
 	ucnv_reset(InConverter);
 	return U_SUCCESS(Error) && std::equal(Probe.begin(), Probe.end(), Decoded.begin(), Decoded.begin() + Length);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "ByteSource.h"
+#include "CoreTypes.h"
+#include "Files/ByteSource.h"
 
 #include <memory>
 #include <string>
@@ -34,7 +35,7 @@ public:
 	~FDecodedSource() override;
 
 	std::size_t Read(char* OutData, std::size_t InSize) override;
-	std::uint64_t GetSize() const override { return Source.GetSize(); }
+	uint64 GetSize() const override { return Source.GetSize(); }
 	std::string GetError() const override { return Source.GetError(); }
 
 private:

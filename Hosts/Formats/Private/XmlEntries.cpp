@@ -30,16 +30,6 @@ std::size_t FindTagEnd(std::string_view InText)
 	return Place == std::string_view::npos ? InText.find('>') : Place;
 }
 
-bool IsRootsStart(std::string_view InText)
-{
-	return InText.starts_with("<i>") || InText.starts_with("<i ") || InText.starts_with("<packet");
-}
-
-bool IsRootsEnd(std::string_view InText)
-{
-	return InText.starts_with("</i>") || InText.starts_with("</packet>");
-}
-
 } // namespace
 
 bool FXmlEntries::Next(FEntry& OutEntry)
@@ -52,9 +42,9 @@ bool FXmlEntries::Next(FEntry& OutEntry)
 		{
 			continue;
 		}
-		if (!IsStart(Window.GetView()))
+		if (!IsStart(Window.GetView(), Name))
 		{
-			bRootOpen = (bRootOpen || IsRootsStart(Window.GetView())) && !IsRootsEnd(Window.GetView());
+			bRootOpen = (bRootOpen || IsStart(Window.GetView(), Root)) && GetEndTagSize(Window.GetView(), Root) == 0;
 			Window.Consume(1);
 			continue;
 		}
@@ -139,7 +129,7 @@ bool FXmlEntries::ReadEntry(FEntry& OutEntry)
 	OutEntry.Content = View.substr(ContentBegin, End.Place - ContentBegin);
 	OutEntry.End = End.End;
 	// What is cut for its length may hold other entries.
-	EntrySize = End.End == EEnd::Cut ? ContentBegin : End.Place + GetEndTagSize(View.substr(End.Place));
+	EntrySize = End.End == EEnd::Cut ? ContentBegin : End.Place + GetEndTagSize(View.substr(End.Place), Name);
 	return true;
 }
 
@@ -153,11 +143,11 @@ FXmlEntries::FPlace FXmlEntries::FindContentEnd(std::string_view InView, std::si
 		{
 			return {0, EEnd::Cut, true};
 		}
-		if (GetEndTagSize(Rest) > 0)
+		if (GetEndTagSize(Rest, Name) > 0)
 		{
 			return {Place, EEnd::Closed, false};
 		}
-		if (IsStart(Rest) || IsRootsEnd(Rest))
+		if (IsStart(Rest, Name) || GetEndTagSize(Rest, Root) > 0)
 		{
 			return {Place, EEnd::Unclosed, false};
 		}
@@ -177,11 +167,10 @@ FXmlEntries::FPlace FXmlEntries::FindContentEnd(std::string_view InView, std::si
 }
 
 /** A place in the view. */
-std::size_t FXmlEntries::FindCached(std::string_view InWanted, std::size_t InPlace,
-									std::uint64_t& InOutAbsentUntil) const
+std::size_t FXmlEntries::FindCached(std::string_view InWanted, std::size_t InPlace, uint64& InOutAbsentUntil) const
 {
 	const std::string_view View = Window.GetView();
-	const std::uint64_t Offset = Window.GetOffset();
+	const uint64 Offset = Window.GetOffset();
 	const std::size_t Known = InOutAbsentUntil > Offset ? static_cast<std::size_t>(InOutAbsentUntil - Offset) : 0;
 	const std::size_t Found = View.find(InWanted, std::max(InPlace, Known));
 	if (Found == std::string_view::npos && View.size() >= InWanted.size())
@@ -191,21 +180,21 @@ std::size_t FXmlEntries::FindCached(std::string_view InWanted, std::size_t InPla
 	return Found;
 }
 
-bool FXmlEntries::IsStart(std::string_view InText) const
+bool FXmlEntries::IsStart(std::string_view InText, std::string_view InName)
 {
-	const std::size_t End = 1 + Name.size();
-	return InText.size() > End && InText[0] == '<' && InText.substr(1, Name.size()) == Name &&
+	const std::size_t End = 1 + InName.size();
+	return InText.size() > End && InText[0] == '<' && InText.substr(1, InName.size()) == InName &&
 		   (Blanks.find(InText[End]) != std::string_view::npos || InText[End] == '>' || InText[End] == '/');
 }
 
 /** 0 where the text does not begin with the end tag. */
-std::size_t FXmlEntries::GetEndTagSize(std::string_view InText) const
+std::size_t FXmlEntries::GetEndTagSize(std::string_view InText, std::string_view InName)
 {
-	if (!InText.starts_with("</") || InText.substr(2, Name.size()) != Name)
+	if (!InText.starts_with("</") || InText.substr(2, InName.size()) != InName)
 	{
 		return 0;
 	}
-	const std::size_t End = InText.substr(0, LookAhead).find_first_not_of(Blanks, 2 + Name.size());
+	const std::size_t End = InText.substr(0, LookAhead).find_first_not_of(Blanks, 2 + InName.size());
 	return End != std::string_view::npos && InText[End] == '>' ? End + 1 : 0;
 }
 

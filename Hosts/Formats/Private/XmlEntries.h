@@ -1,8 +1,8 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "ByteWindow.h"
 
-#include <cstdint>
 #include <string_view>
 
 namespace Flitmark
@@ -31,8 +31,9 @@ public:
 		EEnd End = EEnd::Closed;
 	};
 
-	FXmlEntries(IByteSource& InSource, std::string_view InName)
+	FXmlEntries(IByteSource& InSource, std::string_view InRoot, std::string_view InName)
 		: Window(InSource)
+		, Root(InRoot)
 		, Name(InName)
 	{
 	}
@@ -41,8 +42,8 @@ public:
 	bool Next(FEntry& OutEntry);
 
 	/** The line, from 1, and the place in the text at which the last entry begins. */
-	std::uint64_t GetLine() { return Window.GetLine(0); }
-	std::uint64_t GetOffset() const { return Window.GetOffset(); }
+	uint64 GetLine() { return Window.GetLine(0); }
+	uint64 GetOffset() const { return Window.GetOffset(); }
 
 	/** Whether a root element was opened and not closed. */
 	bool IsRootOpen() const { return bRootOpen; }
@@ -60,12 +61,13 @@ private:
 	bool SkipComment();
 	bool ReadEntry(FEntry& OutEntry);
 	FPlace FindContentEnd(std::string_view InView, std::size_t InPlace);
-	std::size_t FindCached(std::string_view InWanted, std::size_t InPlace, std::uint64_t& InOutAbsentUntil) const;
-	bool IsStart(std::string_view InText) const;
-	std::size_t GetEndTagSize(std::string_view InText) const;
+	std::size_t FindCached(std::string_view InWanted, std::size_t InPlace, uint64& InOutAbsentUntil) const;
+	static bool IsStart(std::string_view InText, std::string_view InName);
+	static std::size_t GetEndTagSize(std::string_view InText, std::string_view InName);
 	bool MayGrow() const;
 
 	FByteWindow Window;
+	std::string_view Root;
 	std::string_view Name;
 
 	bool bRootOpen = false;
@@ -74,8 +76,8 @@ private:
 	std::size_t EntrySize = 0;
 
 	/** No comment and no CDATA section ends before these offsets in the text: what was searched once is not again. */
-	std::uint64_t NoCommentEndUntil = 0;
-	std::uint64_t NoSectionEndUntil = 0;
+	uint64 NoCommentEndUntil = 0;
+	uint64 NoSectionEndUntil = 0;
 };
 
 } // namespace Flitmark

@@ -1,7 +1,7 @@
-#include "CommentLook.h"
+#include "Overlay/CommentLook.h"
 
 #include "Components/TextBlock.h"
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
-#include "CommentSprites.h"
+#include "Overlay/CommentSprites.h"
 
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 
 #include <algorithm>
 

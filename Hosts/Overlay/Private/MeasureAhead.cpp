@@ -1,4 +1,4 @@
-#include "MeasureAhead.h"
+#include "Overlay/MeasureAhead.h"
 
 #include <algorithm>
 

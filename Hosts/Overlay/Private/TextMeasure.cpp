@@ -1,4 +1,4 @@
-#include "TextMeasure.h"
+#include "Overlay/TextMeasure.h"
 
 namespace Flitmark
 {

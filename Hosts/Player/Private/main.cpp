@@ -1,9 +1,9 @@
-#include "MediaPaths.h"
-#include "Player.h"
-#include "PlayerText.h"
-#include "PlayerWindow.h"
-#include "QuitSignals.h"
-#include "SystemLanguage.h"
+#include "Playback/MediaPaths.h"
+#include "Playback/Player.h"
+#include "Playback/PlayerText.h"
+#include "Playback/PlayerWindow.h"
+#include "Playback/QuitSignals.h"
+#include "Viewer/SystemLanguage.h"
 
 #include <CLI/CLI.hpp>
 

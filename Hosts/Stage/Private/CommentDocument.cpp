@@ -1,8 +1,8 @@
-#include "CommentDocument.h"
+#include "Stage/CommentDocument.h"
 
 #include "Dom/JsonObject.h"
 #include "Dom/JsonValue.h"
-#include "Files.h"
+#include "Files/FileText.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 

@@ -1,4 +1,4 @@
-#include "Languages.h"
+#include "Stage/Languages.h"
 
 #include "Internationalization/Internationalization.h"
 #include "Internationalization/TextLocalizationManager.h"

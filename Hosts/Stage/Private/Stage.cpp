@@ -1,4 +1,4 @@
-#include "Stage.h"
+#include "Stage/Stage.h"
 
 #include "Blueprint/WidgetTeardown.h"
 #include "Components/CanvasPanel.h"

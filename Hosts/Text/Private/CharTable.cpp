@@ -1,6 +1,6 @@
 #include "CharTable.h"
 
-#include "Languages.h"
+#include "TextLanguages.h"
 #include "RunShaping.h"
 
 #include <unicode/uchar.h>
@@ -14,10 +14,10 @@ namespace Flitmark
 namespace
 {
 
-constexpr std::uint64_t KnownBit = std::uint64_t{1} << 63U;
-constexpr std::int64_t MaxPackedAdvance = 0xffffff;
+constexpr uint64 KnownBit = uint64{1} << 63U;
+constexpr int64 MaxPackedAdvance = 0xffffff;
 
-std::uint8_t ReadScript(UChar32 InPoint)
+uint8 ReadScript(UChar32 InPoint)
 {
 	UErrorCode Error = U_ZERO_ERROR;
 	const UScriptCode Script = uscript_getScript(InPoint, &Error);
@@ -34,8 +34,8 @@ std::uint8_t ReadScript(UChar32 InPoint)
 	default:
 		break;
 	}
-	const bool bFits = U_SUCCESS(Error) && Script >= 0 && Script <= std::numeric_limits<std::uint8_t>::max();
-	return bFits ? static_cast<std::uint8_t>(Script) : static_cast<std::uint8_t>(USCRIPT_COMMON);
+	const bool bFits = U_SUCCESS(Error) && Script >= 0 && Script <= std::numeric_limits<uint8>::max();
+	return bFits ? static_cast<uint8>(Script) : static_cast<uint8>(USCRIPT_COMMON);
 }
 
 std::array<hb_script_t, 256> MakeScripts()
@@ -95,15 +95,15 @@ ECharFlags ReadFlags(UChar32 InPoint)
 	return Flags;
 }
 
-/** Characters that are set one by one by themselves, but not beside certain others. */
-bool JoinsNeighbours(std::uint32_t InPoint, hb_script_t InScript)
+/** Characters that can be set one by one, but not next to certain others. */
+bool JoinsNeighbors(uint32 InPoint, hb_script_t InScript)
 {
-	// Letters of Hangul make up syllables.
+	// Hangul letters form syllables.
 	if (InScript == HB_SCRIPT_HANGUL)
 	{
 		return InPoint < 0xac00 || InPoint > 0xd7a3;
 	}
-	// The fraction slash makes digits small; halves of the vertical repeat mark of kana become the whole one.
+	// The fraction slash shrinks digits; the halves of the vertical kana repeat mark join.
 	return InPoint == 0x2044 || (InPoint >= 0x3033 && InPoint <= 0x3035);
 }
 
@@ -122,24 +122,24 @@ FCharTable::~FCharTable()
 	}
 }
 
-hb_script_t FCharTable::GetScript(std::uint8_t InScript)
+hb_script_t FCharTable::GetScript(uint8 InScript)
 {
 	static const std::array<hb_script_t, 256> Scripts = MakeScripts();
 	return Scripts[InScript];
 }
 
-bool FCharTable::IsCommon(std::uint8_t InScript)
+bool FCharTable::IsCommon(uint8 InScript)
 {
 	return InScript == USCRIPT_COMMON;
 }
 
-std::uint64_t FCharTable::Pack(const FCharInfo& InInfo)
+uint64 FCharTable::Pack(const FCharInfo& InInfo)
 {
-	return KnownBit | static_cast<std::uint64_t>(InInfo.Flags) << 44U | std::uint64_t{InInfo.Script} << 36U |
-		   std::uint64_t{InInfo.Font} << 24U | static_cast<std::uint64_t>(InInfo.Advance);
+	return KnownBit | static_cast<uint64>(InInfo.Flags) << 44U | uint64{InInfo.Script} << 36U |
+		   uint64{InInfo.Font} << 24U | static_cast<uint64>(InInfo.Advance);
 }
 
-FCharInfo FCharTable::Learn(std::uint32_t InPoint)
+FCharInfo FCharTable::Learn(uint32 InPoint)
 {
 	FCharInfo Info;
 	Info.Script = ReadScript(static_cast<UChar32>(InPoint));
@@ -153,27 +153,27 @@ FCharInfo FCharTable::Learn(std::uint32_t InPoint)
 	return Info;
 }
 
-/** A character that takes on its neighbours' script must be as wide in each script and language it may get. */
-bool FCharTable::MeasureSimple(std::uint32_t InPoint, FCharInfo& InOutInfo)
+/** A character that inherits its neighbors' script must be equally wide in every script and language it may get. */
+bool FCharTable::MeasureSimple(uint32 InPoint, FCharInfo& InOutInfo)
 {
 	const FFont& Font = Fonts.Get(InOutInfo.Font);
 	const hb_script_t Script = GetScript(InOutInfo.Script);
 	const ECharFlags NeverSimple = ECharFlags::Mark | ECharFlags::Ignorable | ECharFlags::Bidi |
 								   ECharFlags::EmojiByDefault | ECharFlags::Regional | ECharFlags::SkinTone;
-	if (HasAny(InOutInfo.Flags, NeverSimple) || !IsSetPlain(Font, Script) || JoinsNeighbours(InPoint, Script))
+	if (HasAny(InOutInfo.Flags, NeverSimple) || !IsSetPlain(Font, Script) || JoinsNeighbors(InPoint, Script))
 	{
 		return false;
 	}
 	const std::array AllScripts = {Script, HB_SCRIPT_HAN, HB_SCRIPT_HANGUL};
 	const std::span Scripts(AllScripts.data(), Script == HB_SCRIPT_COMMON ? AllScripts.size() : 1);
 	hb_buffer_t* Buffer = GetThreadBuffer();
-	std::int64_t Advance = -1;
+	int64 Advance = -1;
 	for (const hb_script_t Each : Scripts)
 	{
 		for (const hb_language_t Language : GetHanLanguages())
 		{
 			ShapeRun(Buffer, Font, {Each, Language, false}, {&InPoint, 1}, 0, 1);
-			const std::int64_t Sum = SumAdvances(Buffer);
+			const int64 Sum = SumAdvances(Buffer);
 			if (Sum < 0 || Sum > MaxPackedAdvance || (Advance >= 0 && Sum != Advance))
 			{
 				return false;
@@ -181,7 +181,7 @@ bool FCharTable::MeasureSimple(std::uint32_t InPoint, FCharInfo& InOutInfo)
 			Advance = Sum;
 		}
 	}
-	InOutInfo.Advance = static_cast<std::int32_t>(Advance);
+	InOutInfo.Advance = static_cast<int32>(Advance);
 	return true;
 }
 

@@ -1,30 +1,30 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "FontSet.h"
 
 #include <array>
 #include <atomic>
-#include <cstdint>
 #include <memory>
 
 namespace Flitmark
 {
 
-/** What a character means for setting text. */
-enum class ECharFlags : std::uint16_t
+/** Layout properties of a character. */
+enum class ECharFlags : uint16
 {
 	None = 0,
 
-	/** In a run that is set plainly it adds its own Advance, whatever stands beside it. */
+	/** In a plain run, it adds its own Advance, whatever its neighbors. */
 	Simple = 1U << 0U,
 
-	/** Combines with the character before it. */
+	/** Combines with the preceding character. */
 	Mark = 1U << 1U,
 
 	/** Invisible by itself: joiners, variation selectors, direction marks. */
 	Ignorable = 1U << 2U,
 
-	/** Right-to-left, or decides about directions: the line needs the bidirectional algorithm. */
+	/** Right-to-left, or affects direction: the line needs the bidirectional algorithm. */
 	Bidi = 1U << 3U,
 
 	/** May be shown as an emoji (ASCII left aside: see keycaps); is one by default; a skin tone; half a flag. */
@@ -52,19 +52,19 @@ constexpr bool HasAny(ECharFlags InFlags, ECharFlags InAsked)
 struct FCharInfo
 {
 	/** In TextMetrics::UnitsPerEm; only of Simple characters. */
-	std::int32_t Advance = 0;
+	int32 Advance = 0;
 
-	/** First font that has the character, the emoji font last; the primary one where none has it. */
+	/** First font that has the character, the emoji font last; the primary one if none has it. */
 	FFontId Font = FFontSet::Primary;
 
-	/** For FCharTable::GetScript; kana and bopomofo count as Han, which they are set with. */
-	std::uint8_t Script = 0;
+	/** For FCharTable::GetScript; kana and bopomofo count as Han, with which they are laid out. */
+	uint8 Script = 0;
 	ECharFlags Flags = ECharFlags::None;
 };
 
 /**
- * What is known of every character, found out when it is first met. A look-up takes no lock: whoever meets a character
- * first computes the same record as everybody else, so it doesn't matter who stores it.
+ * Properties of every character, computed on first use. A lookup takes no lock: whoever sees a character
+ * first computes the same record as everyone else, so it does not matter who stores it.
  */
 class FCharTable
 {
@@ -75,29 +75,29 @@ public:
 	FCharTable& operator=(const FCharTable&) = delete;
 
 	/** InPoint: up to 0x10ffff. */
-	FCharInfo Find(std::uint32_t InPoint)
+	FCharInfo Find(uint32 InPoint)
 	{
 		const FPage* Page = Pages[InPoint / PageSize].load(std::memory_order_acquire);
-		const std::uint64_t Packed = Page ? (*Page)[InPoint % PageSize].load(std::memory_order_relaxed) : 0;
+		const uint64 Packed = Page ? (*Page)[InPoint % PageSize].load(std::memory_order_relaxed) : 0;
 		return Packed != 0 ? Unpack(Packed) : Learn(InPoint);
 	}
 
-	static hb_script_t GetScript(std::uint8_t InScript);
-	static bool IsCommon(std::uint8_t InScript);
+	static hb_script_t GetScript(uint8 InScript);
+	static bool IsCommon(uint8 InScript);
 
 private:
 	static constexpr std::size_t PageSize = 256;
-	using FPage = std::array<std::atomic<std::uint64_t>, PageSize>;
+	using FPage = std::array<std::atomic<uint64>, PageSize>;
 
-	static std::uint64_t Pack(const FCharInfo& InInfo);
-	static FCharInfo Unpack(std::uint64_t InPacked)
+	static uint64 Pack(const FCharInfo& InInfo);
+	static FCharInfo Unpack(uint64 InPacked)
 	{
-		return {static_cast<std::int32_t>(InPacked & 0xffffffU), static_cast<FFontId>(InPacked >> 24U & 0xfffU),
-				static_cast<std::uint8_t>(InPacked >> 36U & 0xffU), static_cast<ECharFlags>(InPacked >> 44U & 0xffffU)};
+		return {static_cast<int32>(InPacked & 0xffffffU), static_cast<FFontId>(InPacked >> 24U & 0xfffU),
+				static_cast<uint8>(InPacked >> 36U & 0xffU), static_cast<ECharFlags>(InPacked >> 44U & 0xffffU)};
 	}
 
-	FCharInfo Learn(std::uint32_t InPoint);
-	bool MeasureSimple(std::uint32_t InPoint, FCharInfo& InOutInfo);
+	FCharInfo Learn(uint32 InPoint);
+	bool MeasureSimple(uint32 InPoint, FCharInfo& InOutInfo);
 	FPage& NeedPage(std::size_t InPage);
 
 	FFontSet& Fonts;

@@ -8,29 +8,29 @@ namespace Flitmark
 namespace
 {
 
-constexpr std::uint32_t Joiner = 0x200d;
-constexpr std::uint32_t TextSelector = 0xfe0e;
-constexpr std::uint32_t EmojiSelector = 0xfe0f;
-constexpr std::uint32_t Keycap = 0x20e3;
+constexpr uint32 Joiner = 0x200d;
+constexpr uint32 TextSelector = 0xfe0e;
+constexpr uint32 EmojiSelector = 0xfe0f;
+constexpr uint32 Keycap = 0x20e3;
 
 bool Has(const FLine& InLine, std::size_t InIndex, ECharFlags InFlags)
 {
 	return InIndex < InLine.Infos.size() && HasAny(InLine.Infos[InIndex].Flags, InFlags);
 }
 
-bool Is(const FLine& InLine, std::size_t InIndex, std::uint32_t InPoint)
+bool Is(const FLine& InLine, std::size_t InIndex, uint32 InPoint)
 {
 	return InIndex < InLine.Points.size() && InLine.Points[InIndex] == InPoint;
 }
 
 bool IsKeycap(const FLine& InLine, std::size_t InBegin)
 {
-	const std::uint32_t Point = InLine.Points[InBegin];
+	const uint32 Point = InLine.Points[InBegin];
 	const bool bBase = (Point >= '0' && Point <= '9') || Point == '#' || Point == '*';
 	return bBase && Is(InLine, InBegin + (Is(InLine, InBegin + 1, EmojiSelector) ? 2 : 1), Keycap);
 }
 
-/** Whether the cluster that begins here is to be shown as an emoji. */
+/** Whether the cluster that begins here is displayed as an emoji. */
 bool IsEmoji(const FLine& InLine, std::size_t InBegin)
 {
 	if (!Has(InLine, InBegin, ECharFlags::Emoji))
@@ -77,13 +77,13 @@ void SetFont(FLine& InOutLine, std::size_t InBegin, std::size_t InEnd, FFontId I
 	for (std::size_t Index = InBegin; Index < InEnd; ++Index)
 	{
 		FCharInfo& Info = InOutLine.Infos[Index];
-		// The advance that a simple character brings along is that of its own font.
+		// The advance stored with a simple character is that of its own font.
 		Info.Flags = Info.Font == InFont ? Info.Flags : Without(Info.Flags, ECharFlags::Simple);
 		Info.Font = InFont;
 	}
 }
 
-/** The base's own font if it can draw the marks, else one that can draw all; else each mark is drawn by its own. */
+/** The base's own font if it has the marks, else one that has everything; else each mark uses its own. */
 void SetTextFont(FFontSet& InFonts, FLine& InOutLine, std::size_t InBegin, std::size_t InEnd)
 {
 	const FFontId Font = InOutLine.Infos[InBegin].Font;

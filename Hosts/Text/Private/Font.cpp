@@ -78,7 +78,7 @@ void FFont::FitEmoji()
 	hb_font_set_scale(Shaping.get(), Scale, Scale);
 }
 
-bool FFont::Covers(std::uint32_t InPoint) const
+bool FFont::Covers(uint32 InPoint) const
 {
 	hb_codepoint_t Glyph = 0;
 	return hb_font_get_nominal_glyph(Shaping.get(), InPoint, &Glyph) != 0;

@@ -37,7 +37,7 @@ void FFontSet::Fill(std::vector<FFontFile> InFiles)
 	{
 		Slots.push_back(std::make_unique<FSlot>());
 		Slots.back()->File = std::move(File);
-		// The primary font stands in for all that no font has, so it must load.
+		// The primary font stands in for characters that no font has, so it must load.
 		if (Slots.size() == 1 && TryLoad(0) == nullptr)
 		{
 			Slots.clear();
@@ -49,12 +49,12 @@ void FFontSet::Fill(std::vector<FFontFile> InFiles)
 	}
 }
 
-std::optional<FFontId> FFontSet::FindCovering(std::span<const std::uint32_t> InPoints)
+std::optional<FFontId> FFontSet::FindCovering(std::span<const uint32> InPoints)
 {
 	for (std::size_t Index = 0; Index < Slots.size(); ++Index)
 	{
 		const FcCharSet* Coverage = Slots[Index]->File.Coverage.get();
-		const auto bHas = [Coverage](std::uint32_t Point)
+		const auto bHas = [Coverage](uint32 Point)
 		{
 			return FcCharSetHasChar(Coverage, Point) != FcFalse;
 		};

@@ -1,7 +1,7 @@
 #include "GlyphStore.h"
 
 #include "GlyphRenderer.h"
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 
 namespace Flitmark
 {
@@ -26,11 +26,10 @@ std::shared_ptr<const FGlyphImage> FGlyphStore::Get(const FGlyphKey& InKey)
 
 std::size_t FGlyphStore::FHash::operator()(const FGlyphKey& InKey) const
 {
-	// Multiplied by odd constants of random bits and folded: cheap, and spreads neighbouring glyphs.
-	const std::uint64_t Which = std::uint64_t{InKey.Glyph} << 24U | std::uint64_t{InKey.Font} << 8U | InKey.Phase;
-	const std::uint64_t Size = static_cast<std::uint64_t>(static_cast<std::uint32_t>(InKey.EmX)) << 32U |
-							   static_cast<std::uint32_t>(InKey.EmY);
-	const std::uint64_t Mixed = Which * 0x9e3779b97f4a7c15U ^ (Size * 0xc2b2ae3d27d4eb4fU >> 7U);
+	// Multiplied by odd random constants and folded: cheap, and spreads neighboring glyphs.
+	const uint64 Which = uint64{InKey.Glyph} << 24U | uint64{InKey.Font} << 8U | InKey.Phase;
+	const uint64 Size = static_cast<uint64>(static_cast<uint32>(InKey.EmX)) << 32U | static_cast<uint32>(InKey.EmY);
+	const uint64 Mixed = Which * 0x9e3779b97f4a7c15U ^ (Size * 0xc2b2ae3d27d4eb4fU >> 7U);
 	return static_cast<std::size_t>(Mixed ^ Mixed >> 29U);
 }
 

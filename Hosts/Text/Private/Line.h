@@ -1,14 +1,14 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "CharTable.h"
 
-#include <cstdint>
 #include <vector>
 
 namespace Flitmark
 {
 
-/** Neighbouring characters of a line that are shaped together. */
+/** Adjacent characters of a line that are shaped together. */
 struct FRun
 {
 	std::size_t Begin = 0;
@@ -16,26 +16,26 @@ struct FRun
 	FFontId Font = FFontSet::Primary;
 
 	/** For FCharTable::GetScript. */
-	std::uint8_t Script = 0;
+	uint8 Script = 0;
 
 	/** Embedding level of the bidirectional algorithm; odd is right-to-left. */
-	std::int8_t Level = 0;
+	int8 Level = 0;
 
 	/** Every character is Simple. */
 	bool bSimple = false;
 };
 
-/** A line being set. Kept and filled again, so that setting a line takes no memory. */
+/** A line being laid out. Reused, so that laying out a line allocates nothing. */
 struct FLine
 {
-	std::vector<std::uint32_t> Points;
+	std::vector<uint32> Points;
 	hb_language_t Language = nullptr;
 
-	/** Beside Points: their records, with the font that they are set in. */
+	/** Parallel to Points: their records, with the font to use. */
 	std::vector<FCharInfo> Infos;
-	std::vector<std::int8_t> Levels;
+	std::vector<int8> Levels;
 
-	/** From left to right as they stand on screen. */
+	/** In visual order, left to right. */
 	std::vector<FRun> Runs;
 };
 

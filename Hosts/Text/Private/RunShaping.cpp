@@ -20,13 +20,13 @@ constexpr std::array PlainFeatures = {SwitchOff('k', 'e', 'r', 'n'), SwitchOff('
 
 bool IsSetPlain(const FFont& InFont, hb_script_t InScript)
 {
-	// Emoji fonts join their sequences by ligatures.
+	// Emoji fonts join sequences by ligatures.
 	return !InFont.IsColor() &&
 		   (InScript == HB_SCRIPT_HAN || InScript == HB_SCRIPT_HANGUL || InScript == HB_SCRIPT_COMMON);
 }
 
-void ShapeRun(hb_buffer_t* InBuffer, const FFont& InFont, const FRunStyle& InStyle,
-			  std::span<const std::uint32_t> InLine, std::size_t InBegin, std::size_t InCount)
+void ShapeRun(hb_buffer_t* InBuffer, const FFont& InFont, const FRunStyle& InStyle, std::span<const uint32> InLine,
+			  std::size_t InBegin, std::size_t InCount)
 {
 	hb_buffer_clear_contents(InBuffer);
 	hb_buffer_add_codepoints(InBuffer, InLine.data(), static_cast<int>(InLine.size()), static_cast<unsigned>(InBegin),
@@ -39,11 +39,11 @@ void ShapeRun(hb_buffer_t* InBuffer, const FFont& InFont, const FRunStyle& InSty
 			 bPlain ? static_cast<unsigned>(PlainFeatures.size()) : 0);
 }
 
-std::int64_t SumAdvances(hb_buffer_t* InBuffer)
+int64 SumAdvances(hb_buffer_t* InBuffer)
 {
 	unsigned Count = 0;
 	const hb_glyph_position_t* Positions = hb_buffer_get_glyph_positions(InBuffer, &Count);
-	std::int64_t Sum = 0;
+	int64 Sum = 0;
 	for (unsigned Index = 0; Index < Count; ++Index)
 	{
 		Sum += Positions[Index].x_advance;

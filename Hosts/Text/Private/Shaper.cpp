@@ -1,9 +1,9 @@
 #include "Shaper.h"
 
-#include "Itemiser.h"
-#include "Languages.h"
+#include "Itemizer.h"
+#include "TextLanguages.h"
 #include "RunShaping.h"
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 #include "TextLines.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace Flitmark
 namespace
 {
 
-void AddGlyphs(hb_buffer_t* InBuffer, const FRun& InRun, std::int32_t InLine, std::int64_t& InOutPen,
+void AddGlyphs(hb_buffer_t* InBuffer, const FRun& InRun, int32 InLine, int64& InOutPen,
 			   std::vector<FShapedGlyph>& OutGlyphs)
 {
 	unsigned Count = 0;
@@ -45,7 +45,7 @@ FTextExtent FShaper::SetLines(std::u16string_view InText, SetLineType InSetLine)
 			Extent.bCut = true;
 			break;
 		}
-		Itemise(Fonts, Chars, Line);
+		Itemize(Fonts, Chars, Line);
 		Extent.LongestAdvance = std::max(Extent.LongestAdvance, InSetLine(Line, Extent.Lines));
 		++Extent.Lines;
 	}
@@ -55,9 +55,9 @@ FTextExtent FShaper::SetLines(std::u16string_view InText, SetLineType InSetLine)
 FTextExtent FShaper::Measure(std::u16string_view InText)
 {
 	return SetLines(InText,
-					[this](const FLine& InLine, std::int32_t)
+					[this](const FLine& InLine, int32)
 					{
-						std::int64_t Advance = 0;
+						int64 Advance = 0;
 						for (const FRun& Run : InLine.Runs)
 						{
 							Advance += MeasureRun(InLine, Run);
@@ -69,9 +69,9 @@ FTextExtent FShaper::Measure(std::u16string_view InText)
 FTextExtent FShaper::Shape(std::u16string_view InText, std::vector<FShapedGlyph>& OutGlyphs)
 {
 	return SetLines(InText,
-					[this, &OutGlyphs](const FLine& InLine, std::int32_t InNumber)
+					[this, &OutGlyphs](const FLine& InLine, int32 InNumber)
 					{
-						std::int64_t Pen = 0;
+						int64 Pen = 0;
 						for (const FRun& Run : InLine.Runs)
 						{
 							ShapeRunOf(InLine, Run);
@@ -81,12 +81,12 @@ FTextExtent FShaper::Shape(std::u16string_view InText, std::vector<FShapedGlyph>
 					});
 }
 
-std::int64_t FShaper::MeasureRun(const FLine& InLine, const FRun& InRun)
+int64 FShaper::MeasureRun(const FLine& InLine, const FRun& InRun)
 {
-	// Simple characters are on a grid: their advances add up to just what shaping the run gives.
+	// Simple characters are on a grid: their advances add up to exactly what shaping the run gives.
 	if (InRun.bSimple)
 	{
-		std::int64_t Advance = 0;
+		int64 Advance = 0;
 		for (std::size_t Index = InRun.Begin; Index < InRun.Begin + InRun.Count; ++Index)
 		{
 			Advance += InLine.Infos[Index].Advance;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "Line.h"
 
 #include <string_view>
@@ -8,28 +9,28 @@
 namespace Flitmark
 {
 
-/** A glyph on its line: pen position from the line's left end, y upwards from the baseline, TextMetrics::UnitsPerEm. */
+/** A glyph on its line: pen position from the line's left end, y up from the baseline, TextMetrics::UnitsPerEm. */
 struct FShapedGlyph
 {
-	std::uint32_t Glyph = 0;
+	uint32 Glyph = 0;
 	FFontId Font = FFontSet::Primary;
-	std::int32_t Line = 0;
-	std::int64_t X = 0;
-	std::int64_t Y = 0;
+	int32 Line = 0;
+	int64 X = 0;
+	int64 Y = 0;
 };
 
-/** What a text's box comes from, at any size. */
+/** Metrics from which a text's box is computed at any size. */
 struct FTextExtent
 {
 	/** In TextMetrics::UnitsPerEm. */
-	std::int64_t LongestAdvance = 0;
-	std::int32_t Lines = 0;
+	int64 LongestAdvance = 0;
+	int32 Lines = 0;
 
 	/** More lines than FTextLimits::MaxLines. */
 	bool bCut = false;
 };
 
-/** Sets texts that LimitText has shortened. Safe to call from several threads. */
+/** Lays out texts shortened by LimitText. Thread-safe. */
 class FShaper
 {
 public:
@@ -41,14 +42,14 @@ public:
 
 	FTextExtent Measure(std::u16string_view InText);
 
-	/** Measures likewise, and adds the text's glyphs to OutGlyphs, line by line, from left to right. */
+	/** Also measures, and adds the text's glyphs to OutGlyphs, line by line, left to right. */
 	FTextExtent Shape(std::u16string_view InText, std::vector<FShapedGlyph>& OutGlyphs);
 
 private:
 	template <typename SetLineType>
 	FTextExtent SetLines(std::u16string_view InText, SetLineType InSetLine);
 
-	std::int64_t MeasureRun(const FLine& InLine, const FRun& InRun);
+	int64 MeasureRun(const FLine& InLine, const FRun& InRun);
 	void ShapeRunOf(const FLine& InLine, const FRun& InRun);
 
 	FFontSet& Fonts;

@@ -1,6 +1,6 @@
 #include "SpritePainter.h"
 
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 #include "TextMetrics.h"
 
 #include <algorithm>
@@ -15,104 +15,104 @@ namespace Flitmark
 namespace
 {
 
-/** Pixels of a mask that a thread keeps for its next sprite. */
+/** Pixels of the mask that each thread keeps for its next sprite. */
 constexpr std::size_t MaxKeptPixels = std::size_t{1} << 20;
 
-/** Memory of the glyphs of a sprite: what covers a sprite of the largest size four times over. */
-constexpr std::size_t MaxGlyphBytes = std::size_t{FTextLimits::MaxSpritePixels} * sizeof(std::uint16_t) * 4;
+/** Memory for the glyphs of a sprite: enough to cover the largest sprite four times. */
+constexpr std::size_t MaxGlyphBytes = std::size_t{FTextLimits::MaxSpritePixels} * sizeof(uint16) * 4;
 
 struct FPlacedImage
 {
 	std::shared_ptr<const FGlyphImage> Image;
-	std::int32_t X = 0;
-	std::int32_t Y = 0;
+	int32 X = 0;
+	int32 Y = 0;
 };
 
 struct FBounds
 {
-	std::int64_t Left = std::numeric_limits<std::int32_t>::max();
-	std::int64_t Top = std::numeric_limits<std::int32_t>::max();
-	std::int64_t Right = std::numeric_limits<std::int32_t>::min();
-	std::int64_t Bottom = std::numeric_limits<std::int32_t>::min();
+	int64 Left = std::numeric_limits<int32>::max();
+	int64 Top = std::numeric_limits<int32>::max();
+	int64 Right = std::numeric_limits<int32>::min();
+	int64 Bottom = std::numeric_limits<int32>::min();
 
 	void Add(const FPlacedImage& InPlaced, const FPixelRect& InPlane)
 	{
 		if (InPlane.Width > 0)
 		{
-			Left = std::min<std::int64_t>(Left, InPlaced.X + InPlane.Left);
-			Top = std::min<std::int64_t>(Top, InPlaced.Y + InPlane.Top);
-			Right = std::max<std::int64_t>(Right, InPlaced.X + InPlane.Left + InPlane.Width);
-			Bottom = std::max<std::int64_t>(Bottom, InPlaced.Y + InPlane.Top + InPlane.Height);
+			Left = std::min<int64>(Left, InPlaced.X + InPlane.Left);
+			Top = std::min<int64>(Top, InPlaced.Y + InPlane.Top);
+			Right = std::max<int64>(Right, InPlaced.X + InPlane.Left + InPlane.Width);
+			Bottom = std::max<int64>(Bottom, InPlaced.Y + InPlane.Top + InPlane.Height);
 		}
 	}
 };
 
-/** Of two values up to 255, as fractions of it: the product, rounded. */
-constexpr std::uint16_t Multiply(std::uint16_t InLeft, std::uint16_t InRight)
+/** Product of two fractions of 255, rounded. */
+constexpr uint16 Multiply(uint16 InLeft, uint16 InRight)
 {
-	const auto Sum = static_cast<std::uint16_t>(InLeft * InRight + 128U);
-	return static_cast<std::uint16_t>(static_cast<std::uint16_t>(Sum + (Sum >> 8U)) >> 8U);
+	const auto Sum = static_cast<uint16>(InLeft * InRight + 128U);
+	return static_cast<uint16>(static_cast<uint16>(Sum + (Sum >> 8U)) >> 8U);
 }
 
-/** Calls InBlendRow(first pixel in the sprite, row and column in the plane, pixels) for each row that lies in the sprite. */
+/** Calls InBlendRow(first pixel in the sprite, row and column in the plane, pixels) for each row inside the sprite. */
 template <typename BlendRowType>
 void ForEachRow(const FSprite& InSprite, const FPlacedImage& InPlaced, const FPixelRect& InPlane,
 				BlendRowType InBlendRow)
 {
-	const std::int32_t X = InPlaced.X + InPlane.Left - InSprite.Left;
-	const std::int32_t Y = InPlaced.Y + InPlane.Top - InSprite.Top;
-	const std::int32_t Left = std::max(X, 0);
-	const std::int32_t Width = std::min(X + InPlane.Width, InSprite.Width) - Left;
-	const std::int32_t Bottom = std::min(Y + InPlane.Height, InSprite.Height);
+	const int32 X = InPlaced.X + InPlane.Left - InSprite.Left;
+	const int32 Y = InPlaced.Y + InPlane.Top - InSprite.Top;
+	const int32 Left = std::max(X, 0);
+	const int32 Width = std::min(X + InPlane.Width, InSprite.Width) - Left;
+	const int32 Bottom = std::min(Y + InPlane.Height, InSprite.Height);
 	if (Width <= 0)
 	{
 		return;
 	}
-	for (std::int32_t Row = std::max(Y, 0); Row < Bottom; ++Row)
+	for (int32 Row = std::max(Y, 0); Row < Bottom; ++Row)
 	{
 		InBlendRow(std::ptrdiff_t{Row} * InSprite.Width + Left, Row - Y, Left - X, Width);
 	}
 }
 
 /**
- * Coverages add up, since parts of one letter may abut in a pixel; of outlines the darkest counts, so that they don't
- * darken each other. In 16 bits and plain loops, so that compilers make vectors of it.
+ * Coverage adds up, since parts of a letter may abut within a pixel; for outlines the darkest wins, so that they do not
+ * darken each other. 16 bits and plain loops, so that compilers vectorize it.
  */
-void BlendMask(std::uint16_t* __restrict OutTarget, const std::uint16_t* __restrict InSource, std::int32_t InCount)
+void BlendMask(uint16* __restrict OutTarget, const uint16* __restrict InSource, int32 InCount)
 {
-	for (std::int32_t Index = 0; Index < InCount; ++Index)
+	for (int32 Index = 0; Index < InCount; ++Index)
 	{
-		const auto Fill = static_cast<std::uint16_t>((OutTarget[Index] & 0xffU) + (InSource[Index] & 0xffU));
-		const auto Below = static_cast<std::uint16_t>(OutTarget[Index] >> 8U);
-		const auto Above = static_cast<std::uint16_t>(InSource[Index] >> 8U);
-		const std::uint16_t Capped = Fill < 255 ? Fill : std::uint16_t{255};
-		const std::uint16_t Shade = Below < Above ? Above : Below;
-		OutTarget[Index] = static_cast<std::uint16_t>(Capped | Shade << 8U);
+		const auto Fill = static_cast<uint16>((OutTarget[Index] & 0xffU) + (InSource[Index] & 0xffU));
+		const auto Below = static_cast<uint16>(OutTarget[Index] >> 8U);
+		const auto Above = static_cast<uint16>(InSource[Index] >> 8U);
+		const uint16 Capped = Fill < 255 ? Fill : uint16{255};
+		const uint16 Shade = Below < Above ? Above : Below;
+		OutTarget[Index] = static_cast<uint16>(Capped | Shade << 8U);
 	}
 }
 
-void BlendColor(std::uint8_t* OutTarget, const std::uint8_t* InSource, std::uint16_t InAlpha, std::int32_t InCount)
+void BlendColor(uint8* OutTarget, const uint8* InSource, uint16 InAlpha, int32 InCount)
 {
-	for (std::int32_t Index = 0; Index < InCount; ++Index, OutTarget += 4, InSource += 4)
+	for (int32 Index = 0; Index < InCount; ++Index, OutTarget += 4, InSource += 4)
 	{
-		const auto Uncovered = static_cast<std::uint16_t>(255U - Multiply(InSource[3], InAlpha));
+		const auto Uncovered = static_cast<uint16>(255U - Multiply(InSource[3], InAlpha));
 		for (std::size_t Channel = 0; Channel < 4; ++Channel)
 		{
 			const unsigned Own = Multiply(InSource[Channel], InAlpha);
 			const unsigned Below = Multiply(OutTarget[Channel], Uncovered);
-			OutTarget[Channel] = static_cast<std::uint8_t>(std::min(Own + Below, 255U));
+			OutTarget[Channel] = static_cast<uint8>(std::min(Own + Below, 255U));
 		}
 	}
 }
 
-/** Beyond these, in pixels from the comment's corner, nothing of a glyph would be painted. */
+/** Outside these bounds, in pixels from the comment's corner, nothing of a glyph would be painted. */
 struct FReach
 {
 	double Right = std::numeric_limits<double>::infinity();
 	double Bottom = std::numeric_limits<double>::infinity();
 };
 
-/** Known before a glyph is drawn: drawing what is left out would take the time and memory that the limits save. */
+/** Decided before a glyph is drawn: drawing what is then dropped would cost the time and memory that the limits save. */
 FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle)
 {
 	const auto IsLeftOf = [](const FShapedGlyph& InLeft, const FShapedGlyph& InRight)
@@ -128,7 +128,7 @@ FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InS
 	const double LineHeight = TextMetrics::LineHeight * InStyle.EmY;
 	const double Left = TextMetrics::ToEms(First->X) * InStyle.EmX;
 	const double Top = InGlyphs.front().Line * LineHeight;
-	// An em more on both sides for what the glyphs are wide.
+	// One more em on both sides for the width of the glyphs.
 	const double Width = TextMetrics::ToEms(Last->X) * InStyle.EmX - Left + 2.0 * InStyle.EmX;
 	const double Height = (InGlyphs.back().Line + 1) * LineHeight - Top;
 	if (Width * Height > static_cast<double>(FTextLimits::MaxSpritePixels))
@@ -140,13 +140,13 @@ FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InS
 	return Reach;
 }
 
-/** Draws the glyphs. False where some were left out. */
+/** Draws the glyphs. False if some were left out. */
 bool PlaceGlyphs(FGlyphStore& InStore, std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle,
 				 std::vector<FPlacedImage>& OutPlaced)
 {
 	constexpr double SubPixels = 64.0;
-	const auto EmX = static_cast<std::int32_t>(std::lround(InStyle.EmX * SubPixels));
-	const auto EmY = static_cast<std::int32_t>(std::lround(InStyle.EmY * SubPixels));
+	const auto EmX = static_cast<int32>(std::lround(InStyle.EmX * SubPixels));
+	const auto EmY = static_cast<int32>(std::lround(InStyle.EmY * SubPixels));
 	const FReach Reach = FindReach(InGlyphs, InStyle);
 	std::size_t Bytes = 0;
 	OutPlaced.reserve(InGlyphs.size());
@@ -159,18 +159,18 @@ bool PlaceGlyphs(FGlyphStore& InStore, std::span<const FShapedGlyph> InGlyphs, c
 			continue;
 		}
 		const double Raise = TextMetrics::ToEms(Glyph.Y) * InStyle.EmY;
-		const std::int64_t Steps = std::llround(PenX * FGlyphKey::PhaseCount);
-		const auto Phase = static_cast<std::uint8_t>(Steps & (FGlyphKey::PhaseCount - 1));
+		const int64 Steps = std::llround(PenX * FGlyphKey::PhaseCount);
+		const auto Phase = static_cast<uint8>(Steps & (FGlyphKey::PhaseCount - 1));
 		FPlacedImage& Placed = OutPlaced.emplace_back();
 		Placed.Image = InStore.Get({Glyph.Glyph, Glyph.Font, Phase, EmX, EmY});
-		Placed.X = static_cast<std::int32_t>((Steps - Phase) / FGlyphKey::PhaseCount);
-		Placed.Y = static_cast<std::int32_t>(std::lround(Baseline) - std::lround(Raise));
+		Placed.X = static_cast<int32>((Steps - Phase) / FGlyphKey::PhaseCount);
+		Placed.Y = static_cast<int32>(std::lround(Baseline) - std::lround(Raise));
 		Bytes += Placed.Image->CountBytes();
 	}
 	return OutPlaced.size() == InGlyphs.size();
 }
 
-/** Sizes the sprite to its ink, as far as that may be painted. */
+/** Sizes the sprite to its ink, within the limits. */
 void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
 {
 	FBounds Bounds;
@@ -180,8 +180,8 @@ void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
 		Bounds.Add(Placed, Placed.Image->Color);
 		OutSprite.bCut = OutSprite.bCut || Placed.Image->bCut;
 	}
-	std::int64_t Width = Bounds.Right - Bounds.Left;
-	std::int64_t Height = Bounds.Bottom - Bounds.Top;
+	int64 Width = Bounds.Right - Bounds.Left;
+	int64 Height = Bounds.Bottom - Bounds.Top;
 	if (Width <= 0 || Height <= 0)
 	{
 		return;
@@ -192,65 +192,64 @@ void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
 		Width = std::min(Width, FTextLimits::MaxSpritePixels / Height);
 		OutSprite.bCut = true;
 	}
-	OutSprite.Left = static_cast<std::int32_t>(Bounds.Left);
-	OutSprite.Top = static_cast<std::int32_t>(Bounds.Top);
-	OutSprite.Width = static_cast<std::int32_t>(Width);
-	OutSprite.Height = static_cast<std::int32_t>(Height);
+	OutSprite.Left = static_cast<int32>(Bounds.Left);
+	OutSprite.Top = static_cast<int32>(Bounds.Top);
+	OutSprite.Width = static_cast<int32>(Width);
+	OutSprite.Height = static_cast<int32>(Height);
 }
 
 static_assert(std::endian::native == std::endian::little, "a pixel's first byte, red, is its lowest");
 
-/** Whether a dark outline would make a blob of the letters: the colour's luma (BT.709) out of 255. */
+/** Whether a dark outline would make the letters illegible: the color's luma (BT.709) out of 255. */
 constexpr bool IsDark(FTextColor InColor)
 {
 	constexpr unsigned DarkestWithDarkOutline = 40;
 	return (54U * InColor.Red + 183U * InColor.Green + 19U * InColor.Blue) >> 8U < DarkestWithDarkOutline;
 }
 
-/** Fill over outline, the whole faded by the colour's alpha. The outline is black, around dark letters white. */
-void ComposeMasks(const std::uint16_t* __restrict InMasks, std::size_t InCount, FTextColor InColor,
-				  std::uint8_t* __restrict OutPixels)
+/** Fill over outline, all faded by the color's alpha. The outline is black, or white around dark letters. */
+void ComposeMasks(const uint16* __restrict InMasks, std::size_t InCount, FTextColor InColor,
+				  uint8* __restrict OutPixels)
 {
-	const std::uint16_t Alpha = InColor.Alpha;
-	const std::uint16_t Red = Multiply(InColor.Red, Alpha);
-	const std::uint16_t Green = Multiply(InColor.Green, Alpha);
-	const std::uint16_t Blue = Multiply(InColor.Blue, Alpha);
-	const std::uint16_t OutlineLight = IsDark(InColor) ? Alpha : std::uint16_t{0};
+	const uint16 Alpha = InColor.Alpha;
+	const uint16 Red = Multiply(InColor.Red, Alpha);
+	const uint16 Green = Multiply(InColor.Green, Alpha);
+	const uint16 Blue = Multiply(InColor.Blue, Alpha);
+	const uint16 OutlineLight = IsDark(InColor) ? Alpha : uint16{0};
 	for (std::size_t Index = 0; Index < InCount; ++Index)
 	{
-		const auto Fill = static_cast<std::uint16_t>(InMasks[Index] & 0xffU);
-		const auto Shade = static_cast<std::uint16_t>(InMasks[Index] >> 8U);
-		const auto Uncovered = static_cast<std::uint16_t>(255U - Fill);
-		const std::uint16_t Edge = Multiply(Shade, Uncovered);
-		const std::uint16_t Light = Multiply(Edge, OutlineLight);
-		const auto Mix = [Fill, Light](std::uint16_t InChannel)
+		const auto Fill = static_cast<uint16>(InMasks[Index] & 0xffU);
+		const auto Shade = static_cast<uint16>(InMasks[Index] >> 8U);
+		const auto Uncovered = static_cast<uint16>(255U - Fill);
+		const uint16 Edge = Multiply(Shade, Uncovered);
+		const uint16 Light = Multiply(Edge, OutlineLight);
+		const auto Mix = [Fill, Light](uint16 InChannel)
 		{
-			// Both parts are rounded, so that together they may be one too much.
-			const auto Sum = static_cast<std::uint16_t>(Multiply(Fill, InChannel) + Light);
-			return Sum < 255 ? Sum : std::uint16_t{255};
+			// Both parts are rounded, so their sum may be one too large.
+			const auto Sum = static_cast<uint16>(Multiply(Fill, InChannel) + Light);
+			return Sum < 255 ? Sum : uint16{255};
 		};
-		const auto RedGreen = static_cast<std::uint16_t>(Mix(Red) | Mix(Green) << 8U);
-		const auto BlueAlpha = static_cast<std::uint16_t>(Mix(Blue) | Multiply(Fill + Edge, Alpha) << 8U);
-		const std::uint32_t Pixel = RedGreen | static_cast<std::uint32_t>(BlueAlpha) << 16U;
-		// Whole pixels, not bytes: those would be stored one by one.
+		const auto RedGreen = static_cast<uint16>(Mix(Red) | Mix(Green) << 8U);
+		const auto BlueAlpha = static_cast<uint16>(Mix(Blue) | Multiply(Fill + Edge, Alpha) << 8U);
+		const uint32 Pixel = RedGreen | static_cast<uint32>(BlueAlpha) << 16U;
+		// Whole pixels, because bytes would be stored one by one.
 		std::memcpy(OutPixels + 4 * Index, &Pixel, sizeof(Pixel));
 	}
 }
 
 void PaintMasks(std::span<const FPlacedImage> InPlaced, FTextColor InColor, FSprite& InOutSprite)
 {
-	thread_local std::vector<std::uint16_t> Canvas;
+	thread_local std::vector<uint16> Canvas;
 	const std::size_t Count = InOutSprite.Pixels.size() / 4;
-	// A glyph's whole blocks may reach past the last pixel: they are empty there.
+	// A glyph's blocks may extend past the last pixel; they are empty there.
 	Canvas.assign(Count + FMaskPlane::Block, 0);
 	for (const FPlacedImage& Placed : InPlaced)
 	{
 		const FMaskPlane& Plane = Placed.Image->Masks;
-		const auto BlendRow =
-			[&Plane](std::ptrdiff_t InTarget, std::int32_t InRow, std::int32_t InColumn, std::int32_t InCount)
+		const auto BlendRow = [&Plane](std::ptrdiff_t InTarget, int32 InRow, int32 InColumn, int32 InCount)
 		{
-			const std::uint16_t* Source = Plane.Pixels.data() + std::ptrdiff_t{InRow} * Plane.Stride + InColumn;
-			const std::int32_t Whole = InCount == Plane.Width ? Plane.Stride : InCount;
+			const uint16* Source = Plane.Pixels.data() + std::ptrdiff_t{InRow} * Plane.Stride + InColumn;
+			const int32 Whole = InCount == Plane.Width ? Plane.Stride : InCount;
 			BlendMask(Canvas.data() + InTarget, Source, Whole);
 		};
 		ForEachRow(InOutSprite, Placed, Plane, BlendRow);
@@ -258,20 +257,20 @@ void PaintMasks(std::span<const FPlacedImage> InPlaced, FTextColor InColor, FSpr
 	ComposeMasks(Canvas.data(), Count, InColor, InOutSprite.Pixels.data());
 	if (Count > MaxKeptPixels)
 	{
-		Canvas = std::vector<std::uint16_t>();
+		Canvas = std::vector<uint16>();
 	}
 }
 
-void PaintColors(std::span<const FPlacedImage> InPlaced, std::uint16_t InAlpha, FSprite& InOutSprite)
+void PaintColors(std::span<const FPlacedImage> InPlaced, uint16 InAlpha, FSprite& InOutSprite)
 {
 	for (const FPlacedImage& Placed : InPlaced)
 	{
 		const FColorPlane& Plane = Placed.Image->Color;
-		const auto BlendRow = [&Plane, &InOutSprite, InAlpha](std::ptrdiff_t InTarget, std::int32_t InRow,
-															  std::int32_t InColumn, std::int32_t InCount)
+		const auto BlendRow =
+			[&Plane, &InOutSprite, InAlpha](std::ptrdiff_t InTarget, int32 InRow, int32 InColumn, int32 InCount)
 		{
-			std::uint8_t* Target = InOutSprite.Pixels.data() + InTarget * 4;
-			const std::uint8_t* Source = Plane.Pixels.data() + (std::ptrdiff_t{InRow} * Plane.Width + InColumn) * 4;
+			uint8* Target = InOutSprite.Pixels.data() + InTarget * 4;
+			const uint8* Source = Plane.Pixels.data() + (std::ptrdiff_t{InRow} * Plane.Width + InColumn) * 4;
 			BlendColor(Target, Source, InAlpha, InCount);
 		};
 		ForEachRow(InOutSprite, Placed, Plane, BlendRow);

@@ -1,6 +1,6 @@
 #include "TextLines.h"
 
-#include "TextLimits.h"
+#include "Text/TextLimits.h"
 
 namespace Flitmark
 {
@@ -18,21 +18,21 @@ bool IsLow(char16_t InUnit)
 	return (InUnit & 0xfc00U) == 0xdc00U;
 }
 
-/** Control characters, separators that end no line here, byte order marks, marks of annotations. */
-bool IsDropped(std::uint32_t InPoint)
+/** Control characters, separators that do not end lines here, byte order marks, annotation marks. */
+bool IsDropped(uint32 InPoint)
 {
 	return InPoint < 0x20 || (InPoint >= 0x7f && InPoint <= 0x9f) || InPoint == 0x2028 || InPoint == 0x2029 ||
 		   InPoint == 0xfeff || (InPoint >= 0xfff9 && InPoint <= 0xfffb);
 }
 
-void Decode(std::u16string_view InLine, std::vector<std::uint32_t>& OutPoints)
+void Decode(std::u16string_view InLine, std::vector<uint32>& OutPoints)
 {
-	constexpr std::uint32_t Replacement = 0xfffd;
-	constexpr std::uint32_t EmSpace = 0x2003;
+	constexpr uint32 Replacement = 0xfffd;
+	constexpr uint32 EmSpace = 0x2003;
 	OutPoints.clear();
 	for (std::size_t Index = 0; Index < InLine.size(); ++Index)
 	{
-		std::uint32_t Point = InLine[Index];
+		uint32 Point = InLine[Index];
 		if (IsHigh(InLine[Index]) && Index + 1 < InLine.size() && IsLow(InLine[Index + 1]))
 		{
 			Point = 0x10000U + ((Point & 0x3ffU) << 10U) + (InLine[++Index] & 0x3ffU);
@@ -65,7 +65,7 @@ std::u16string_view LimitText(std::u16string_view InText)
 	return InText.substr(0, bWithinPair ? Count - 1 : Count);
 }
 
-bool FTextLines::Next(std::vector<std::uint32_t>& OutPoints)
+bool FTextLines::Next(std::vector<uint32>& OutPoints)
 {
 	if (bDone)
 	{

@@ -12,14 +12,13 @@ namespace
 template <typename SampleType>
 using FVector [[gnu::vector_size(BlendBlock * sizeof(SampleType))]] = SampleType;
 
-using FBytes = FVector<uint8_t>;
-using FWords = FVector<uint16_t>;
-using FDoubles = FVector<uint32_t>;
+using FBytes = FVector<uint8>;
+using FWords = FVector<uint16>;
+using FDoubles = FVector<uint32>;
 
 // Vector types of the compilers instead of plain loops: the blocks stay a few instructions without the checks for
 // overlap and the prologues that would dominate spans as short as a letter's stroke. BlendSample says the arithmetic.
-[[gnu::always_inline]] inline void BlendOneBlock(uint8_t* InVideo, const uint8_t* InKeep, const uint8_t* InColor,
-												 int32_t)
+[[gnu::always_inline]] inline void BlendOneBlock(uint8* InVideo, const uint8* InKeep, const uint8* InColor, int32)
 {
 	FBytes Video;
 	FBytes Keep;
@@ -33,10 +32,10 @@ using FDoubles = FVector<uint32_t>;
 	std::memcpy(InVideo, &Video, sizeof(Video));
 }
 
-[[gnu::always_inline]] inline void BlendOneBlock(uint16_t* InVideo, const uint16_t* InKeep, const uint16_t* InColor,
-												 int32_t InShift)
+[[gnu::always_inline]] inline void BlendOneBlock(uint16* InVideo, const uint16* InKeep, const uint16* InColor,
+												 int32 InShift)
 {
-	const uint16_t Shift = static_cast<uint16_t>(InShift);
+	const uint16 Shift = static_cast<uint16>(InShift);
 	FWords Video;
 	FWords Keep;
 	FWords Color;
@@ -52,9 +51,9 @@ using FDoubles = FVector<uint32_t>;
 
 template <typename SampleType>
 [[gnu::always_inline]] inline void BlendRow(SampleType* InVideo, const SampleType* InKeep, const SampleType* InColor,
-											int32_t InCount, int32_t InShift)
+											int32 InCount, int32 InShift)
 {
-	int32_t Done = 0;
+	int32 Done = 0;
 	for (; Done + BlendBlock <= InCount; Done += BlendBlock)
 	{
 		BlendOneBlock(InVideo + Done, InKeep + Done, InColor + Done, InShift);
@@ -72,8 +71,8 @@ template <typename SampleType>
 }
 
 template <typename SampleType>
-void BlendRowPlain(SampleType* InVideo, const SampleType* InKeep, const SampleType* InColor, int32_t InCount,
-				   int32_t InShift)
+void BlendRowPlain(SampleType* InVideo, const SampleType* InKeep, const SampleType* InColor, int32 InCount,
+				   int32 InShift)
 {
 	BlendRow(InVideo, InKeep, InColor, InCount, InShift);
 }
@@ -81,7 +80,7 @@ void BlendRowPlain(SampleType* InVideo, const SampleType* InKeep, const SampleTy
 #if defined(__x86_64__)
 template <typename SampleType>
 [[gnu::target("avx2")]] void BlendRowAvx2(SampleType* InVideo, const SampleType* InKeep, const SampleType* InColor,
-										  int32_t InCount, int32_t InShift)
+										  int32 InCount, int32 InShift)
 {
 	BlendRow(InVideo, InKeep, InColor, InCount, InShift);
 }
@@ -107,9 +106,9 @@ FBlendRow<SampleType> PlainBlendRow()
 	return &BlendRowPlain<SampleType>;
 }
 
-template FBlendRow<uint8_t> FastestBlendRow<uint8_t>();
-template FBlendRow<uint16_t> FastestBlendRow<uint16_t>();
-template FBlendRow<uint8_t> PlainBlendRow<uint8_t>();
-template FBlendRow<uint16_t> PlainBlendRow<uint16_t>();
+template FBlendRow<uint8> FastestBlendRow<uint8>();
+template FBlendRow<uint16> FastestBlendRow<uint16>();
+template FBlendRow<uint8> PlainBlendRow<uint8>();
+template FBlendRow<uint16> PlainBlendRow<uint16>();
 
 } // namespace Flitmark

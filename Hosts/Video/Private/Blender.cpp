@@ -12,7 +12,7 @@ namespace Flitmark
 namespace
 {
 
-/** Planes of the sprites that are alive. */
+/** Planes of the live sprites. */
 template <typename SampleType>
 class TPlaneCache
 {
@@ -25,7 +25,7 @@ public:
 	TSpritePlanes<SampleType>& Find(const std::shared_ptr<const FSprite>& InSprite)
 	{
 		FEntry& Entry = Entries[InSprite.get()];
-		// A new sprite may have got the address of a dead one.
+		// A new sprite may have the address of a dead one.
 		if (Entry.Sprite.expired())
 		{
 			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InSprite, Style);
@@ -36,7 +36,7 @@ public:
 
 	void Sweep()
 	{
-		constexpr int32_t FramesBetween = 32;
+		constexpr int32 FramesBetween = 32;
 		if (++Frames % FramesBetween == 0)
 		{
 			std::erase_if(Entries, [](const auto& InEntry) { return InEntry.second.Sprite.expired(); });
@@ -52,7 +52,7 @@ private:
 
 	const FBlendStyle& Style;
 	std::unordered_map<const FSprite*, FEntry> Entries;
-	uint32_t Frames = 0;
+	uint32 Frames = 0;
 };
 
 template <typename SampleType>
@@ -76,7 +76,7 @@ public:
 				continue;
 			}
 			TSpritePlanes<SampleType>& Planes = Cache.Find(Each.Sprite);
-			for (int32_t Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
+			for (int32 Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
 			{
 				const FPlaneLayout& Layout = Style.Layout.Planes[static_cast<size_t>(Plane)];
 				BlendLayer(InFrame, Plane, Planes.Layer(Layout, Place->X, Place->Y), *Place);
@@ -86,23 +86,23 @@ public:
 	}
 
 private:
-	void BlendLayer(AVFrame& InFrame, int32_t InPlane, const TInkLayer<SampleType>& InLayer, const FPixelRect& InPlace)
+	void BlendLayer(AVFrame& InFrame, int32 InPlane, const TInkLayer<SampleType>& InLayer, const FPixelRect& InPlace)
 	{
 		const FPlaneLayout& Plane = Style.Layout.Planes[static_cast<size_t>(InPlane)];
-		const int32_t Color = TSpritePlanes<SampleType>::ColorOf(Plane);
-		const int32_t Width = AV_CEIL_RSHIFT(InFrame.width, Plane.ShiftX) * Plane.Components;
-		const int32_t Height = AV_CEIL_RSHIFT(InFrame.height, Plane.ShiftY);
-		const int32_t X = (InPlace.X >> Plane.ShiftX) * Plane.Components;
-		const int32_t Y = InPlace.Y >> Plane.ShiftY;
-		const int32_t LastRow = std::min(InLayer.Height, Height - Y);
-		for (int32_t Row = std::max(0, -Y); Row < LastRow; ++Row)
+		const int32 Color = TSpritePlanes<SampleType>::ColorOf(Plane);
+		const int32 Width = AV_CEIL_RSHIFT(InFrame.width, Plane.ShiftX) * Plane.Components;
+		const int32 Height = AV_CEIL_RSHIFT(InFrame.height, Plane.ShiftY);
+		const int32 X = (InPlace.X >> Plane.ShiftX) * Plane.Components;
+		const int32 Y = InPlace.Y >> Plane.ShiftY;
+		const int32 LastRow = std::min(InLayer.Height, Height - Y);
+		for (int32 Row = std::max(0, -Y); Row < LastRow; ++Row)
 		{
-			uint8_t* const Line = InFrame.data[InPlane] + ptrdiff_t{Y + Row} * InFrame.linesize[InPlane];
+			uint8* const Line = InFrame.data[InPlane] + ptrdiff_t{Y + Row} * InFrame.linesize[InPlane];
 			SampleType* const Samples = reinterpret_cast<SampleType*>(Line);
 			for (const FInkSpan& Span : InLayer.RowSpans(Row))
 			{
-				const int32_t Begin = std::max(Span.Begin, -X);
-				const int32_t End = std::min(Span.End, Width - X);
+				const int32 Begin = std::max(Span.Begin, -X);
+				const int32 End = std::min(Span.End, Width - X);
 				if (Begin < End)
 				{
 					BlendRow(Samples + X + Begin, InLayer.KeepRow(Row) + Begin, InLayer.ColorRow(Color, Row) + Begin,
@@ -123,15 +123,15 @@ std::unique_ptr<IBlender> IBlender::Make(const FBlendStyle& InStyle)
 {
 	if (InStyle.Layout.Depth > 8)
 	{
-		return std::make_unique<TBlender<uint16_t>>(InStyle);
+		return std::make_unique<TBlender<uint16>>(InStyle);
 	}
-	return std::make_unique<TBlender<uint8_t>>(InStyle);
+	return std::make_unique<TBlender<uint8>>(InStyle);
 }
 
-std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32_t InWidth,
-									  int32_t InHeight)
+std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32 InWidth,
+									  int32 InHeight)
 {
-	// Far beyond any picture, and far from where integers run over.
+	// Far outside any picture, and far from integer overflow.
 	constexpr double Farthest = 1'000'000.0;
 	if (!InSprite.Sprite || InSprite.Sprite->Width <= 0 || InSprite.Sprite->Height <= 0)
 	{
@@ -146,7 +146,7 @@ std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrie
 	{
 		return std::nullopt;
 	}
-	const FPixelRect Upright{static_cast<int32_t>(X), static_cast<int32_t>(Y), Sprite.Width, Sprite.Height};
+	const FPixelRect Upright{static_cast<int32>(X), static_cast<int32>(Y), Sprite.Width, Sprite.Height};
 	const FPixelRect Place = InOrientation.ToStored(Upright, InWidth, InHeight);
 	if (Place.X >= InWidth || Place.Y >= InHeight || Place.X + Place.Width <= 0 || Place.Y + Place.Height <= 0)
 	{

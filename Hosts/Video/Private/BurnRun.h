@@ -4,7 +4,7 @@
 #include "FramePainter.h"
 #include "OverlayClock.h"
 #include "PacketReader.h"
-#include "VideoBurn.h"
+#include "Video/VideoBurn.h"
 #include "VideoEncoder.h"
 #include "VideoOutput.h"
 
@@ -15,7 +15,7 @@
 namespace Flitmark
 {
 
-/** One burn, from opening the input to naming the output. */
+/** One burn, from opening the input to renaming the output. */
 class FBurnRun
 {
 public:
@@ -24,7 +24,7 @@ public:
 	FVideoResult Burn(IOverlaySource& InOverlay);
 
 private:
-	// Each false with Error set, or with the burn cancelled.
+	// Each returns false with Error set, or if the burn was canceled.
 	bool Open();
 	bool OpenInput();
 	bool SkipToFrom(FOverlayClock& InClock);
@@ -39,9 +39,9 @@ private:
 	void Tell(const AVFrame& InFrame);
 	void TellDamage();
 	void SayConversion(AVPixelFormat InSource, const FFormatPlan& InPlan);
-	int64_t Zero(const AVFrame& InFirst) const;
-	int64_t FromTicks() const;
-	int64_t ToTicks() const;
+	int64 Zero(const AVFrame& InFirst) const;
+	int64 FromTicks() const;
+	int64 ToTicks() const;
 	bool Fail(std::string InError);
 
 	const FBurnOptions& Options;
@@ -56,17 +56,17 @@ private:
 	std::unique_ptr<FVideoEncoder> Encoder;
 	std::optional<FFramePainter> Painter;
 
-	/** Only where the encoder takes no format that comments can be blended into. */
+	/** Only if the encoder accepts no format that comments can be blended into. */
 	std::optional<FFrameConverter> LastConverter;
 
-	/** Copied packets that came before the first frame, without which the output cannot start. */
+	/** Copied packets that arrived before the first frame, without which the output cannot start. */
 	std::deque<FPacketPtr> Waiting;
 
 	FPacketPtr Packet;
 	FBurnState State;
-	std::optional<int64_t> LastStamp;
-	int64_t LastEndTicks = 0;
-	int64_t Misplaced = 0;
+	std::optional<int64> LastStamp;
+	int64 LastEndTicks = 0;
+	int64 Misplaced = 0;
 };
 
 } // namespace Flitmark

@@ -63,7 +63,7 @@ AVColorSpace SettledMatrix(const AVFrame& InFrame)
 	return InFrame.width >= 1280 || InFrame.height > 576 ? AVCOL_SPC_BT709 : AVCOL_SPC_SMPTE170M;
 }
 
-FColorMatrix FColorMatrix::For(const AVFrame& InFrame, int32_t InDepth)
+FColorMatrix FColorMatrix::For(const AVFrame& InFrame, int32 InDepth)
 {
 	const FRows Rows = RowsOf(SettledMatrix(InFrame));
 	const AVPixelFormat Format = static_cast<AVPixelFormat>(InFrame.format);
@@ -74,7 +74,7 @@ FColorMatrix FColorMatrix::For(const AVFrame& InFrame, int32_t InDepth)
 	const double Offset[3] = {bFull ? 0.0 : 16.0 * Unit, 128.0 * Unit, 128.0 * Unit};
 	const auto Fixed = [](double InValue)
 	{
-		return static_cast<int32_t>(std::lround(InValue * 65536.0 / 255.0));
+		return static_cast<int32>(std::lround(InValue * 65536.0 / 255.0));
 	};
 	FColorMatrix Matrix;
 	for (size_t Component = 0; Component < 3; ++Component)

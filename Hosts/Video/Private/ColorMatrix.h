@@ -1,9 +1,9 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "AvHandles.h"
 
 #include <array>
-#include <cstdint>
 
 namespace Flitmark
 {
@@ -15,16 +15,16 @@ namespace Flitmark
 struct FColorMatrix
 {
 	/** Rows Y, Cb, Cr; columns red, green, blue, alpha; 16 fraction bits. */
-	std::array<std::array<int32_t, 4>, 3> Row{};
+	std::array<std::array<int32, 4>, 3> Row{};
 
 	/**
-	 * By the frame's tags. Without a matrix tag: BT.709 for pictures beyond standard definition (wider than 1279 or
-	 * higher than 576), else BT.601, as players do; without a range tag: limited.
+	 * According to the frame's tags. Without a matrix tag: BT.709 for pictures beyond standard definition (wider than
+	 * 1279 or higher than 576), else BT.601, as players do; without a range tag: limited.
 	 */
-	static FColorMatrix For(const AVFrame& InFrame, int32_t InDepth);
+	static FColorMatrix For(const AVFrame& InFrame, int32 InDepth);
 };
 
-/** The frame's matrix tag, with "unspecified" settled as said above. */
+/** The frame's matrix tag, with "unspecified" resolved as above. */
 AVColorSpace SettledMatrix(const AVFrame& InFrame);
 
 } // namespace Flitmark

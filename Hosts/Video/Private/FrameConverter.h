@@ -1,15 +1,19 @@
 #pragma once
 
+#include "CoreTypes.h"
 #include "AvHandles.h"
 
 namespace Flitmark
 {
 
-/** Brings frames to another pixel format or size. Colours keep their matrix; RGB becomes limited YCbCr, tagged so. */
+/**
+ * Converts frames to another pixel format or size. Colors keep their matrix; RGB becomes limited-range YCbCr, with
+ * tags to match.
+ */
 class FFrameConverter
 {
 public:
-	FFrameConverter(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight)
+	FFrameConverter(AVPixelFormat InFormat, int32 InWidth, int32 InHeight)
 		: Format(InFormat)
 		, Width(InWidth)
 		, Height(InHeight)
@@ -21,15 +25,15 @@ public:
 		return InFrame.format == Format && InFrame.width == Width && InFrame.height == Height;
 	}
 
-	/** The converted frame with the properties of the given one; empty where it cannot be converted. */
+	/** The converted frame with the properties of the given one; empty if it cannot be converted. */
 	FFramePtr Convert(const AVFrame& InFrame);
 
 private:
 	bool Prepare(const AVFrame& InFrame, const AVFrame& InTarget);
 
 	AVPixelFormat Format;
-	int32_t Width;
-	int32_t Height;
+	int32 Width;
+	int32 Height;
 	FSwsPtr Scaler;
 
 	/** What the scaler was made for. */

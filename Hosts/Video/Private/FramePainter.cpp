@@ -19,7 +19,7 @@ constexpr int RowAlignment = 64;
 
 } // namespace
 
-void FFramePainter::Start(AVPixelFormat InFormat, int32_t InWidth, int32_t InHeight)
+void FFramePainter::Start(AVPixelFormat InFormat, int32 InWidth, int32 InHeight)
 {
 	Converter.emplace(InFormat, InWidth, InHeight);
 }

@@ -6,8 +6,8 @@ namespace Flitmark
 namespace
 {
 
-/** Whether decoding from where a seek leads gives a frame at or before InTicks first. */
-bool SeekReaches(const std::string& InPath, int64_t InTicks)
+/** Whether decoding after a seek yields a frame at or before InTicks first. */
+bool SeekReaches(const std::string& InPath, int64 InTicks)
 {
 	std::string Ignored;
 	const auto Input = FVideoInput::Open(InPath, Ignored);
@@ -48,7 +48,7 @@ bool FFrameSource::Next(AVFrame& OutFrame)
 	return true;
 }
 
-std::unique_ptr<FVideoInput> OpenVideoAt(const std::string& InPath, int64_t InTicks, std::string& OutError)
+std::unique_ptr<FVideoInput> OpenVideoAt(const std::string& InPath, int64 InTicks, std::string& OutError)
 {
 	auto Input = FVideoInput::Open(InPath, OutError);
 	if (Input && InTicks > 0 && SeekReaches(InPath, InTicks))

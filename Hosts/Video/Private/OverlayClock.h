@@ -1,16 +1,16 @@
 #pragma once
 
-#include "OverlaySource.h"
+#include "CoreTypes.h"
+#include "Video/OverlaySource.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <span>
 #include <vector>
 
 namespace Flitmark
 {
 
-/** Takes an overlay through the frames of a video; burn and shot go through the same times, so they agree. */
+/** Steps an overlay through the frames of a video; burn and shot use the same times, so they agree. */
 class FOverlayClock
 {
 public:
@@ -20,10 +20,10 @@ public:
 		Overlay.Open(InShape);
 	}
 
-	/** The comments on the frame at InTicks of media time, which is moved behind the frame before it if need be. */
-	std::span<const FPlacedSprite> Advance(int64_t InTicks)
+	/** The comments on the frame at InTicks of media time, which is moved after the previous frame if necessary. */
+	std::span<const FPlacedSprite> Advance(int64 InTicks)
 	{
-		const int64_t Ticks = std::max(InTicks, Last);
+		const int64 Ticks = std::max(InTicks, Last);
 		const double Delta = bFirst ? 0.0 : static_cast<double>(Ticks - Last) / 1e7;
 		Last = Ticks;
 		bFirst = false;
@@ -35,7 +35,7 @@ public:
 private:
 	IOverlaySource& Overlay;
 	std::vector<FPlacedSprite> Sprites;
-	int64_t Last = 0;
+	int64 Last = 0;
 	bool bFirst = true;
 };
 

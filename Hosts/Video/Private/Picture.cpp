@@ -2,7 +2,7 @@
 
 #include "AvErrors.h"
 #include "FrameConverter.h"
-#include "TemporaryFile.h"
+#include "Files/TemporaryFile.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -32,10 +32,10 @@ FFramePtr Upright(FFramePtr InPicture, const FOrientation& InOrientation)
 	{
 		throw std::bad_alloc();
 	}
-	for (int32_t Y = 0; Y < Turned->height; ++Y)
+	for (int32 Y = 0; Y < Turned->height; ++Y)
 	{
-		uint8_t* Target = Turned->data[0] + ptrdiff_t{Y} * Turned->linesize[0];
-		for (int32_t X = 0; X < Turned->width; ++X, Target += 3)
+		uint8* Target = Turned->data[0] + ptrdiff_t{Y} * Turned->linesize[0];
+		for (int32 X = 0; X < Turned->width; ++X, Target += 3)
 		{
 			const auto [P, Q] = InOrientation.ToStored(X, Y, Source.width, Source.height);
 			std::memcpy(Target, Source.data[0] + ptrdiff_t{Q} * Source.linesize[0] + ptrdiff_t{P} * 3, 3);
@@ -51,7 +51,7 @@ FPacketPtr Encode(AVFrame& InPicture, std::string& OutError)
 	FCodecPtr Codec(Png != nullptr ? avcodec_alloc_context3(Png) : nullptr);
 	if (!Codec)
 	{
-		OutError = "there is no PNG encoder";
+		OutError = "FFmpeg has no PNG encoder";
 		return nullptr;
 	}
 	Codec->width = InPicture.width;

@@ -19,9 +19,9 @@ constexpr std::pair<AVPixelFormat, AVPixelFormat> ImpliedRanges[] = {
 
 bool IsBlendable(const AVPixFmtDescriptor& InFormat)
 {
-	constexpr uint64_t Refused = AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_BITSTREAM |
-								 AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_ALPHA | AV_PIX_FMT_FLAG_FLOAT |
-								 AV_PIX_FMT_FLAG_BAYER;
+	constexpr uint64 Refused = AV_PIX_FMT_FLAG_RGB | AV_PIX_FMT_FLAG_PAL | AV_PIX_FMT_FLAG_BITSTREAM |
+							   AV_PIX_FMT_FLAG_HWACCEL | AV_PIX_FMT_FLAG_ALPHA | AV_PIX_FMT_FLAG_FLOAT |
+							   AV_PIX_FMT_FLAG_BAYER;
 	const auto& Component = InFormat.comp;
 	const int Depth = Component[0].depth;
 	if ((InFormat.flags & Refused) != 0 || InFormat.nb_components != 3 || Depth < 8 || Depth > 12)
@@ -46,7 +46,7 @@ FPixelLayout LayoutOf(const AVPixFmtDescriptor& InFormat)
 	FPixelLayout Layout;
 	Layout.Depth = InFormat.comp[0].depth;
 	Layout.SampleShift = InFormat.comp[0].shift;
-	for (int32_t Index = 0; Index < 3; ++Index)
+	for (int32 Index = 0; Index < 3; ++Index)
 	{
 		const int Plane = InFormat.comp[Index].plane;
 		FPlaneLayout& Target = Layout.Planes[static_cast<size_t>(Plane)];
@@ -76,7 +76,7 @@ std::vector<AVPixelFormat> AllBlendable()
 	return Formats;
 }
 
-/** A grey picture gets the chroma that costs least: it only holds the comments'. */
+/** A gray picture gets the cheapest chroma: it only holds the comments'. */
 AVPixelFormat WithChroma(AVPixelFormat InFormat)
 {
 	const AVPixFmtDescriptor* const Format = av_pix_fmt_desc_get(InFormat);

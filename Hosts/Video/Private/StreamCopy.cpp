@@ -16,7 +16,7 @@ namespace Flitmark
 namespace
 {
 
-/** Tags that the container writes anew, or that count what the burn changes. */
+/** Tags that the container writes itself, or that describe what the burn changes. */
 constexpr const char* StaleTags[] = {
 	"major_brand", "minor_version",	   "compatible_brands", "encoder",	   "duration",
 	"bps",		   "number_of_frames", "number_of_bytes",	"_statistics",
@@ -29,7 +29,7 @@ bool IsStale(const char* InName)
 					   { return av_strncasecmp(InName, InStale, std::strlen(InStale)) == 0; });
 }
 
-/** Whether side data of a video stream holds for its new encoding too. */
+/** Whether side data of a video stream remains valid for its new encoding. */
 bool StaysTrue(AVPacketSideDataType InType)
 {
 	switch (InType)
@@ -45,9 +45,9 @@ bool StaysTrue(AVPacketSideDataType InType)
 	}
 }
 
-void AddSideData(AVStream& InTarget, AVPacketSideDataType InType, const uint8_t* InData, size_t InSize)
+void AddSideData(AVStream& InTarget, AVPacketSideDataType InType, const uint8* InData, size_t InSize)
 {
-	uint8_t* const Data = av_stream_new_side_data(&InTarget, InType, InSize);
+	uint8* const Data = av_stream_new_side_data(&InTarget, InType, InSize);
 	if (Data == nullptr)
 	{
 		throw std::bad_alloc();
@@ -65,7 +65,7 @@ std::string CopyObstacle(const AVStream& InStream, const AVOutputFormat& InConta
 		std::string(KindName != nullptr ? KindName : "data") + ", " + avcodec_get_name(InStream.codecpar->codec_id);
 	if (Kind == AVMEDIA_TYPE_VIDEO)
 	{
-		return What + ": only one video stream is burnt";
+		return What + ": only one video stream is burned";
 	}
 	const bool bKind = Kind == AVMEDIA_TYPE_AUDIO || Kind == AVMEDIA_TYPE_SUBTITLE || Kind == AVMEDIA_TYPE_ATTACHMENT;
 	const bool bAttachable = Kind != AVMEDIA_TYPE_ATTACHMENT || std::strcmp(InContainer.name, "matroska") == 0;
@@ -77,7 +77,7 @@ std::string CopyObstacle(const AVStream& InStream, const AVOutputFormat& InConta
 	return {};
 }
 
-uint32_t TagFor(const AVCodecParameters& InStream, const AVOutputFormat& InContainer)
+uint32 TagFor(const AVCodecParameters& InStream, const AVOutputFormat& InContainer)
 {
 	unsigned Unused = 0;
 	const bool bSame = InContainer.codec_tag == nullptr ||
@@ -130,7 +130,7 @@ void CopyLight(const AVFrame& InSource, AVStream& InTarget)
 	}
 }
 
-void AddChapter(AVFormatContext& InTarget, const AVChapter& InSource, int64_t InStart, int64_t InEnd)
+void AddChapter(AVFormatContext& InTarget, const AVChapter& InSource, int64 InStart, int64 InEnd)
 {
 	// FFmpeg frees these with the context, so they must be its own memory.
 	AVChapter* const Chapter = static_cast<AVChapter*>(av_mallocz(sizeof(AVChapter)));
@@ -148,9 +148,9 @@ void AddChapter(AVFormatContext& InTarget, const AVChapter& InSource, int64_t In
 	av_dict_copy(&Chapter->metadata, InSource.metadata, 0);
 }
 
-bool MoveToZero(AVPacket& InPacket, int64_t InZero, bool bInCutBefore, AVMediaType InKind)
+bool MoveToZero(AVPacket& InPacket, int64 InZero, bool bInCutBefore, AVMediaType InKind)
 {
-	const int64_t Stamp = InPacket.pts != AV_NOPTS_VALUE ? InPacket.pts : InPacket.dts;
+	const int64 Stamp = InPacket.pts != AV_NOPTS_VALUE ? InPacket.pts : InPacket.dts;
 	if (bInCutBefore && Stamp != AV_NOPTS_VALUE && Stamp < InZero)
 	{
 		if (InKind != AVMEDIA_TYPE_SUBTITLE || Stamp + InPacket.duration <= InZero)

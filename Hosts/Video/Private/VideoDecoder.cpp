@@ -8,14 +8,14 @@
 namespace Flitmark
 {
 
-std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, int32_t InThreads, std::string& OutError)
+std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, int32 InThreads, std::string& OutError)
 {
 	const AVStream& Stream = InInput.Video();
 	const char* const Name = avcodec_get_name(Stream.codecpar->codec_id);
 	const AVCodec* const Decoder = avcodec_find_decoder(Stream.codecpar->codec_id);
 	if (Decoder == nullptr)
 	{
-		OutError = std::string(InInput.Format().url) + ": there is no decoder for its video (" + Name + ")";
+		OutError = std::string(InInput.Format().url) + ": no decoder for its video (" + Name + ")";
 		return nullptr;
 	}
 	FCodecPtr Codec(avcodec_alloc_context3(Decoder));
@@ -31,7 +31,7 @@ std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, i
 	Code = Code < 0 ? Code : avcodec_open2(Codec.get(), Decoder, nullptr);
 	if (Code < 0)
 	{
-		OutError = std::string("the decoder for ") + Name + " does not start: " + FAvLog::Explain(Code);
+		OutError = std::string("the decoder for ") + Name + " cannot be started: " + FAvLog::Explain(Code);
 		return nullptr;
 	}
 	return std::unique_ptr<FVideoDecoder>(new FVideoDecoder(std::move(Codec)));
@@ -79,7 +79,7 @@ void FVideoDecoder::SetTimestamp(AVFrame& InFrame)
 	{
 		InFrame.pts = NextTimestamp;
 	}
-	NextTimestamp = InFrame.pts + std::max<int64_t>(1, InFrame.pkt_duration);
+	NextTimestamp = InFrame.pts + std::max<int64>(1, InFrame.pkt_duration);
 }
 
 } // namespace Flitmark

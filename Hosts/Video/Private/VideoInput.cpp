@@ -34,13 +34,13 @@ std::unique_ptr<FVideoInput> FVideoInput::Open(const std::string& InPath, std::s
 	const int Index = av_find_best_stream(Opened, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
 	if (Index < 0 || (Opened->streams[Index]->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0)
 	{
-		OutError = InPath + ": holds no video stream; name a file with moving pictures";
+		OutError = InPath + ": has no video stream";
 		return nullptr;
 	}
 	const AVCodecParameters& Video = *Opened->streams[Index]->codecpar;
 	if (Video.width <= 0 || Video.height <= 0)
 	{
-		OutError = InPath + ": its video's size cannot be found, the file is damaged or cut off";
+		OutError = InPath + ": the size of its video cannot be determined; the file is damaged or truncated";
 		return nullptr;
 	}
 	return std::unique_ptr<FVideoInput>(new FVideoInput(std::move(Handle), static_cast<unsigned>(Index)));
@@ -54,8 +54,8 @@ FVideoInput::FVideoInput(FInputPtr InHandle, unsigned InVideoIndex)
 
 FOrientation FVideoInput::Orientation() const
 {
-	const uint8_t* const Data = av_stream_get_side_data(&Video(), AV_PKT_DATA_DISPLAYMATRIX, nullptr);
-	return FOrientation::FromDisplayMatrix(reinterpret_cast<const int32_t*>(Data));
+	const uint8* const Data = av_stream_get_side_data(&Video(), AV_PKT_DATA_DISPLAYMATRIX, nullptr);
+	return FOrientation::FromDisplayMatrix(reinterpret_cast<const int32*>(Data));
 }
 
 FVideoShape FVideoInput::Shape() const
@@ -81,30 +81,30 @@ double FVideoInput::DurationSeconds() const
 	{
 		return static_cast<double>(Video().duration) * av_q2d(Video().time_base);
 	}
-	const int64_t Duration = Handle->duration;
+	const int64 Duration = Handle->duration;
 	return Duration > 0 ? static_cast<double>(Duration) / AV_TIME_BASE : 0.0;
 }
 
-int64_t FVideoInput::StartTicks() const
+int64 FVideoInput::StartTicks() const
 {
 	return Handle->start_time != AV_NOPTS_VALUE ? Handle->start_time * (TicksPerSecond / AV_TIME_BASE) : 0;
 }
 
-int64_t FVideoInput::ToTicks(int64_t InTimestamp, AVRational InBase) const
+int64 FVideoInput::ToTicks(int64 InTimestamp, AVRational InBase) const
 {
-	return std::max<int64_t>(0, av_rescale_q(InTimestamp, InBase, TickBase) - StartTicks());
+	return std::max<int64>(0, av_rescale_q(InTimestamp, InBase, TickBase) - StartTicks());
 }
 
-int64_t FVideoInput::ToTimestamp(int64_t InTicks) const
+int64 FVideoInput::ToTimestamp(int64 InTicks) const
 {
 	return av_rescale_q(InTicks + StartTicks(), TickBase, Video().time_base);
 }
 
 bool FVideoInput::Read(AVPacket& OutPacket)
 {
-	// Some containers stumble over the same spot for ever.
-	constexpr int32_t MostInARow = 64;
-	for (int32_t Tries = 0; Tries < MostInARow; ++Tries)
+	// Some containers fail at the same spot forever.
+	constexpr int32 MostInARow = 64;
+	for (int32 Tries = 0; Tries < MostInARow; ++Tries)
 	{
 		const int Code = av_read_frame(Handle.get(), &OutPacket);
 		if (Code >= 0)
@@ -121,7 +121,7 @@ bool FVideoInput::Read(AVPacket& OutPacket)
 	return false;
 }
 
-bool FVideoInput::Seek(int64_t InTimestamp)
+bool FVideoInput::Seek(int64 InTimestamp)
 {
 	return av_seek_frame(Handle.get(), static_cast<int>(VideoIndex), InTimestamp, AVSEEK_FLAG_BACKWARD) >= 0;
 }
@@ -137,7 +137,7 @@ void FVideoInput::ReadVideoOnly()
 	}
 }
 
-std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64_t InTicks, std::string& OutError)
+std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64 InTicks, std::string& OutError)
 {
 	const auto Input = FVideoInput::Open(InPath, OutError);
 	if (!Input)
@@ -146,7 +146,7 @@ std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64_t InT
 	}
 	Input->ReadVideoOnly();
 	FFrameTimes Times;
-	int64_t End = 0;
+	int64 End = 0;
 	bool bMore = true;
 	for (const FPacketPtr Packet = MakePacket(); bMore; av_packet_unref(Packet.get()))
 	{
@@ -155,21 +155,21 @@ std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64_t InT
 			Times.EndTicks = End;
 			break;
 		}
-		const int64_t Stamp = Packet->pts != AV_NOPTS_VALUE ? Packet->pts : Packet->dts;
+		const int64 Stamp = Packet->pts != AV_NOPTS_VALUE ? Packet->pts : Packet->dts;
 		if (Packet->stream_index != Input->Video().index || Stamp == AV_NOPTS_VALUE)
 		{
 			continue;
 		}
-		// Packets that an edit list cuts away are decoded but never shown.
+		// Packets that an edit list removes are decoded but never shown.
 		if ((Packet->flags & AV_PKT_FLAG_DISCARD) == 0)
 		{
-			const int64_t Shown = Packet->duration > 0
-									  ? av_rescale_q(Packet->duration, Input->Video().time_base, TickBase)
-									  : UsualFrameTicks(Input->Video());
+			const int64 Shown = Packet->duration > 0
+									? av_rescale_q(Packet->duration, Input->Video().time_base, TickBase)
+									: UsualFrameTicks(Input->Video());
 			Times.Ticks.push_back(Input->ToTicks(Stamp));
 			End = std::max(End, Times.Ticks.back() + Shown);
 		}
-		// No frame comes before its decoding time.
+		// No frame is shown before its decoding time.
 		bMore = Packet->dts == AV_NOPTS_VALUE || Input->ToTicks(Packet->dts) <= InTicks;
 	}
 	std::sort(Times.Ticks.begin(), Times.Ticks.end());
@@ -189,7 +189,7 @@ AVRational FrameRateOf(const AVStream& InStream)
 	return {0, 1};
 }
 
-int64_t UsualFrameTicks(const AVStream& InStream)
+int64 UsualFrameTicks(const AVStream& InStream)
 {
 	const AVRational Rate = FrameRateOf(InStream);
 	return Rate.num > 0 ? av_rescale(TicksPerSecond, Rate.den, Rate.num) : TicksPerSecond / 30;

@@ -1,4 +1,4 @@
-#include "VideoProbe.h"
+#include "Video/VideoProbe.h"
 
 #include "VideoInput.h"
 
@@ -22,7 +22,7 @@ try
 	}
 	const AVCodecParameters& Parameters = *Input->Video().codecpar;
 	const char* const Format = av_get_pix_fmt_name(static_cast<AVPixelFormat>(Parameters.format));
-	const int64_t Start = Input->Format().start_time;
+	const int64 Start = Input->Format().start_time;
 	FVideoInfo Info;
 	Info.Shape = Input->Shape();
 	Info.DurationSeconds = Input->DurationSeconds();

@@ -1,10 +1,10 @@
-#include "VideoShot.h"
+#include "Video/VideoShot.h"
 
 #include "FramePainter.h"
 #include "FrameSource.h"
 #include "OverlayClock.h"
 #include "Picture.h"
-#include "TemporaryFile.h"
+#include "Files/TemporaryFile.h"
 
 #include <cmath>
 #include <cstdio>
@@ -19,7 +19,7 @@ namespace
 
 constexpr double LongestSeconds = 1e9;
 
-std::string Seconds(int64_t InTicks)
+std::string Seconds(int64 InTicks)
 {
 	char Text[64];
 	snprintf(Text, sizeof(Text), "%.3f s", static_cast<double>(InTicks) / static_cast<double>(TicksPerSecond));
@@ -27,7 +27,7 @@ std::string Seconds(int64_t InTicks)
 }
 
 /** The last frame at or before InTicks, or the first of all; null where none can be decoded. */
-FFramePtr FrameAt(FVideoInput& InInput, FVideoDecoder& InDecoder, int64_t InTicks)
+FFramePtr FrameAt(FVideoInput& InInput, FVideoDecoder& InDecoder, int64 InTicks)
 {
 	FFrameSource Source(InInput, InDecoder);
 	FFramePtr Shown;
@@ -45,17 +45,17 @@ FFramePtr FrameAt(FVideoInput& InInput, FVideoDecoder& InDecoder, int64_t InTick
 
 FVideoResult TakeShot(const FShotOptions& InOptions, IOverlaySource& InOverlay)
 {
-	const int64_t At = std::llround(InOptions.At * static_cast<double>(TicksPerSecond));
+	const int64 At = std::llround(InOptions.At * static_cast<double>(TicksPerSecond));
 	std::string Error;
 	const auto Times = ScanFrameTimes(InOptions.Input, At, Error);
 	if (!Times)
 	{
 		return FVideoResult::Fail(Error);
 	}
-	if (Times->EndTicks && At >= std::max<int64_t>(1, *Times->EndTicks))
+	if (Times->EndTicks && At >= std::max<int64>(1, *Times->EndTicks))
 	{
-		return FVideoResult::Fail(InOptions.Input + ": lasts " + Seconds(*Times->EndTicks) + ", there is no frame at " +
-								  Seconds(At));
+		return FVideoResult::Fail(InOptions.Input + ": is only " + Seconds(*Times->EndTicks) +
+								  " long; there is no frame at " + Seconds(At));
 	}
 	const auto Input = OpenVideoAt(InOptions.Input, At, Error);
 	const auto Decoder = Input ? FVideoDecoder::Open(*Input, InOptions.Threads, Error) : nullptr;
@@ -68,7 +68,7 @@ FVideoResult TakeShot(const FShotOptions& InOptions, IOverlaySource& InOverlay)
 	{
 		return FVideoResult::Fail(InOptions.Input + ": no frame could be decoded at " + Seconds(At));
 	}
-	const int64_t Shown = Input->ToTicks(Frame->pts);
+	const int64 Shown = Input->ToTicks(Frame->pts);
 	FOverlayClock Clock(InOverlay, Input->Shape());
 	for (size_t Index = 0; Index < Times->Ticks.size() && Times->Ticks[Index] < Shown; ++Index)
 	{
@@ -93,11 +93,11 @@ try
 {
 	if (!(InOptions.At >= 0.0 && InOptions.At <= LongestSeconds))
 	{
-		return FVideoResult::Fail("the time of the picture must be given in seconds from 0 on");
+		return FVideoResult::Fail("the time must be 0 seconds or later");
 	}
 	if (!(InOptions.Opacity >= 0.0 && InOptions.Opacity <= 1.0))
 	{
-		return FVideoResult::Fail("the opacity must be from 0 to 1");
+		return FVideoResult::Fail("the opacity must be between 0 and 1");
 	}
 	if (const std::string Obstacle = OutputObstacle(InOptions.Input, InOptions.Output); !Obstacle.empty())
 	{
@@ -107,7 +107,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return FVideoResult::Fail(InOptions.Input + ": taking the picture stopped: " + Exception.what());
+	return FVideoResult::Fail(InOptions.Input + ": the picture could not be made: " + Exception.what());
 }
 
 } // namespace Flitmark

@@ -1,7 +1,7 @@
-#include "CommentLoader.h"
+#include "Playback/CommentLoader.h"
 
-#include "CommentReading.h"
-#include "MediaPaths.h"
+#include "Playback/CommentReading.h"
+#include "Playback/MediaPaths.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommentDocument.h"
+#include "Stage/CommentDocument.h"
 
 #include <QObject>
 #include <QStringList>

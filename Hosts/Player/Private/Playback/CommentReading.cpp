@@ -1,6 +1,6 @@
-#include "CommentReading.h"
+#include "Playback/CommentReading.h"
 
-#include "CommentsInput.h"
+#include "Comments/CommentsInput.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommentLoader.h"
+#include "Playback/CommentLoader.h"
 
 #include <QString>
 

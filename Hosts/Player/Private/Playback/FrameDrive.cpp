@@ -1,9 +1,9 @@
-#include "FrameDrive.h"
+#include "Playback/FrameDrive.h"
 
-#include "CommentLayer.h"
-#include "Overlay.h"
-#include "Player.h"
-#include "ViewerBridge.h"
+#include "Scene/CommentLayer.h"
+#include "Scene/Overlay.h"
+#include "Playback/Player.h"
+#include "Viewer/ViewerBridge.h"
 
 #include <QEvent>
 #include <QQuickWindow>

@@ -1,4 +1,4 @@
-#include "MessageList.h"
+#include "Playback/MessageList.h"
 
 namespace Flitmark
 {

@@ -1,8 +1,8 @@
-#include "Player.h"
+#include "Playback/Player.h"
 
-#include "MediaPaths.h"
-#include "Overlay.h"
-#include "PlayerText.h"
+#include "Playback/MediaPaths.h"
+#include "Scene/Overlay.h"
+#include "Playback/PlayerText.h"
 
 #include <QQmlEngine>
 #include <QSizeF>

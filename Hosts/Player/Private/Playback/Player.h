@@ -1,10 +1,10 @@
 #pragma once
 
-#include "CommentLoader.h"
-#include "MessageList.h"
-#include "MpvPlayer.h"
-#include "PlayerOptions.h"
-#include "RecentFiles.h"
+#include "Playback/CommentLoader.h"
+#include "Playback/MessageList.h"
+#include "Mpv/MpvPlayer.h"
+#include "Playback/PlayerOptions.h"
+#include "Playback/RecentFiles.h"
 
 #include <QObject>
 #include <QPolygonF>
@@ -210,7 +210,7 @@ private:
 	FCommentLoader Loader;
 	QString CommentsPath;
 	/** Of all comments that are ever due, for the curve. */
-	std::vector<int64_t> SpawnTicks;
+	std::vector<int64> SpawnTicks;
 	QPolygonF Density;
 
 	FMessageList Messages;

@@ -1,8 +1,8 @@
-#include "CommentDensity.h"
-#include "MediaPaths.h"
-#include "Overlay.h"
-#include "Player.h"
-#include "PlayerText.h"
+#include "Insight/CommentDensity.h"
+#include "Playback/MediaPaths.h"
+#include "Scene/Overlay.h"
+#include "Playback/Player.h"
+#include "Playback/PlayerText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -227,7 +227,7 @@ QUrl FPlayer::GetFolder() const
 
 void FPlayer::UpdateDensity()
 {
-	const auto Duration = static_cast<int64_t>(Shown.Duration * TicksPerSecond);
+	const auto Duration = static_cast<int64>(Shown.Duration * TicksPerSecond);
 	const std::vector<float> Bins = ComputeDensity(SpawnTicks, Duration, NumBins, Smoothing);
 	const float Highest = Bins.empty() ? 0.0f : *std::max_element(Bins.begin(), Bins.end());
 	Density.clear();

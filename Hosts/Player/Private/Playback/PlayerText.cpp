@@ -1,4 +1,4 @@
-#include "PlayerText.h"
+#include "Playback/PlayerText.h"
 
 #include <QCoreApplication>
 #include <QStringList>

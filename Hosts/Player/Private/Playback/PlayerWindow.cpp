@@ -1,13 +1,13 @@
-#include "PlayerWindow.h"
+#include "Playback/PlayerWindow.h"
 
-#include "CommentLayer.h"
-#include "FrameDrive.h"
-#include "Overlay.h"
-#include "Player.h"
-#include "Preferences.h"
-#include "ScreenSaver.h"
-#include "VideoItem.h"
-#include "ViewerBridge.h"
+#include "Scene/CommentLayer.h"
+#include "Playback/FrameDrive.h"
+#include "Scene/Overlay.h"
+#include "Playback/Player.h"
+#include "Viewer/Preferences.h"
+#include "Playback/ScreenSaver.h"
+#include "Scene/VideoItem.h"
+#include "Viewer/ViewerBridge.h"
 
 #include <QQuickWindow>
 #include <QScreen>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PlayerOptions.h"
+#include "Playback/PlayerOptions.h"
 
 #include <QQmlApplicationEngine>
 #include <QSettings>

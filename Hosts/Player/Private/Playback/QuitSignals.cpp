@@ -1,4 +1,4 @@
-#include "QuitSignals.h"
+#include "Playback/QuitSignals.h"
 
 #include <QCoreApplication>
 

@@ -1,6 +1,6 @@
-#include "RecentFiles.h"
+#include "Playback/RecentFiles.h"
 
-#include "MediaPaths.h"
+#include "Playback/MediaPaths.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "ScreenSaver.h"
+#include "Playback/ScreenSaver.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

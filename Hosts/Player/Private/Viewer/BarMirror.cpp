@@ -1,9 +1,9 @@
-#include "BarMirror.h"
+#include "Viewer/BarMirror.h"
 
 #include "Components/EditableText.h"
 #include "Components/TextBlock.h"
 #include "UI_DanmakuBar.h"
-#include "WidgetLookup.h"
+#include "Viewer/WidgetLookup.h"
 
 namespace Flitmark
 {

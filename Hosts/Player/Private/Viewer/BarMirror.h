@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ButtonMirror.h"
-#include "CheckBoxMirror.h"
-#include "FieldMirror.h"
-#include "LabelMirror.h"
+#include "Viewer/ButtonMirror.h"
+#include "Viewer/CheckBoxMirror.h"
+#include "Viewer/FieldMirror.h"
+#include "Viewer/LabelMirror.h"
 
 class UUI_DanmakuBar;
 

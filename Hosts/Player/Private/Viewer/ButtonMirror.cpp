@@ -1,4 +1,4 @@
-#include "ButtonMirror.h"
+#include "Viewer/ButtonMirror.h"
 
 #include "Components/Button.h"
 

@@ -1,7 +1,7 @@
-#include "CheckBoxMirror.h"
+#include "Viewer/CheckBoxMirror.h"
 
 #include "Components/CheckBox.h"
-#include "TakeNew.h"
+#include "Viewer/TakeNew.h"
 
 namespace Flitmark
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "WidgetMirror.h"
+#include "Viewer/WidgetMirror.h"
 
 class UCheckBox;
 

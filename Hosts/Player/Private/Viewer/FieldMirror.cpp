@@ -1,8 +1,8 @@
-#include "FieldMirror.h"
+#include "Viewer/FieldMirror.h"
 
 #include "Components/EditableText.h"
-#include "TakeNew.h"
-#include "ViewerText.h"
+#include "Viewer/TakeNew.h"
+#include "Viewer/ViewerText.h"
 
 namespace Flitmark
 {

@@ -1,8 +1,8 @@
-#include "LabelMirror.h"
+#include "Viewer/LabelMirror.h"
 
 #include "Components/TextBlock.h"
-#include "TakeNew.h"
-#include "ViewerText.h"
+#include "Viewer/TakeNew.h"
+#include "Viewer/ViewerText.h"
 
 namespace Flitmark
 {

@@ -1,11 +1,11 @@
-#include "PanelMirror.h"
+#include "Viewer/PanelMirror.h"
 
 #include "Components/CheckBox.h"
 #include "Components/EditableText.h"
 #include "Components/Image.h"
-#include "TakeNew.h"
+#include "Viewer/TakeNew.h"
 #include "UI_DanmakuNodeSetting.h"
-#include "WidgetLookup.h"
+#include "Viewer/WidgetLookup.h"
 
 namespace Flitmark
 {

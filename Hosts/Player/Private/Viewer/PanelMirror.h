@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CheckBoxMirror.h"
-#include "FieldMirror.h"
+#include "Viewer/CheckBoxMirror.h"
+#include "Viewer/FieldMirror.h"
 
 #include <QColor>
 #include <QList>

@@ -1,11 +1,11 @@
-#include "Preferences.h"
+#include "Viewer/Preferences.h"
 
 #include "DanmakuSave.h"
-#include "Overlay.h"
-#include "Stage.h"
-#include "TakeNew.h"
+#include "Scene/Overlay.h"
+#include "Stage/Stage.h"
+#include "Viewer/TakeNew.h"
 #include "UI_DanmakuNodeSetting.h"
-#include "ViewerBridge.h"
+#include "Viewer/ViewerBridge.h"
 
 #include <algorithm>
 #include <chrono>
@@ -33,7 +33,7 @@ void SetNormalFontSize(UUI_DanmakuNodeSetting& Panel, int FontSize)
 } // namespace
 
 FPreferences::FPreferences(FOverlay& InOverlay, FViewerBridge& InBridge, std::filesystem::path InFolder,
-						   FFileCalls* InCalls)
+						   FFileCalls& InCalls)
 	: Overlay(InOverlay)
 	, Open(*InBridge.GetBar()->GetOpen())
 	, Slots(std::move(InFolder), InCalls)

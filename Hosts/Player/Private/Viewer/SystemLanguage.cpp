@@ -1,7 +1,7 @@
-#include "SystemLanguage.h"
+#include "Viewer/SystemLanguage.h"
 
 #include "Internationalization/TextLocalizationManager.h"
-#include "Languages.h"
+#include "Stage/Languages.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

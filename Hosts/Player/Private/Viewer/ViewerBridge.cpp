@@ -1,10 +1,10 @@
-#include "ViewerBridge.h"
+#include "Viewer/ViewerBridge.h"
 
 #include "Components/CheckBox.h"
-#include "Overlay.h"
-#include "Stage.h"
+#include "Scene/Overlay.h"
+#include "Stage/Stage.h"
 #include "UI_DanmakuBar.h"
-#include "WidgetLookup.h"
+#include "Viewer/WidgetLookup.h"
 
 namespace Flitmark
 {

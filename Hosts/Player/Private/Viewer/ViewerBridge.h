@@ -1,7 +1,7 @@
 #pragma once
 
-#include "BarMirror.h"
-#include "PanelMirror.h"
+#include "Viewer/BarMirror.h"
+#include "Viewer/PanelMirror.h"
 
 #include <QQmlEngine>
 

@@ -1,8 +1,8 @@
-#include "WidgetMirror.h"
+#include "Viewer/WidgetMirror.h"
 
 #include "Components/Widget.h"
-#include "TakeNew.h"
-#include "ViewerText.h"
+#include "Viewer/TakeNew.h"
+#include "Viewer/ViewerText.h"
 
 namespace Flitmark
 {

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "Stage/CommentDocument.h"
+#include "Filtering/CommentFilter.h"
+#include "Comments/CommentsReport.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace Flitmark
+{
+
+/** What is done to comments between the file and the overlay. */
+struct FCommentsOptions
+{
+	FKindPolicy Kinds;
+
+	/** May be null. */
+	const FCommentFilter* Filter = nullptr;
+};
+
+/** One file as it was read, in whatever format it is. */
+struct FCommentsInput
+{
+	FCommentsReport Report;
+
+	/** The whole file where it is our own document, or none in a known format. */
+	std::optional<std::string> Bytes;
+
+	/**
+	 * Comments of kinds that the overlay serves; those of other formats are ordered by time. Our own document's are only
+	 * read by ImportOwn.
+	 */
+	std::vector<FServiceComment> Comments;
+
+	/** Empty with OutError set where the file cannot be read. A file in no known format is not refused here. */
+	static std::optional<FCommentsInput> Read(const std::string& InPath, const FKindPolicy& InKinds,
+											  std::string& OutError);
+
+	/** Whether Bytes are a comment document; false with OutError set. */
+	bool IsDocument(std::string& OutError) const;
+
+	/** Reads the comments of our own document; false with OutError set where it is none. */
+	bool ImportOwn(std::string& OutError);
+};
+
+/** A comment document and the text it was read from, which is what the overlay is handed. */
+struct FCommentsFile
+{
+	FString Text;
+	FCommentDocument Document;
+	FCommentsReport Report;
+	/** One a rule of the filter. */
+	std::vector<FFilterRule> Rules;
+
+	/** For people, a line each: what was lost, and what the filter took. */
+	std::vector<std::string> MakeNotes() const;
+};
+
+/** "FILE:LINE:COLUMN: what is wrong" of a text that is no comment document. InText: the file's. */
+std::string DescribeFault(const std::string& InPath, const FString& InText, const FDocumentFault& InFault);
+
+/**
+ * Comments of any format, ready for the overlay: our own document without a filter byte for byte, everything else as a
+ * document that is written in memory. Empty with OutError set where the file cannot be read or has no comments; with
+ * OutFault set too where it was read, and is no comment document.
+ */
+std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FCommentsOptions& InOptions,
+										  std::string& OutError, std::optional<FDocumentFault>* OutFault = nullptr);
+
+/**
+ * The same for a host that hands the overlay any text: one that is no comment document is given as it is. Only the text
+ * and the reports are set.
+ */
+std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FCommentsOptions& InOptions,
+										 std::string& OutError);
+
+} // namespace Flitmark

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "Scene/AtlasBook.h"
+#include "Scene/SpriteMaker.h"
+
+#include <QSGTexture>
+
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+class QOpenGLFunctions;
+class QQuickWindow;
+
+namespace Flitmark
+{
+
+/**
+ * Sprites in textures of the scene. Lives on a scene's render thread with its OpenGL context current, and ends before the
+ * context does.
+ */
+class FSpriteAtlas
+{
+public:
+	/** Bytes of all textures; a screen full of comments takes a tenth. Beyond it comments stay undrawn. */
+	static constexpr int64 MaxTextureBytes = int64{256} << 20;
+
+	/** What a frame hands to the graphics card at most: bytes, or seconds where they come first. */
+	static constexpr int64 FrameBytes = int64{2} << 20;
+	static constexpr double FrameTime = 0.002;
+
+	/** InWindow outlives this. */
+	explicit FSpriteAtlas(QQuickWindow& InWindow, int64 InMaxBytes = MaxTextureBytes);
+	~FSpriteAtlas();
+
+	/** InNow: seconds of a steady clock. Whether a page's texture went. */
+	bool BeginFrame(double InNow);
+
+	/** As FAtlasBook has them; at any scale. */
+	const FAtlasSprite* Use(uint64 InLookId) { return Book.Use(InLookId); }
+	const FAtlasSprite* Find(uint64 InLookId) const { return Book.Find(InLookId); }
+
+	/** Whether a sprite is to be made: it is neither here, at this scale, nor on its way, nor was there no room just now. */
+	bool IsMissing(uint64 InLookId, double InScale) const;
+
+	/** Takes what was made and hands over as much as a frame may. Whether a sprite became drawable. */
+	bool Upload(FSpriteMaker& InMaker);
+	/** Whether the last call of Upload left something over. */
+	bool HasMore() const { return bHasMore; }
+
+	QSGTexture& GetPage(int32 InPage) const { return *Pages[static_cast<std::size_t>(InPage)].Texture; }
+	int32 GetNumPages() const { return static_cast<int32>(Pages.size()); }
+	/** Pixels of a page's side. */
+	int32 GetPageSize() const { return Book.GetPageSize(); }
+	int64 GetTextureBytes() const;
+
+	/** Whether something stayed undrawn since the last call. */
+	bool TakeUndrawn() { return std::exchange(bUndrawn, false); }
+
+private:
+	struct FPage
+	{
+		unsigned int Name = 0;
+		/** Null while there is no texture. */
+		std::unique_ptr<QSGTexture> Texture;
+	};
+	/** A sprite on its way. */
+	struct FUpload
+	{
+		FSprite Source;
+		FAtlasSprite Target;
+		/** What comes next: a tile, and a row of its slot. */
+		std::size_t Tile = 0;
+		int32 Row = 0;
+	};
+
+	void Begin(FMadeSprite InMade);
+	int64 UploadRows(int64 InMaxBytes);
+	void StageRow(const FSprite& InSprite, const FAtlasTile& InTile, int32 InRow);
+	void OpenPage(int32 InPage);
+	void ClosePage(FPage& InPage);
+
+	QQuickWindow& Window;
+	QOpenGLFunctions& Gl;
+	FAtlasBook Book;
+	std::vector<FPage> Pages;
+	std::optional<FUpload> Current;
+	std::vector<uint8> Staging;
+
+	double Now = 0.0;
+	/** Looks for which there was no room, and when to try again. */
+	std::unordered_map<uint64, double> Refused;
+	bool bHasMore = false;
+	bool bUndrawn = false;
+};
+
+} // namespace Flitmark

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "CoreTypes.h"
+
+#include <vector>
+
+namespace Flitmark
+{
+
+/** A rasterized comment: 8-bit RGBA, premultiplied (sRGB values, not linear light), rows top to bottom. */
+struct FSprite
+{
+	/** Size in pixels; both 0 if nothing is visible. */
+	int32 Width = 0;
+	int32 Height = 0;
+
+	/**
+	 * Offset of the sprite's top-left pixel from the comment's top-left corner, in pixels. Positive if the box has
+	 * room around the ink, negative if ink extends outside the measured box (accents, slanted letters).
+	 */
+	int32 Left = 0;
+	int32 Top = 0;
+
+	/** Part of the text is missing because it exceeds FTextLimits. */
+	bool bCut = false;
+
+	/** Width x Height x 4 bytes. */
+	std::vector<uint8> Pixels;
+};
+
+} // namespace Flitmark

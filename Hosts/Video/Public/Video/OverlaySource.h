@@ -1,0 +1,52 @@
+#pragma once
+
+#include "CoreTypes.h"
+#include "Text/Sprite.h"
+
+#include <memory>
+#include <vector>
+
+namespace Flitmark
+{
+
+/** A sprite and its position in the upright picture, in pixels from the top-left corner. */
+struct FPlacedSprite
+{
+	std::shared_ptr<const FSprite> Sprite;
+
+	/** The comment's top-left corner, in pixels; the sprite's own Left and Top come on top of it. */
+	double X = 0.0;
+	double Y = 0.0;
+};
+
+/** What an overlay needs to know about a video. */
+struct FVideoShape
+{
+	/** The upright picture (after the rotation that players apply), in stored pixels. */
+	int32 Width = 0;
+	int32 Height = 0;
+
+	/** Width of a stored pixel divided by its height, in the upright picture. */
+	double PixelAspect = 1.0;
+
+	/** Average frames per second, for hosts that plan ahead; 0 where unknown. */
+	double FrameRate = 0.0;
+};
+
+/** Supplies the comments for each frame. Called from one thread, frame by frame, in time order. */
+class IOverlaySource
+{
+public:
+	virtual ~IOverlaySource() = default;
+
+	/** Called once, before the first frame. */
+	virtual void Open(const FVideoShape& InShape) = 0;
+
+	/**
+	 * The comments on the frame shown at InTicks (100-nanosecond ticks of media time, 0 or more), in painting order.
+	 * InDeltaSeconds: time since the frame before (0 for the first).
+	 */
+	virtual void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) = 0;
+};
+
+} // namespace Flitmark
