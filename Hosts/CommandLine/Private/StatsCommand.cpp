@@ -29,23 +29,16 @@ struct FStatsArguments
 /** How many entries the lists of minutes and texts have. */
 constexpr std::size_t MostListed = 5;
 
-/** Of the picture. */
-constexpr std::size_t MostMarks = 6;
-
 bool WritePicture(const FStatsArguments& InArguments, const FCommentStats& InStats,
 				  const std::vector<FServiceComment>& InComments, std::string& OutError)
 {
-	FDensityPicture Picture;
-	Picture.Title = std::filesystem::path(InArguments.Comments).filename().string();
-	Picture.SpawnTicks = GatherSpawnTicks(InComments);
-	Picture.DurationTicks = InStats.LastTicks + 1;
-	Picture.Subtitle = CountComments(InStats.NumComments) + " in " + FormatMediaTime(InStats.LastTicks);
+	const std::string Title = std::filesystem::path(InArguments.Comments).filename().string();
+	std::string Subtitle = CountComments(InStats.NumComments) + " in " + FormatMediaTime(InStats.LastTicks);
 	if (InStats.NumUsers > 1)
 	{
-		Picture.Subtitle += " by " + FormatCount(InStats.NumUsers) + " users";
+		Subtitle += " by " + FormatCount(InStats.NumUsers) + " users";
 	}
-	Picture.Marks = FindBusyMoments(InComments, Picture.DurationTicks, MostMarks);
-	return WriteWholeFile(InArguments.Picture, DrawDensityPicture(Picture), OutError);
+	return WriteWholeFile(InArguments.Picture, DrawDensityPicture(InComments, Title, Subtitle), OutError);
 }
 
 int RunStats(const FStatsArguments& InArguments)

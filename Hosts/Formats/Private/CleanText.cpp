@@ -1,8 +1,6 @@
 #include "Formats/CleanText.h"
 
-#include "CoreTypes.h"
-
-#include "Utf8.h"
+#include "Formats/Utf8.h"
 
 #include <cstring>
 

@@ -1,6 +1,6 @@
 #include "TextDecoding.h"
 
-#include "Utf8.h"
+#include "Formats/Utf8.h"
 #include "XmlTag.h"
 
 #include <algorithm>

@@ -1,10 +1,9 @@
 #include "XmlTag.h"
 
-#include "CoreTypes.h"
+#include "Formats/Utf8.h"
 
 #include <algorithm>
 #include <charconv>
-#include <unicode/utf8.h>
 
 namespace Flitmark
 {
@@ -34,15 +33,6 @@ std::size_t FindEnd(std::string_view InText, std::size_t InOffset, char InOtherE
 		++InOffset;
 	}
 	return InOffset;
-}
-
-void AppendCharacter(std::string& OutText, uint32 InCharacter)
-{
-	char Bytes[U8_MAX_LENGTH];
-	int32 Length = 0;
-	const bool bScalar = InCharacter <= 0x10FFFF && !U_IS_SURROGATE(InCharacter);
-	U8_APPEND_UNSAFE(Bytes, Length, bScalar ? InCharacter : 0xFFFDU);
-	OutText.append(Bytes, static_cast<std::size_t>(Length));
 }
 
 /** `#65` or `#x41`, without the ampersand and the semicolon. */
