@@ -5,6 +5,7 @@
 #include "DensityPictureLabels.h"
 #include "DensityPictureScale.h"
 #include "DensityPictureText.h"
+#include "Values/TimeText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -185,7 +186,7 @@ private:
 		{
 			const double X = GetX(static_cast<double>(Second));
 			AddLine("axis", X, Bottom, X, Bottom + 6.0);
-			AddText("label", X, Bottom + 23.0, FormatMediaTime(Second * TicksPerSecond), "middle");
+			AddText("label", X, Bottom + 23.0, FormatTime(static_cast<double>(Second)), "middle");
 		}
 	}
 
@@ -199,7 +200,7 @@ private:
 	static FMarkText MakeText(const FDensityMark& InMark)
 	{
 		FMarkText Text;
-		Text.Time = FormatMediaTime(InMark.Ticks);
+		Text.Time = FormatTime(FTimespan(InMark.Ticks));
 		Text.Label = CutToWidth(InMark.Label, LongestLabel / LabelFontSize);
 		const double Space = Text.Label.empty() ? 0.0 : 0.5;
 		Text.Width = (GuessWidth(Text.Time) * 1.1 + Space + GuessWidth(Text.Label)) * LabelFontSize;
@@ -263,13 +264,6 @@ private:
 std::string DrawDensityPicture(const FDensityPicture& InPicture)
 {
 	return FPictureWriter(InPicture).Write();
-}
-
-std::string FormatMediaTime(int64 InTicks)
-{
-	const long long Seconds = std::max<int64>(InTicks, 0) / TicksPerSecond;
-	return Seconds < 3600 ? Print("%lld:%02lld", Seconds / 60, Seconds % 60)
-						  : Print("%lld:%02lld:%02lld", Seconds / 3600, Seconds / 60 % 60, Seconds % 60);
 }
 
 } // namespace Flitmark

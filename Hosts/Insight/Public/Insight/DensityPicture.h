@@ -44,7 +44,4 @@ std::vector<FDensityMark> FindBusyMoments(std::span<const FServiceComment> InCom
 /** An SVG picture, 1200 x 400, on a light ground; texts are escaped, and no font or other file is needed. */
 std::string DrawDensityPicture(const FDensityPicture& InPicture);
 
-/** "1:05" or, from an hour on, "1:01:05"; without fractions. */
-std::string FormatMediaTime(int64 InTicks);
-
 } // namespace Flitmark
