@@ -67,7 +67,7 @@ TEST(Burn, PaintsEachCommentInItsTimeAndPlace)
 	const std::string Out = Folder.File("o.mp4");
 	const FProgramResult Result = RunProgram({"burn", BlackVideo(), Comments, "-o", Out, "--preset", "ultrafast"});
 	ASSERT_EQ(Result.ExitCode, 0) << Result.Error;
-	EXPECT_THAT(Result.Out, HasSubstr(Out + ": 50 frames, 00:02"));
+	EXPECT_THAT(Result.Out, HasSubstr(Out + ": 50 frames, 0:02"));
 	EXPECT_EQ(Capture("ffprobe -v error -show_entries stream=codec_name -of csv=p=0 " + Out), "h264\naac\n");
 
 	const std::string Early = GreyFrame(Out, 20);

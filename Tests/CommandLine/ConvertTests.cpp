@@ -153,12 +153,12 @@ TEST(Convert, TellsWhatAnOffsetPutsOutOfReach)
 		"c.xml", MakeXml({{Scroll("1"), "a"}, {Scroll("2.5"), "b"}, {Scroll("10"), "c"}, {Scroll("20"), "d"}}));
 	const FProgramResult Back = RunProgram({"convert", Path, "-o", "-", "--offset", "-3"});
 	EXPECT_THAT(ListComments(Back.Out), ElementsAre("b@-0.5", "c@7", "d@17"));
-	EXPECT_THAT(Back.Error, HasSubstr("1 comment less than a second before 0 s, which come at the start"));
-	EXPECT_THAT(Back.Error, HasSubstr("1 comment before 0 s, which is never reached: left out"));
+	EXPECT_THAT(Back.Error, HasSubstr("1 comment to less than a second before 0 s; shown at the start"));
+	EXPECT_THAT(Back.Error, HasSubstr("1 comment before 0 s, where nothing is shown; dropped"));
 	EXPECT_THAT(Back.Error, HasSubstr("standard output: 3 comments written"));
 	const FProgramResult Forth = RunProgram({"convert", Path, "-o", "-", "--offset", "23:59:55"});
 	EXPECT_THAT(ListComments(Forth.Out), ElementsAre("a@86396", "b@86397.5"));
-	EXPECT_THAT(Forth.Error, HasSubstr("2 comments to 24 h or later, which is never reached: left out"));
+	EXPECT_THAT(Forth.Error, HasSubstr("2 comments to 24 h or later, where nothing is shown; dropped"));
 }
 
 TEST(Convert, OwnDocumentWithoutAWishKeepsItsBytes)
@@ -193,8 +193,8 @@ TEST(Convert, RefusesWithoutHarm)
 		{{Text, "-o", Old}, 1, "notes.txt: is in no known format of comments"},
 		{{Folder.File("none.xml"), "-o", Old}, 1, "none.xml: cannot be opened"},
 		{{Good, "-o", Old, "--offset", "1", "--offset", "2"}, 2, "--offset: is given 2 times for 1 file"},
-		{{Good, "-o", Old, "--offset", "1:75"}, 2, "--offset: \"1:75\" is no time"},
-		{{Good, "-o", Old, "--block", "a(b"}, 2, "--block: \"a(b\" is no regular expression: missing )"},
+		{{Good, "-o", Old, "--offset", "1:75"}, 2, "--offset: \"1:75\" is not a time"},
+		{{Good, "-o", Old, "--block", "a(b"}, 2, "--block: \"a(b\" is not a regular expression: missing )"},
 		{{Good}, 2, "--output is required"},
 		{{"-o", Old}, 2, "IN is required"},
 	};
@@ -316,7 +316,7 @@ TEST(Stats, TellAndDraw)
 	for (const char* Line :
 		 {"\ntotal     41 comments, 2 different texts\n", "\nlength    30:00 to 1:02:05, 0.7 a minute\n",
 		  "\nusers     1\n", "\nbusiest     30:00      40  Goal & <b> ×40\n", "\nmodes     41 scroll\n",
-		  "\ncolours   #FFFFFF ×41\n", "×40  Goal & <b>\n", "p.svg: the density over time\n"})
+		  "\ncolors    #FFFFFF ×41\n", "×40  Goal & <b>\n", "p.svg: the density over time\n"})
 	{
 		EXPECT_THAT(Result.Out, HasSubstr(Line));
 	}

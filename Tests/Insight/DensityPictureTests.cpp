@@ -136,13 +136,5 @@ TEST(DensityPicture, HasRoundTimesAndCounts)
 	}
 }
 
-TEST(DensityPicture, FormatsTimes)
-{
-	EXPECT_EQ(FormatMediaTime(-5), "0:00");
-	EXPECT_EQ(FormatMediaTime(65 * Second + 9'999'999), "1:05");
-	EXPECT_EQ(FormatMediaTime(3'600 * Second), "1:00:00");
-	EXPECT_EQ(FormatMediaTime(86'399 * Second), "23:59:59");
-}
-
 } // namespace
 } // namespace Flitmark::Testing

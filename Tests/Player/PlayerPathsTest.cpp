@@ -105,36 +105,10 @@ TEST(PlayerAddressTest, PathsAndAddressesAreToldApart)
 	EXPECT_EQ(NameOf("https://example.org/"), "example.org");
 }
 
-TEST(PlayerTextTest, TimesAreWrittenAsPeopleWriteThem)
+TEST(PlayerTextTest, SpeedsAreShort)
 {
-	EXPECT_EQ(FormatTime(0.0), "0:00");
-	EXPECT_EQ(FormatTime(59.999), "0:59");
-	EXPECT_EQ(FormatTime(65.0), "1:05");
-	EXPECT_EQ(FormatTime(3600.0 + 65.0), "1:01:05");
-	EXPECT_EQ(FormatTime(100.0 * 3600.0), "100:00:00");
-	for (const double Odd :
-		 {-1.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(), 1e300})
-	{
-		EXPECT_EQ(FormatTime(Odd), "0:00") << Odd;
-	}
 	EXPECT_EQ(FormatSpeed(1.0), QString::fromUtf8("1\u00d7"));
 	EXPECT_EQ(FormatSpeed(1.25), QString::fromUtf8("1.25\u00d7"));
-}
-
-TEST(PlayerTextTest, TimesAreReadOrRefused)
-{
-	const std::pair<const char*, double> Good[] = {{"0", 0.0},	   {"90", 90.0},		  {"90.5", 90.5},
-												   {"1:30", 90.0}, {"0:01:30.25", 90.25}, {"100:00", 6000.0},
-												   {".5", 0.5}};
-	for (const auto& [Text, Seconds] : Good)
-	{
-		EXPECT_EQ(ParseTime(Text), Seconds) << Text;
-	}
-	for (const char* Text : {"", ":", "1:", ":1", "1:60", "1:2:3:4", "-1", "+1", "1e3", "nan", "inf", "1.5:00", "1,5",
-							 " 1", "0x10", "99999999999999999999"})
-	{
-		EXPECT_EQ(ParseTime(Text), std::nullopt) << Text;
-	}
 }
 
 TEST(PlayerTextTest, FaultsOfPlaybackEndAsSentencesAndTellAddressesWhatToDo)

@@ -2,8 +2,8 @@
 
 #include "Comments/CommentsReport.h"
 #include "Message.h"
-#include "OptionValues.h"
 #include "TerminalText.h"
+#include "Values/TimeText.h"
 
 #include <algorithm>
 #include <cstdio>

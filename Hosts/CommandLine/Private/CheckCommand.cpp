@@ -1,4 +1,4 @@
-#include "CheckCommand.h"
+#include "Commands.h"
 
 #include "CommentOptions.h"
 #include "DocumentReview.h"
@@ -6,10 +6,11 @@
 #include "Files/FileText.h"
 #include "JsonLine.h"
 #include "Message.h"
-#include "OptionChecks.h"
 #include "OptionValues.h"
 #include "SizeProbe.h"
 #include "Overlay/TextMeasure.h"
+#include "Values/OptionChecks.h"
+#include "Values/TimeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -256,8 +257,8 @@ int RunCheck(const FCheckArguments& InArguments)
 }
 
 constexpr const char* Footer =
-	R"(Exit status: 0 when every comment can be seen, 1 when some or all can't, 2 for wrong use.
-Comments that find no free lane among the others are not foretold; "flitmark trace" tells them.
+	R"(Exit status: 0 if every comment can be seen, 1 if some or all can't, 2 for wrong usage.
+Whether a comment finds a free lane among the others is not checked; "flitmark trace" shows that.
 
 Examples:
   flitmark check comments.json
@@ -273,15 +274,16 @@ std::optional<FVector2f> ParseShownSize(std::string_view InText)
 
 } // namespace
 
-void AddCheckCommand(CLI::App& App, int& OutExitCode)
+void AddCheckCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FCheckArguments>();
 	CLI::App* const Command =
-		App.add_subcommand("check", "Tell which comments of a file a viewer will not see, and why");
-	Command->add_option("COMMENTS", Arguments->Comments, "File of comments, in any known format")->required();
+		InApp.add_subcommand("check", "List the comments of a file that a viewer will not see, and why");
+	Command->add_option("COMMENTS", Arguments->Comments, "Comment file, in any known format")->required();
 	Command->add_flag("--json", Arguments->bJson, "Print one JSON object, for programs");
-	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT; decides which sizes fit")
-		->check(MakeCheck(&ParseShownSize, "is no size such as 1920x1080"))
+	Command->add_option("--size", Arguments->Size, "Canvas size in canvas units; decides which font sizes fit")
+		->type_name("WIDTHxHEIGHT")
+		->check(MakeCheck(&ParseShownSize, "is not a size; try 1920x1080"))
 		->capture_default_str();
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);

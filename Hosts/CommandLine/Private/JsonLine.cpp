@@ -1,5 +1,7 @@
 #include "JsonLine.h"
 
+#include "Containers/StringConv.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -82,16 +84,6 @@ void AppendUtf8(std::string& Text, char32_t CodePoint)
 	Byte(0x80 | (CodePoint & 0x3F));
 }
 
-constexpr bool IsHighSurrogate(char16_t Unit)
-{
-	return Unit >= 0xD800 && Unit <= 0xDBFF;
-}
-
-constexpr bool IsLowSurrogate(char16_t Unit)
-{
-	return Unit >= 0xDC00 && Unit <= 0xDFFF;
-}
-
 void AppendString(std::string& Text, const std::u16string& Units)
 {
 	for (std::size_t Index = 0; Index < Units.size(); ++Index)
@@ -101,13 +93,14 @@ void AppendString(std::string& Text, const std::u16string& Units)
 		{
 			AppendAscii(Text, Unit);
 		}
-		else if (IsHighSurrogate(Unit) && Index + 1 < Units.size() && IsLowSurrogate(Units[Index + 1]))
+		else if (StringConv::IsHighSurrogate(Unit) && Index + 1 < Units.size() &&
+				 StringConv::IsLowSurrogate(Units[Index + 1]))
 		{
 			++Index;
 			AppendUtf8(Text, 0x10000u + (static_cast<char32_t>(Unit - 0xD800) << 10) +
 								 static_cast<char32_t>(Units[Index] - 0xDC00));
 		}
-		else if (IsHighSurrogate(Unit) || IsLowSurrogate(Unit))
+		else if (StringConv::IsHighSurrogate(Unit) || StringConv::IsLowSurrogate(Unit))
 		{
 			AppendEscape(Text, Unit);
 		}

@@ -5,6 +5,7 @@
 #include "Comments/CommentsReport.h"
 #include "Insight/DensityPicture.h"
 #include "TerminalText.h"
+#include "Values/TimeText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@ namespace Flitmark
 namespace
 {
 
-/** Where the lines' texts begin, behind their heads. */
+/** Where the lines' texts begin, after their heads. */
 constexpr std::size_t Indent = 10;
 
 constexpr int64 SecondsPerMinute = 60;
@@ -50,7 +51,7 @@ public:
 		AddDensity();
 		AddTotals();
 		AddMinutes();
-		AddLooks();
+		AddStyles();
 		AddTexts();
 		return std::move(Text);
 	}
@@ -81,7 +82,7 @@ private:
 		{
 			Text += Blocks[static_cast<std::size_t>(std::ceil(Count / Most * Highest))];
 		}
-		const std::string End = FormatMediaTime(Stats.LastTicks);
+		const std::string End = FormatTime(FTimespan(Stats.LastTicks));
 		Text += "\n0:00" + PadLeft(End, Columns - 4) + "\n\n";
 	}
 
@@ -96,18 +97,19 @@ private:
 		Add("total", Total);
 		if (!SpawnTicks.empty())
 		{
-			Add("length", FormatMediaTime(Stats.FirstTicks) + " to " + FormatMediaTime(Stats.LastTicks) + TellRate());
+			Add("length", FormatTime(FTimespan(Stats.FirstTicks)) + " to " + FormatTime(FTimespan(Stats.LastTicks)) +
+							  DescribeRate());
 		}
-		std::string Users = Stats.NumUsers > 0 ? FormatCount(Stats.NumUsers) : "none are told";
+		std::string Users = Stats.NumUsers > 0 ? FormatCount(Stats.NumUsers) : "unknown";
 		if (Stats.NumUsers > 0 && Stats.NumWithoutUser > 0)
 		{
-			Users += ", and " + CountComments(Stats.NumWithoutUser) + " of which no user is told";
+			Users += ", and " + CountComments(Stats.NumWithoutUser) + " without one";
 		}
 		Add("users", Users);
 	}
 
-	/** Of less than a minute there is none. */
-	std::string TellRate() const
+	/** Empty for less than a minute. */
+	std::string DescribeRate() const
 	{
 		const double Minutes = static_cast<double>(Stats.LastTicks) / (SecondsPerMinute * TicksPerSecond);
 		char Rate[64] = "";
@@ -123,7 +125,7 @@ private:
 		const char* Head = "busiest";
 		for (const FBusyMinute& Busy : Stats.BusyMinutes)
 		{
-			std::string Line = PadLeft(FormatMediaTime(Busy.Minute * SecondsPerMinute * TicksPerSecond), 7) +
+			std::string Line = PadLeft(FormatTime(static_cast<double>(Busy.Minute * SecondsPerMinute)), 7) +
 							   PadLeft(FormatCount(Busy.NumComments), 8);
 			for (const FCommentTerm& Term : Busy.Terms)
 			{
@@ -134,7 +136,7 @@ private:
 		}
 	}
 
-	void AddLooks()
+	void AddStyles()
 	{
 		constexpr std::string_view Names[] = {"scroll",		"top",	   "bottom", "from left to right",
 											  "positioned", "scripts", "unknown"};
@@ -149,7 +151,7 @@ private:
 		}
 		Add("modes", Modes);
 		Add("sizes", List(Stats.Sizes, [](int32 InSize) { return std::to_string(InSize) + " pt"; }));
-		Text += Pad("colours", Indent) + List(Stats.Colors, [this](uint32 InColor) { return DescribeColor(InColor); }) +
+		Text += Pad("colors", Indent) + List(Stats.Colors, [this](uint32 InColor) { return DescribeColor(InColor); }) +
 				"\n";
 	}
 
@@ -193,7 +195,7 @@ private:
 		Head = "longest";
 		for (const FLongText& Long : Stats.Longest)
 		{
-			Add(Head, PadLeft(FormatMediaTime(Long.SpawnTicks), 7) + "  " + FormatCount(Long.NumCharacters) +
+			Add(Head, PadLeft(FormatTime(FTimespan(Long.SpawnTicks)), 7) + "  " + FormatCount(Long.NumCharacters) +
 						  (Long.NumCharacters == 1 ? " character: " : " characters: ") + Long.Text);
 			Head = "";
 		}

@@ -22,7 +22,7 @@ struct FStatsLook
 	static FStatsLook OfStandardOutput();
 };
 
-/** What there is to tell, in lines. InSpawnTicks: of the comments that are reached. */
+/** The report, in lines. InSpawnTicks: of the comments that are reached. */
 std::string DescribeStats(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks,
 						  const FStatsLook& InLook);
 

@@ -16,7 +16,6 @@ namespace Flitmark
 namespace
 {
 
-constexpr int64 TicksPerSecond = 10'000'000;
 constexpr int64 SecondsPerDay = 86'400;
 
 } // namespace
@@ -37,7 +36,7 @@ FTraceRunner::~FTraceRunner()
 
 int64 FTraceRunner::GetMediaTime() const
 {
-	return Base + PlayedFrames * TicksPerSecond / Options.Fps;
+	return Base + PlayedFrames * ETimespan::TicksPerSecond / Options.Fps;
 }
 
 bool FTraceRunner::Run(std::string& OutError)
@@ -105,7 +104,8 @@ bool FTraceRunner::RunFrame(int64 LastSecond, bool bEndless)
 	{
 		WritePositions();
 	}
-	const bool bIdle = GetMediaTime() / TicksPerSecond > LastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
+	const bool bIdle =
+		GetMediaTime() / ETimespan::TicksPerSecond > LastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
 	IdleFrames = bIdle ? IdleFrames + 1 : 0;
 	PlayedFrames += bPlaying ? 1 : 0;
 	return !bEndless || IdleFrames < Options.Fps;

@@ -64,7 +64,7 @@ public:
 		const TSharedPtr<FJsonValue> Value = Object.TryGetField(Name);
 		if (!Value.IsValid() || Value->Type != EJson::String)
 		{
-			Fail(Name, "must be a text");
+			Fail(Name, "must be a string");
 			return FString();
 		}
 		return Value->AsString();
@@ -90,7 +90,7 @@ public:
 		const auto Entry = Choices.find(std::u16string_view(Found.GetStd()));
 		if (Entry == Choices.end())
 		{
-			Fail(Name, "is none of the known names");
+			Fail(Name, "is not a known name");
 			return T();
 		}
 		return Entry->second;
@@ -176,7 +176,7 @@ void ReadCheck(FLineReader& Line, FTraceStep& Step)
 			return;
 		}
 	}
-	Line.Fail(TEXT("box"), "is the name of no check box");
+	Line.Fail(TEXT("box"), "is not the name of a check box");
 }
 
 void ReadResize(FLineReader& Line, FTraceStep& Step)
@@ -263,7 +263,7 @@ bool ReadLine(FLineReader& Line, FTraceScript& Script)
 	Step.Frame = Line.WholeNumber(TEXT("frame"), 0.0, MaxTicks);
 	if (!Script.Steps.empty() && Step.Frame < Script.Steps.back().Frame)
 	{
-		Line.Fail(TEXT("frame"), "is smaller than that of the line before");
+		Line.Fail(TEXT("frame"), "is smaller than on the line before");
 	}
 	const FString Action = Line.Text(TEXT("do"));
 	const auto Entry = GetActions().find(std::u16string_view(Action.GetStd()));
@@ -275,14 +275,14 @@ bool ReadLine(FLineReader& Line, FTraceScript& Script)
 		const int64 Value = Line.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
 		if (Step.Frame != 0)
 		{
-			Line.Fail(TEXT("set"), "is possible at frame 0 only: the widgets are built then");
+			Line.Fail(TEXT("set"), "must be at frame 0, before the widgets are built");
 		}
 		Script.Settings.push_back({Setting, static_cast<int32>(Value)});
 		return Line.GetError().empty();
 	}
 	if (Entry == GetActions().end())
 	{
-		Line.Fail(TEXT("do"), "is no known action");
+		Line.Fail(TEXT("do"), "is not a known action");
 		return false;
 	}
 	Step.Action = Entry->second.Action;

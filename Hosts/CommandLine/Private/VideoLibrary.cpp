@@ -16,8 +16,8 @@ const FVideoLibrary* LoadVideoLibrary(std::string& OutError)
 	if (Entry == nullptr)
 	{
 		const char* const Reason = dlerror();
-		OutError = Path + ": cannot be loaded: " + (Reason != nullptr ? Reason : "no reason is known") +
-				   "; install the program anew";
+		OutError = Path + ": cannot be loaded: " + (Reason != nullptr ? Reason : "the reason is unknown") +
+				   "; reinstall flitmark";
 		return nullptr;
 	}
 	return reinterpret_cast<const FVideoLibrary* (*)()>(Entry)();

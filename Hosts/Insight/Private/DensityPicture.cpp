@@ -6,6 +6,7 @@
 #include "Insight/CommentDensity.h"
 #include "Insight/CommentStats.h"
 #include "Insight/CommentTerms.h"
+#include "Values/TimeText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -204,7 +205,7 @@ private:
 		{
 			const double X = GetX(static_cast<double>(Second));
 			AddLine("axis", X, Bottom, X, Bottom + 6.0);
-			AddText("at", X, Bottom + 23.0, FormatMediaTime(Second * TicksPerSecond), "middle");
+			AddText("at", X, Bottom + 23.0, FormatTime(static_cast<double>(Second)), "middle");
 		}
 	}
 
@@ -242,7 +243,7 @@ private:
 			Svg += "<path class=\"busy\" d=\"" + MakeBar(Bar) + "\"/>\n";
 			AddLine("leader", X, Top - 12.0, X, GetY(static_cast<double>(Bars[Bar])));
 			const std::string Said = FindSaid(Bar);
-			AddText("time", X, Top - (Said.empty() ? 18.0 : 36.0), FormatMediaTime(Second * TicksPerSecond), "middle");
+			AddText("time", X, Top - (Said.empty() ? 18.0 : 36.0), FormatTime(static_cast<double>(Second)), "middle");
 			if (!Said.empty())
 			{
 				AddText("said", X, Top - 18.0, Shorten(Said, MaxLabelLength), "middle");
@@ -267,13 +268,6 @@ std::string DrawDensityPicture(std::span<const FServiceComment> InComments, cons
 							   const std::string& InSubtitle)
 {
 	return FPictureWriter(InComments).Write(InTitle, InSubtitle);
-}
-
-std::string FormatMediaTime(int64 InTicks)
-{
-	const long long Seconds = std::max<int64>(InTicks, 0) / TicksPerSecond;
-	return Seconds < 3600 ? Print("%lld:%02lld", Seconds / 60, Seconds % 60)
-						  : Print("%lld:%02lld:%02lld", Seconds / 3600, Seconds / 60 % 60, Seconds % 60);
 }
 
 } // namespace Flitmark

@@ -1,8 +1,9 @@
 #include "Playback/MediaPaths.h"
 #include "Playback/Player.h"
-#include "Playback/PlayerText.h"
 #include "Playback/PlayerWindow.h"
 #include "Playback/QuitSignals.h"
+#include "Values/OptionChecks.h"
+#include "Values/TimeText.h"
 #include "Viewer/SystemLanguage.h"
 
 #include <CLI/CLI.hpp>
@@ -60,11 +61,10 @@ void AddOptions(CLI::App& App, FArguments& InOutArguments, FPlayerOptions& InOut
 	App.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format");
 	App.add_flag("--fullscreen", InOutOptions.bFullScreen, "Start in full screen");
 	App.add_option("--start", InOutArguments.Start, "Where to begin, such as 90, 1:30 or 0:01:30.5")
-		->check([](const std::string& InText)
-				{ return ParseTime(QString::fromStdString(InText)) ? "" : "\"" + InText + "\" is no time"; });
-	App.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(CLI::Range(0.25, 4.0));
+		->check(MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5"));
+	App.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(MakeNumberCheck(0.25, 4.0));
 	App.add_option("--volume", InOutArguments.Volume, "Percent, 0 to 100 (default: as last time)")
-		->check(CLI::Range(0.0, 100.0));
+		->check(MakeNumberCheck(0.0, 100.0));
 	App.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the processor alone");
 	App.get_formatter()->column_width(24);
 	App.footer(Footer);
@@ -94,7 +94,7 @@ std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, i
 	}
 	Options.Video = ToPathOrAddress(QString::fromStdString(Read.Video));
 	Options.Comments = ToPathOrAddress(QString::fromStdString(Read.Comments));
-	Options.Start = ParseTime(QString::fromStdString(Read.Start)).value_or(0.0);
+	Options.Start = ParseTime(Read.Start).value_or(0.0);
 	Options.bHardwareDecoding = !Read.bNoHardwareDecoding;
 	if (Read.Volume >= 0.0)
 	{

@@ -18,7 +18,4 @@ namespace Flitmark
 std::string DrawDensityPicture(std::span<const FServiceComment> InComments, const std::string& InTitle,
 							   const std::string& InSubtitle);
 
-/** "1:05" or, from an hour on, "1:01:05"; without fractions. */
-std::string FormatMediaTime(int64 InTicks);
-
 } // namespace Flitmark

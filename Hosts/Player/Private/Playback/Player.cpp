@@ -3,6 +3,7 @@
 #include "Playback/MediaPaths.h"
 #include "Scene/Overlay.h"
 #include "Playback/PlayerText.h"
+#include "Values/TimeText.h"
 
 #include <QQmlEngine>
 #include <QSizeF>
@@ -134,8 +135,8 @@ void FPlayer::SeekTo(double InPosition)
 		return;
 	}
 	Seek(InPosition, true);
-	const QString Time = Flitmark::FormatTime(GetPosition());
-	Announce(Shown.Duration > 0.0 ? Time + " / " + Flitmark::FormatTime(Shown.Duration) : Time);
+	const QString Time = FormatTime(GetPosition());
+	Announce(Shown.Duration > 0.0 ? Time + " / " + FormatTime(Shown.Duration) : Time);
 }
 
 void FPlayer::SeekBy(double InSeconds)
@@ -261,7 +262,7 @@ QVariantMap FPlayer::CollectFigures() const
 
 QString FPlayer::FormatTime(double InSeconds)
 {
-	return Flitmark::FormatTime(InSeconds);
+	return QString::fromStdString(Flitmark::FormatTime(InSeconds));
 }
 
 QString FPlayer::FormatSpeed(double InSpeed)
