@@ -20,15 +20,40 @@ constexpr QRgb Ground = qRgb(0x20, 0x30, 0x50);
 constexpr QRgb Green = qRgb(0x00, 0xFF, 0x00);
 constexpr QRgb Red = qRgb(0xFF, 0x00, 0x00);
 
-/** A minute of one colour. */
-void MakeVideo(const QString& InPath)
+void RunFFmpeg(const QStringList& InArguments)
 {
 	QProcess FFmpeg;
-	FFmpeg.start("ffmpeg",
-				 {"-nostdin", "-loglevel", "error", "-y", "-f", "lavfi", "-i", "color=0x203050:s=640x360:r=25:d=60",
-				  "-c:v", "libx264", "-preset", "ultrafast", "-g", "25", "-pix_fmt", "yuv420p", InPath});
+	FFmpeg.start("ffmpeg", QStringList{"-nostdin", "-loglevel", "error", "-y"} + InArguments);
 	QVERIFY(FFmpeg.waitForFinished(60'000));
 	QCOMPARE(FFmpeg.exitCode(), 0);
+}
+
+/** A minute of the same picture in 640 x 360: one color, and what a filter draws on it. */
+void MakeVideo(const QString& InPath, const QString& InFilter = "null")
+{
+	RunFFmpeg({"-f", "lavfi", "-i", "color=0x203050:s=640x360:r=25:d=60," + InFilter, "-c:v", "libx264", "-preset",
+			   "ultrafast", "-g", "25", "-pix_fmt", "yuv420p", InPath});
+}
+
+/** A different color in every corner, and an L that is its own image in no mirror. */
+const char* const FourCorners = "drawbox=0:0:160:90:red:fill,drawbox=480:0:160:90:green:fill,"
+								"drawbox=0:270:160:90:blue:fill,drawbox=480:270:160:90:yellow:fill,"
+								"drawbox=260:60:40:240:white:fill,drawbox=260:260:140:40:white:fill";
+
+/** Mean difference of two pictures of one size, 0 to 255. */
+double MeanDifference(const QImage& InA, const QImage& InB)
+{
+	double Sum = 0.0;
+	for (int Y = 0; Y < InA.height(); ++Y)
+	{
+		for (int X = 0; X < InA.width(); ++X)
+		{
+			const QRgb A = InA.pixel(X, Y);
+			const QRgb B = InB.pixel(X, Y);
+			Sum += std::abs(qRed(A) - qRed(B)) + std::abs(qGreen(A) - qGreen(B)) + std::abs(qBlue(A) - qBlue(B));
+		}
+	}
+	return Sum / (3.0 * InA.width() * InA.height());
 }
 
 void Write(const QString& InPath, const QByteArray& InText)
@@ -69,6 +94,7 @@ QByteArray MakeManyComments()
 void PlayerWindowTest::initTestCase()
 {
 	MakeVideo(Media.filePath("film.mp4"));
+	MakeVideo(Media.filePath("corners.mp4"), FourCorners);
 	Write(Media.filePath("film.json"), MakeComments());
 	QVERIFY(QFile::copy(Media.filePath("film.mp4"), Media.filePath("bare.mp4")));
 	Write(Media.filePath("list.xml"), "<i><d p=\"30.5,5,25,255,0,0,0,1\">from a list</d></i>");
@@ -85,6 +111,29 @@ void PlayerWindowTest::cleanup()
 {
 	Player.reset();
 	Window = nullptr;
+}
+
+void PlayerWindowTest::ShowsTheVideoTheRightWayUp()
+{
+	RunFFmpeg({"-i", Media.filePath("corners.mp4"), "-frames:v", "1", Media.filePath("corners.png")});
+	const QImage Frame(Media.filePath("corners.png"));
+	QCOMPARE(Frame.size(), QSize(640, 360));
+	// Nothing covers the picture while it plays undisturbed.
+	Open("corners.mp4");
+	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().GetPosition() > 1.0, Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible() && !Find("OnScreenMessage")->isVisible(), Patience);
+	const QImage Shown = Grab().copy(RectOf("Comments"));
+	QVERIFY(Shown.width() >= 640 && Shown.height() >= 360);
+	const auto DifferenceTo = [&Shown](const QImage& InImage)
+	{
+		return MeanDifference(Shown, InImage.scaled(Shown.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+	};
+
+	const double Difference = DifferenceTo(Frame);
+	QVERIFY2(Difference < 4.0, qPrintable(QString::number(Difference)));
+	QVERIFY(DifferenceTo(Frame.mirrored(false, true)) > 20.0);
+	QVERIFY(DifferenceTo(Frame.mirrored(true, false)) > 20.0);
+	QVERIFY(DifferenceTo(Frame.mirrored(true, true)) > 20.0);
 }
 
 void PlayerWindowTest::ShowsCommentsOverTheVideo()

@@ -17,6 +17,7 @@ private Q_SLOTS:
 	void init();
 	void cleanup();
 
+	void ShowsTheVideoTheRightWayUp();
 	void ShowsCommentsOverTheVideo();
 	void HoldsStillWhilePaused();
 	void SendsACommentThatComesAgainAfterSeekingBack();

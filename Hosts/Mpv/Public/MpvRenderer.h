@@ -32,8 +32,8 @@ public:
 												std::function<void()> InOnFrame, std::string& OutError);
 	~FMpvRenderer();
 
-	/** Into a framebuffer object of so many pixels, letterboxed. */
-	void Render(int InFramebuffer, int InWidth, int InHeight, bool bInFlip);
+	/** Into a framebuffer object of that many pixels, letterboxed. Its first row of texels is the top of the picture. */
+	void Render(int InFramebuffer, int InWidth, int InHeight);
 
 private:
 	explicit FMpvRenderer(std::shared_ptr<mpv_handle> InHandle, std::function<void()> InOnFrame);
