@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-/** The module's own library, which this program does not link: it lies beside it. */
+/** The module's own library, which this program does not link: it lies beside the layer's. */
 TEST(FReload, ClassesComeAndGoWithTheLibrary)
 {
 	FModuleManager& Manager = FModuleManager::Get();
