@@ -128,8 +128,7 @@ INSTANTIATE_TEST_SUITE_P(
 					   In.From = 1.0;
 					   In.To = 0.5;
 				   },
-				   "ends before it begins"},
-		FErrorCase{"Opacity", [](FOpt& In, const FDir&) { In.Opacity = 1.5; }, "opacity"}),
+				   "ends before it begins"}),
 	[](const auto& InInfo) { return InInfo.param.Name; });
 
 TEST(BurnErrors, AFullDiskIsSaidAndLeavesNothing)

@@ -29,10 +29,6 @@ std::string OptionsObstacle(const FBurnOptions& InOptions)
 	{
 		return "the part to burn ends before it begins; give an end behind its beginning";
 	}
-	if (!(InOptions.Opacity >= 0.0 && InOptions.Opacity <= 1.0))
-	{
-		return "the opacity must be from 0 to 1";
-	}
 	if (InOptions.Crf && !std::isfinite(*InOptions.Crf))
 	{
 		return "the quality must be a number";

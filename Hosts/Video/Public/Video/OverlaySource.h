@@ -3,21 +3,10 @@
 #include "CoreTypes.h"
 #include "Text/Sprite.h"
 
-#include <memory>
 #include <vector>
 
 namespace Flitmark
 {
-
-/** A sprite at its place in the upright picture, pixels from its top-left corner. */
-struct FPlacedSprite
-{
-	std::shared_ptr<const FSprite> Sprite;
-
-	/** The comment's top-left corner, in pixels; the sprite's own Left and Top come on top of it. */
-	double X = 0.0;
-	double Y = 0.0;
-};
 
 /** What a video is, as far as an overlay needs to know. */
 struct FVideoShape

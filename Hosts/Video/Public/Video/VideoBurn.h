@@ -32,9 +32,6 @@ struct FBurnOptions
 	/** Seconds of media time: frames from From (included) to To (left out). The output then starts at 0. */
 	std::optional<double> From;
 	std::optional<double> To;
-
-	/** 0 (no comment is seen) to 1. */
-	double Opacity = 1.0;
 };
 
 /** How far a burn has come. */

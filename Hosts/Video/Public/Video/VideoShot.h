@@ -20,9 +20,6 @@ struct FShotOptions
 	/** Seconds of media time, 0 or more: the frame shown then. */
 	double At = 0.0;
 
-	/** 0 (no comment is seen) to 1. */
-	double Opacity = 1.0;
-
 	/** Threads for the decoder; 0: as it sees fit. */
 	int32 Threads = 0;
 };
