@@ -12,9 +12,9 @@ namespace
 
 constexpr int64 BytesPerPixel = 4;
 
-int64 CountBytes(const std::shared_ptr<const FSprite>& InSprite)
+int64 CountBytes(const FSprite& InSprite)
 {
-	return InSprite ? static_cast<int64>(InSprite->Pixels.size()) : 0;
+	return static_cast<int64>(InSprite.Pixels.size());
 }
 
 } // namespace
@@ -53,16 +53,11 @@ std::shared_ptr<const FSprite> FSceneSprites::Draw(const std::shared_ptr<const F
 		bCut = true;
 		return nullptr;
 	}
-	FSprite Sprite = InStyle->Style.Rasterise(Engine, Scale);
-	bCut = bCut || Sprite.bCut;
-	FDrawn& New = Drawn[InStyle->Id];
-	New.Style = InStyle;
-	if (Sprite.Width > 0 && Sprite.Height > 0)
-	{
-		New.Sprite = std::make_shared<const FSprite>(std::move(Sprite));
-		Bytes += CountBytes(New.Sprite);
-	}
-	return New.Sprite;
+	const auto Sprite = std::make_shared<const FSprite>(InStyle->Style.Rasterise(Engine, Scale));
+	bCut = bCut || Sprite->bCut;
+	Bytes += CountBytes(*Sprite);
+	Drawn[InStyle->Id] = {InStyle, Sprite};
+	return Sprite;
 }
 
 bool FSceneSprites::HasRoomFor(const FCommentStyle& InStyle) const
@@ -79,7 +74,7 @@ void FSceneSprites::Sweep()
 				  [this](const auto& InDrawn)
 				  {
 					  const bool bUnused = InDrawn.second.Style.expired();
-					  Bytes -= bUnused ? CountBytes(InDrawn.second.Sprite) : 0;
+					  Bytes -= bUnused ? CountBytes(*InDrawn.second.Sprite) : 0;
 					  return bUnused;
 				  });
 }

@@ -25,7 +25,7 @@ public:
 	/** InEngine outlives this. InScale: pixels per canvas unit. */
 	FSceneSprites(FTextEngine& InEngine, FTextScale InScale, int64 InMaxBytes = MaxBytes);
 
-	/** The comments that have something to show, in painting order. */
+	/** The comments that are or were in view, in painting order. */
 	void Place(const FCommentScene& InScene, const FOverlaySettings& InSettings,
 			   std::vector<FPlacedSprite>& OutSprites);
 
@@ -36,11 +36,10 @@ private:
 	struct FDrawn
 	{
 		std::weak_ptr<const FSharedStyle> Style;
-		/** Null where there is nothing to see. */
 		std::shared_ptr<const FSprite> Sprite;
 	};
 
-	/** Null where there is nothing to see, or no room. */
+	/** Null where there is no room. */
 	std::shared_ptr<const FSprite> Draw(const std::shared_ptr<const FSharedStyle>& InStyle);
 	bool HasRoomFor(const FCommentStyle& InStyle) const;
 	void Sweep();
