@@ -137,9 +137,8 @@ QImage FCommentLayerTest::Grab()
 
 QImage FCommentLayerTest::Expect()
 {
-	const FOverlayView& View = Overlay->GetView();
-	const double Ratio = View.DevicePixelRatio;
-	const double Scale = View.Scale * Ratio;
+	const double Ratio = Overlay->GetDevicePixelRatio();
+	const double Scale = Overlay->GetView().Scale.Y;
 	QImage Image(Shown->Window.size() * Ratio, QImage::Format_RGB32);
 	Image.fill(Ground);
 	std::string Error;
@@ -147,7 +146,7 @@ QImage FCommentLayerTest::Expect()
 	const QPointF Origin = Shown->Layer->mapToScene(QPointF()) * Ratio;
 	for (const FSceneComment& Comment : Overlay->GetScene().GetComments())
 	{
-		const FSprite Sprite = Comment.Look->Look.Rasterise(*Engine, {Scale, Scale});
+		const FSprite Sprite = Comment.Style->Style.Rasterise(*Engine, {Scale, Scale});
 		Blend(Image, Sprite, static_cast<int>(std::round(Origin.x() + Comment.Position.X * Scale)) + Sprite.Left,
 			  static_cast<int>(std::round(Origin.y() + Comment.Position.Y * Scale)) + Sprite.Top);
 	}
@@ -192,7 +191,7 @@ void FCommentLayerTest::MovingCommentsStandBetweenPixels()
 	Overlay->RunFrame(0.01);
 	Overlay->RunFrame(0.5);
 	QTRY_VERIFY(CountDifferences(Grab(), Expect()) < 1000 && Overlay->GetMeter().GetSprites().NumMade == 1);
-	const double Scale = Overlay->GetView().Scale * Overlay->GetView().DevicePixelRatio;
+	const double Scale = Overlay->GetView().Scale.Y;
 	double Offset = 0.0;
 	for (int Frame = 0; Frame < 8; ++Frame)
 	{
@@ -224,7 +223,7 @@ void FCommentLayerTest::NothingIsDrawnBesideTheItem()
 	Overlay->RunFrame(0.01);
 	Overlay->RunFrame(0.3);
 	QTRY_VERIFY(!Grab().isNull() && Overlay->GetMeter().GetSprites().NumMade == 2);
-	const double Ratio = Overlay->GetView().DevicePixelRatio;
+	const double Ratio = Overlay->GetDevicePixelRatio();
 	const QRect Item(QPoint(qRound(13 * Ratio), qRound(7 * Ratio)), QSize(700, 600) * Ratio);
 	const QImage Image = Grab();
 	int Inside = 0;

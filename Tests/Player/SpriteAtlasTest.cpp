@@ -87,7 +87,7 @@ protected:
 			return false;
 		}
 		FAtlasSprite Sprite;
-		Sprite.Look = std::make_shared<FSharedLook>(FSharedLook{InId, {}});
+		Sprite.Style = std::make_shared<FSharedStyle>(FSharedStyle{InId, {}});
 		Sprite.Scale = InScale;
 		Sprite.Width = InWidth;
 		Sprite.Height = InHeight;
@@ -122,7 +122,7 @@ TEST_F(FAtlasBookTest, WhatIsInUseStaysAndWhatIsIdleMakesRoom)
 	EXPECT_NE(Book.Find(3), nullptr);
 }
 
-TEST_F(FAtlasBookTest, ASpriteTakesThePlaceOfItsLooksOneBefore)
+TEST_F(FAtlasBookTest, ASpriteTakesThePlaceOfItsStylesOneBefore)
 {
 	Book.BeginFrame(0.0);
 	EXPECT_TRUE(Add(1, 254, 254, 1.0));

@@ -193,7 +193,6 @@ TEST_P(BlendFormats, EverySampleIsAsTheDefinitionHasIt)
 	FBlendStyle Style;
 	Style.Layout = FPixelLayout::Of(Case.Format).value();
 	Style.Orientation = Case.Orientation;
-	Style.Opacity = Case.Opacity;
 	const double Tolerance = Style.Layout.Depth == 8 ? 1.6 : 1 << (Style.Layout.Depth - 8);
 	std::unique_ptr<IBlender> Blender;
 	for (int32 Round = 0; Round < 60; ++Round)
@@ -210,7 +209,7 @@ TEST_P(BlendFormats, EverySampleIsAsTheDefinitionHasIt)
 		ASSERT_GE(av_frame_make_writable(Frame.get()), 0);
 		const double X = static_cast<double>(Random() % 1400) / 10.0 - 60.0;
 		const double Y = static_cast<double>(Random() % 1000) / 10.0 - 40.0;
-		const FPlacedSprite Placed{std::make_shared<FSprite>(MakeRandomSprite(Random)), X, Y};
+		const FPlacedSprite Placed{std::make_shared<FSprite>(MakeRandomSprite(Random)), X, Y, Case.Opacity};
 		Blender->Blend(*Frame, {&Placed, 1});
 		for (int32 Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
 		{
@@ -246,6 +245,26 @@ INSTANTIATE_TEST_SUITE_P(
 					FFormatCase{AV_PIX_FMT_YUV444P10, AVCOL_SPC_BT709, AVCOL_RANGE_JPEG, Upright, 1.0},
 					FFormatCase{AV_PIX_FMT_YUV411P, AVCOL_SPC_SMPTE170M, AVCOL_RANGE_MPEG, Upright, 1.0},
 					FFormatCase{AV_PIX_FMT_YUV410P, AVCOL_SPC_SMPTE170M, AVCOL_RANGE_MPEG, Upright, 1.0}));
+
+TEST(Blend, EachSpriteHasItsOwnOpacity)
+{
+	std::mt19937 Random(5);
+	FBlendStyle Style;
+	Style.Layout = FPixelLayout::Of(AV_PIX_FMT_YUV420P).value();
+	const FFramePtr Frame = MakeNoise(AV_PIX_FMT_YUV420P, 32, 8, Random);
+	std::fill_n(Frame->data[0], Frame->linesize[0] * 8, uint8{100});
+	Frame->color_range = AVCOL_RANGE_MPEG;
+	Style.Matrix = FColorMatrix::For(*Frame, 8);
+	const auto Blender = IBlender::Make(Style);
+	const auto White = MakeBox(8, 8, 255, 255, 255);
+	const std::vector<FPlacedSprite> Sprites{
+		{White, 0.0, 0.0}, {White, 8.0, 0.0, 0.5}, {White, 16.0, 0.0, 0.0}, {White, 24.0, 0.0}};
+	Blender->Blend(*Frame, Sprites);
+	for (const auto& [X, Expected] : {std::pair(4, 235), {12, 167}, {20, 100}, {28, 235}})
+	{
+		EXPECT_NEAR(Frame->data[0][4 * Frame->linesize[0] + X], Expected, 1) << X;
+	}
+}
 
 TEST(Blend, NothingOutsideThePictureIsTouched)
 {

@@ -130,8 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
 					   In.From = 1.0;
 					   In.To = 0.5;
 				   },
-				   "must be after the start"},
-		FErrorCase{"Opacity", [](FOpt& In, const FDir&) { In.Opacity = 1.5; }, "opacity"}),
+				   "must be after the start"}),
 	[](const auto& InInfo) { return InInfo.param.Name; });
 
 TEST(BurnErrors, AFullDiskIsSaidAndLeavesNothing)

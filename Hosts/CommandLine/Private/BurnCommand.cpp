@@ -40,7 +40,6 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 	Options.Threads = InArguments.Paint.Threads;
 	Options.From = ParseTime(InArguments.From);
 	Options.To = ParseTime(InArguments.To);
-	Options.Opacity = InArguments.Paint.Opacity;
 	return Options;
 }
 
@@ -55,7 +54,7 @@ int RunBurn(const FBurnArguments& InArguments)
 	const FStopSignals Signals;
 	FBurnProgress Progress;
 	const FVideoResult Result =
-		Session->Library().Burn(MakeOptions(InArguments), Session->Overlay(), Progress, Signals.GetFlag());
+		Session->Library().Burn(MakeOptions(InArguments), *Session, Progress, Signals.GetFlag());
 	Progress.Clear();
 	switch (Result.Outcome)
 	{
@@ -67,7 +66,7 @@ int RunBurn(const FBurnArguments& InArguments)
 	case EVideoOutcome::Done:
 		break;
 	}
-	Session->TellCuts();
+	Session->ReportCuts();
 	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), Progress.Summary().c_str());
 	return ExitSuccess;
 }

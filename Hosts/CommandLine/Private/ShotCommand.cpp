@@ -36,14 +36,13 @@ int RunShot(const FShotArguments& InArguments)
 	Options.Input = InArguments.Paint.Video;
 	Options.Output = InArguments.Paint.Output;
 	Options.At = *ParseTime(InArguments.At);
-	Options.Opacity = InArguments.Paint.Opacity;
 	Options.Threads = InArguments.Paint.Threads;
-	const FVideoResult Result = Session->Library().Shot(Options, Session->Overlay());
+	const FVideoResult Result = Session->Library().Shot(Options, *Session);
 	if (!Result.IsDone())
 	{
 		return PrintError(Result.Error);
 	}
-	Session->TellCuts();
+	Session->ReportCuts();
 	std::printf("%s: the frame at %s\n", Options.Output.c_str(), InArguments.At.c_str());
 	return ExitSuccess;
 }

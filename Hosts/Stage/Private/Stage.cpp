@@ -175,12 +175,12 @@ void FStage::CollectPaint(std::vector<FPaintComment>& OutComments) const
 	}
 	for (int32 Index = 0; Index < Canvas->GetChildrenCount(); ++Index)
 	{
-		const UUserWidget* Comment = static_cast<const UUserWidget*>(Canvas->GetChildAt(Index));
+		const auto* Comment = static_cast<const UUI_DanmakuNode*>(Canvas->GetChildAt(Index));
 		if (Comment->IsDisplayed())
 		{
 			const auto* Slot = static_cast<const UCanvasPanelSlot*>(Comment->Slot.Get());
 			const auto* Text = static_cast<const UTextBlock*>(Comment->GetRootWidget());
-			OutComments.push_back({MakeKey(*Comment), Text, Slot->GetPosition(), Comment->GetDesiredSize(),
+			OutComments.push_back({MakeKey(*Comment), Comment, Text, Slot->GetPosition(), Comment->GetDesiredSize(),
 								   Comment->GetClass() == ViewerCommentClass});
 		}
 	}

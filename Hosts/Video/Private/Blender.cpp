@@ -22,14 +22,15 @@ public:
 	{
 	}
 
-	TSpritePlanes<SampleType>& Find(const std::shared_ptr<const FSprite>& InSprite)
+	TSpritePlanes<SampleType>& Find(const FPlacedSprite& InPlaced)
 	{
-		FEntry& Entry = Entries[InSprite.get()];
+		FEntry& Entry = Entries[InPlaced.Sprite.get()];
 		// A new sprite may have the address of a dead one.
-		if (Entry.Sprite.expired())
+		if (Entry.Sprite.expired() || Entry.Opacity != InPlaced.Opacity)
 		{
-			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InSprite, Style);
-			Entry.Sprite = InSprite;
+			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InPlaced.Sprite, InPlaced.Opacity, Style);
+			Entry.Sprite = InPlaced.Sprite;
+			Entry.Opacity = InPlaced.Opacity;
 		}
 		return *Entry.Planes;
 	}
@@ -47,6 +48,7 @@ private:
 	struct FEntry
 	{
 		std::weak_ptr<const FSprite> Sprite;
+		double Opacity = 1.0;
 		std::unique_ptr<TSpritePlanes<SampleType>> Planes;
 	};
 
@@ -75,7 +77,7 @@ public:
 			{
 				continue;
 			}
-			TSpritePlanes<SampleType>& Planes = Cache.Find(Each.Sprite);
+			TSpritePlanes<SampleType>& Planes = Cache.Find(Each);
 			for (int32 Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
 			{
 				const FPlaneLayout& Layout = Style.Layout.Planes[static_cast<size_t>(Plane)];

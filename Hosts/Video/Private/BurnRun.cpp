@@ -102,7 +102,7 @@ bool FBurnRun::Open()
 	const double Whole = Input->DurationSeconds();
 	const double End = Options.To && (Whole <= 0.0 || *Options.To < Whole) ? *Options.To : Whole;
 	State.TotalSeconds = std::max(0.0, End - Options.From.value_or(0.0));
-	Painter.emplace(Input->Orientation(), Options.Opacity);
+	Painter.emplace(Input->Orientation());
 	return true;
 }
 

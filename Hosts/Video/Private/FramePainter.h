@@ -17,9 +17,8 @@ namespace Flitmark
 class FFramePainter
 {
 public:
-	FFramePainter(const FOrientation& InOrientation, double InOpacity)
+	explicit FFramePainter(const FOrientation& InOrientation)
 		: Orientation(InOrientation)
-		, Opacity(InOpacity)
 	{
 	}
 
@@ -34,7 +33,6 @@ private:
 	FFramePtr WritableCopy(const AVFrame& InFrame);
 
 	FOrientation Orientation;
-	double Opacity;
 	std::optional<FFrameConverter> Converter;
 	std::unique_ptr<IBlender> Blender;
 

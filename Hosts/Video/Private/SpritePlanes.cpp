@@ -38,18 +38,19 @@ int64 Weighed(const std::array<int32, 4>& InRow, const int32* InSums, int32 InSh
 	return Sum >> (InShift + 16);
 }
 
-std::vector<uint8> Oriented(const FSprite& InSprite, const FBlendStyle& InStyle, int32 InWidth, int32 InHeight)
+std::vector<uint8> Oriented(const FSprite& InSprite, double InOpacity, const FOrientation& InOrientation, int32 InWidth,
+							int32 InHeight)
 {
-	const double Opacity = std::isfinite(InStyle.Opacity) ? std::clamp(InStyle.Opacity, 0.0, 1.0) : 1.0;
+	const double Opacity = std::isfinite(InOpacity) ? std::clamp(InOpacity, 0.0, 1.0) : 1.0;
 	std::array<uint8, 256> Scaled;
 	for (size_t Value = 0; Value < Scaled.size(); ++Value)
 	{
 		Scaled[Value] = static_cast<uint8>(std::lround(static_cast<double>(Value) * Opacity));
 	}
 	std::vector<uint8> Rgba(static_cast<size_t>(InWidth) * static_cast<size_t>(InHeight) * 4);
-	const auto Step = [&InSprite, &InStyle, InWidth, InHeight](int32 InP, int32 InQ)
+	const auto Step = [&InSprite, &InOrientation, InWidth, InHeight](int32 InP, int32 InQ)
 	{
-		const auto [X, Y] = InStyle.Orientation.ToUpright(InP, InQ, InWidth, InHeight);
+		const auto [X, Y] = InOrientation.ToUpright(InP, InQ, InWidth, InHeight);
 		return (ptrdiff_t{Y} * InSprite.Width + X) * 4;
 	};
 	const ptrdiff_t NextPixel = Step(1, 0) - Step(0, 0);
@@ -122,13 +123,13 @@ void TInkLayer<SampleType>::FindInk()
 }
 
 template <typename SampleType>
-TSpritePlanes<SampleType>::TSpritePlanes(const FSprite& InSprite, const FBlendStyle& InStyle)
+TSpritePlanes<SampleType>::TSpritePlanes(const FSprite& InSprite, double InOpacity, const FBlendStyle& InStyle)
 	: Width(InStyle.Orientation.bTranspose ? InSprite.Height : InSprite.Width)
 	, Height(InStyle.Orientation.bTranspose ? InSprite.Width : InSprite.Height)
 	, Style(InStyle)
 	, Luma(0, 0, 0)
 {
-	Rgba = Oriented(InSprite, InStyle, Width, Height);
+	Rgba = Oriented(InSprite, InOpacity, InStyle.Orientation, Width, Height);
 	Luma = MakeLuma();
 }
 

@@ -19,7 +19,6 @@ struct FBlendStyle
 	FPixelLayout Layout;
 	FColorMatrix Matrix;
 	FOrientation Orientation;
-	double Opacity = 1.0;
 };
 
 /** A run of samples of one row that hold ink; both ends are multiples of BlendBlock. */
@@ -74,7 +73,8 @@ template <typename SampleType>
 class TSpritePlanes
 {
 public:
-	TSpritePlanes(const FSprite& InSprite, const FBlendStyle& InStyle);
+	/** InOpacity: from 0 (invisible) to 1. */
+	TSpritePlanes(const FSprite& InSprite, double InOpacity, const FBlendStyle& InStyle);
 
 	/**
 	 * The layer for a plane, of a sprite whose left top stored pixel is at (InX, InY) of the picture; only the low

@@ -29,10 +29,6 @@ std::string OptionsObstacle(const FBurnOptions& InOptions)
 	{
 		return "the end must be after the start";
 	}
-	if (!(InOptions.Opacity >= 0.0 && InOptions.Opacity <= 1.0))
-	{
-		return "the opacity must be between 0 and 1";
-	}
 	if (InOptions.Crf && !std::isfinite(*InOptions.Crf))
 	{
 		return "the quality must be a number";

@@ -74,7 +74,7 @@ FVideoResult TakeShot(const FShotOptions& InOptions, IOverlaySource& InOverlay)
 	{
 		Clock.Advance(Times->Ticks[Index]);
 	}
-	FFramePainter Painter(Input->Orientation(), InOptions.Opacity);
+	FFramePainter Painter(Input->Orientation());
 	Painter.Start(FPixelLayout::Nearest(WithoutImpliedRange(static_cast<AVPixelFormat>(Frame->format))), Frame->width,
 				  Frame->height);
 	Frame->sample_aspect_ratio = av_guess_sample_aspect_ratio(&Input->Format(), &Input->Video(), Frame.get());
@@ -94,10 +94,6 @@ try
 	if (!(InOptions.At >= 0.0 && InOptions.At <= LongestSeconds))
 	{
 		return FVideoResult::Fail("the time must be 0 seconds or later");
-	}
-	if (!(InOptions.Opacity >= 0.0 && InOptions.Opacity <= 1.0))
-	{
-		return FVideoResult::Fail("the opacity must be between 0 and 1");
 	}
 	if (const std::string Obstacle = OutputObstacle(InOptions.Input, InOptions.Output); !Obstacle.empty())
 	{

@@ -94,7 +94,7 @@ void FPreferences::SetSpeedScale(double InSpeedScale)
 
 double FPreferences::GetScale() const
 {
-	return Overlay.GetView().Scale;
+	return Overlay.GetView().Scale.Y / Overlay.GetDevicePixelRatio();
 }
 
 void FPreferences::Restore()

@@ -55,7 +55,9 @@ struct FPaintComment
 	/** The same from frame to frame, and no other comment's. */
 	uint64 Key = 0;
 
-	/** Text, font and colour. */
+	/** Tells how fast it moves. */
+	const UUI_DanmakuNode* Node = nullptr;
+	/** Text, font and color. */
 	const UTextBlock* Text = nullptr;
 
 	/** Top-left corner and size in canvas units. */

@@ -2,6 +2,7 @@
 
 #include "CoreTypes.h"
 
+#include <memory>
 #include <vector>
 
 namespace Flitmark
@@ -26,6 +27,19 @@ struct FSprite
 
 	/** Width x Height x 4 bytes. */
 	std::vector<uint8> Pixels;
+};
+
+/** A sprite at its place in a picture. */
+struct FPlacedSprite
+{
+	std::shared_ptr<const FSprite> Sprite;
+
+	/** The comment's top-left corner in pixels of the upright picture; the sprite's Left and Top are added to it. */
+	double X = 0.0;
+	double Y = 0.0;
+
+	/** From 0 (invisible) to 1. */
+	double Opacity = 1.0;
 };
 
 } // namespace Flitmark

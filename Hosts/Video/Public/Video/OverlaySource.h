@@ -3,21 +3,10 @@
 #include "CoreTypes.h"
 #include "Text/Sprite.h"
 
-#include <memory>
 #include <vector>
 
 namespace Flitmark
 {
-
-/** A sprite and its position in the upright picture, in pixels from the top-left corner. */
-struct FPlacedSprite
-{
-	std::shared_ptr<const FSprite> Sprite;
-
-	/** The comment's top-left corner, in pixels; the sprite's own Left and Top come on top of it. */
-	double X = 0.0;
-	double Y = 0.0;
-};
 
 /** What an overlay needs to know about a video. */
 struct FVideoShape

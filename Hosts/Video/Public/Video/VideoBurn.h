@@ -32,9 +32,6 @@ struct FBurnOptions
 	/** Seconds of media time: frames from From (inclusive) to To (exclusive). The output then starts at 0. */
 	std::optional<double> From;
 	std::optional<double> To;
-
-	/** 0 (comments are invisible) to 1. */
-	double Opacity = 1.0;
 };
 
 /** Progress of a burn. */

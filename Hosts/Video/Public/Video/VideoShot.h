@@ -20,9 +20,6 @@ struct FShotOptions
 	/** Seconds of media time, 0 or more: the frame shown then. */
 	double At = 0.0;
 
-	/** 0 (comments are invisible) to 1. */
-	double Opacity = 1.0;
-
 	/** Threads for the decoder; 0 lets it decide. */
 	int32 Threads = 0;
 };

@@ -1,4 +1,4 @@
-#include "Overlay/CommentLook.h"
+#include "Overlay/CommentStyle.h"
 
 #include "Components/TextBlock.h"
 #include "Text/TextLimits.h"
@@ -8,23 +8,23 @@
 namespace Flitmark
 {
 
-FCommentLook FCommentLook::Of(const UTextBlock& InText)
+FCommentStyle FCommentStyle::Of(const UTextBlock& InText)
 {
 	// One more than is set, so that the text engine still sees that something is missing.
 	return {InText.GetText().ToString().GetStd().substr(0, FTextLimits::MaxCodeUnits + 1), InText.GetFont().Size,
 			InText.GetColorAndOpacity().GetSpecifiedColor().ToFColorSRGB()};
 }
 
-FSprite FCommentLook::Rasterise(FTextEngine& InEngine, FTextScale InScale) const
+FSprite FCommentStyle::Rasterise(FTextEngine& InEngine, FTextScale InScale) const
 {
 	return InEngine.Rasterise(Text, Size, {Color.R, Color.G, Color.B, Color.A}, InScale);
 }
 
-std::size_t FCommentLookHash::operator()(const FCommentLook& InLook) const
+std::size_t FCommentStyleHash::operator()(const FCommentStyle& InStyle) const
 {
-	const FColor& Color = InLook.Color;
-	std::size_t Hash = std::hash<std::u16string>()(InLook.Text);
-	for (const std::size_t Part : {std::hash<float>()(InLook.Size), std::size_t{Color.R}, std::size_t{Color.G},
+	const FColor& Color = InStyle.Color;
+	std::size_t Hash = std::hash<std::u16string>()(InStyle.Text);
+	for (const std::size_t Part : {std::hash<float>()(InStyle.Size), std::size_t{Color.R}, std::size_t{Color.G},
 								   std::size_t{Color.B}, std::size_t{Color.A}})
 	{
 		Hash = Hash * 31 + Part;
