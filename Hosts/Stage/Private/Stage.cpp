@@ -25,23 +25,23 @@ constexpr int64 PrerollTicks = -10'000'000;
 /** Objects that may gather beyond twice the living ones before a collection pays. */
 constexpr int32 CollectionSlack = 4096;
 
-void SetClassDefault(UClass& Class, const TCHAR* Name, UClass* Value)
+void SetClassDefault(UClass& InClass, const TCHAR* InName, UClass* InValue)
 {
-	const FProperty* Property = Class.FindPropertyByName(Name);
-	Property->SetObjectValue(Class.GetDefaultObject(), Value);
+	const FProperty* Property = InClass.FindPropertyByName(InName);
+	Property->SetObjectValue(InClass.GetDefaultObject(), InValue);
 }
 
-void ApplySetting(UClass& Class, const FStageSetting& Setting)
+void ApplySetting(UClass& InClass, const FStageSetting& InSetting)
 {
-	if (const FProperty* Property = Class.FindPropertyByName(Setting.Name))
+	if (const FProperty* Property = InClass.FindPropertyByName(InSetting.Name))
 	{
-		*Property->ContainerPtrToValuePtr<int32>(Class.GetDefaultObject()) = Setting.Value;
+		*Property->ContainerPtrToValuePtr<int32>(InClass.GetDefaultObject()) = InSetting.Value;
 	}
 }
 
-uint64 MakeKey(const UObject& Object)
+uint64 MakeKey(const UObject& InObject)
 {
-	const int32 Index = Object.GetUniqueID();
+	const int32 Index = InObject.GetUniqueID();
 	return static_cast<uint64>(static_cast<uint32>(FObjectSlots::GetSerial(Index))) << 32 | static_cast<uint32>(Index);
 }
 
@@ -169,16 +169,16 @@ FTrackCounts FStage::GetTrackCounts() const
 			Count(TEXT("ReverseTracks"))};
 }
 
-bool FStage::IsViewerComment(const UUI_DanmakuNode& Node) const
+bool FStage::IsViewerComment(const UUI_DanmakuNode& InNode) const
 {
-	return Node.GetClass() == Blueprints->ViewerComment.get();
+	return InNode.GetClass() == Blueprints->ViewerComment.get();
 }
 
-void FStage::AddReferencedObjects(FReferenceCollector& Collector)
+void FStage::AddReferencedObjects(FReferenceCollector& InCollector)
 {
-	Collector.AddReferencedObject(World);
-	Collector.AddReferencedObject(Player);
-	Collector.AddReferencedObject(Screen);
+	InCollector.AddReferencedObject(World);
+	InCollector.AddReferencedObject(Player);
+	InCollector.AddReferencedObject(Screen);
 }
 
 } // namespace Flitmark

@@ -21,10 +21,10 @@ namespace
 /** Width of the comments' outline in canvas units, so that white text reads on a white wall. */
 constexpr int32 OutlineSize = 2;
 
-std::unique_ptr<UWidgetBlueprintGeneratedClass> BuildComment(const TCHAR* Name, std::string& OutError)
+std::unique_ptr<UWidgetBlueprintGeneratedClass> BuildComment(const TCHAR* InName, std::string& OutError)
 {
 	// The text block alone: a comment is measured by its text, and cheap to make.
-	return FWidgetBlueprintBuilder(Name, UUI_DanmakuNode::StaticClass())
+	return FWidgetBlueprintBuilder(InName, UUI_DanmakuNode::StaticClass())
 		.Add(UTextBlock::StaticClass(), TEXT("NodeContentText"), NAME_None,
 			 [](UWidget& Widget)
 			 {

@@ -114,7 +114,7 @@ public:
 	/** All 0 before the overlay has made its lanes. */
 	FTrackCounts GetTrackCounts() const;
 	/** Whether a comment was made as the viewer's own. */
-	bool IsViewerComment(const UUI_DanmakuNode& Node) const;
+	bool IsViewerComment(const UUI_DanmakuNode& InNode) const;
 
 private:
 	explicit FStage(const FStageOptions& InOptions);
@@ -124,7 +124,7 @@ private:
 	FTimespan GetTime() const override { return FTimespan(MediaTicks); }
 	bool IsPlaying() const override { return bPlaying; }
 	const FString& GetUrl() const override { return Url; }
-	void AddReferencedObjects(FReferenceCollector& Collector) override;
+	void AddReferencedObjects(FReferenceCollector& InCollector) override;
 
 	std::unique_ptr<FStageBlueprints> Blueprints;
 	UWorld* World = nullptr;
