@@ -52,7 +52,7 @@ struct FPaintComment
 	/** The same from frame to frame, and no other comment's. */
 	uint64 Key = 0;
 
-	/** Text, font and colour. */
+	/** Text, font and color. */
 	const UTextBlock* Text = nullptr;
 
 	/** Top-left corner and size in canvas units. */
