@@ -74,7 +74,7 @@ TEST_P(Formats, AreToldByTheirContentEverywhere)
 	const FProgramResult Checked = RunProgram({"check", Path});
 	EXPECT_EQ(Checked.ExitCode, 0) << Checked.Out << Checked.Error;
 	EXPECT_THAT(Checked.Out, HasSubstr(Path + ": read as " + GetParam().Format + ", 1 comment\n"));
-	EXPECT_THAT(Checked.Out, HasSubstr("1 comment, nothing that keeps one from being seen\n\nmodes"));
+	EXPECT_THAT(Checked.Out, HasSubstr("1 comment, all can be seen\n\nmodes"));
 	const FProgramResult Traced = RunProgram({"trace", Path});
 	EXPECT_THAT(Traced.Out, HasSubstr("\"content\":\"Hello\",\"mode\":0"));
 	EXPECT_EQ(Traced.Error, "");

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Overlay/OverlayRunner.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 
 #include <gtest/gtest.h>
 

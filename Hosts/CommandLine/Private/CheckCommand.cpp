@@ -77,18 +77,18 @@ void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
 	std::printf("%s: %s, ", InFile.Report.Path.c_str(), CountComments(InReview.NumComments).c_str());
 	if (InReview.NumUnseen == 0)
 	{
-		std::printf("nothing that keeps one from being seen\n");
+		std::printf("all can be seen\n");
 	}
 	else
 	{
 		std::printf("%s will not be seen\n", FormatCount(InReview.NumUnseen).c_str());
 	}
 	PrintFindings(InReview, false, "\nNot seen:\n");
-	PrintFindings(InReview, true, "\nSeen, but perhaps not as it was meant:\n");
+	PrintFindings(InReview, true, "\nSeen, but perhaps not as intended:\n");
 	if (!InReview.Findings.empty())
 	{
-		std::printf("(%s, the first is element 0)\n",
-					InFile.Report.bImported ? "counted among the comments that are left" : "elements of \"datas\"");
+		std::printf("(%s; the first is element 0)\n",
+					InFile.Report.bImported ? "numbered among the comments that are left" : "elements of \"datas\"");
 	}
 	if (InReview.NumComments > 0)
 	{
@@ -102,7 +102,7 @@ void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
 		{
 			return FormatTime(static_cast<double>(InSecond));
 		};
-		std::printf("times    %s to %s, in %s second%s of it\n", Time(InReview.FirstSecond).c_str(),
+		std::printf("times    %s to %s, %s second%s with comments\n", Time(InReview.FirstSecond).c_str(),
 					Time(InReview.LastSecond).c_str(), FormatCount(InReview.NumSeconds).c_str(),
 					InReview.NumSeconds == 1 ? "" : "s");
 		std::printf("busiest  %s with %s comment%s\n", Time(InReview.BusiestSecond).c_str(),
@@ -161,7 +161,7 @@ void AddReview(FJsonLine& Line, const FDocumentReview& InReview)
 	}
 }
 
-/** The error of a text that is no comment document, as a JSON object. */
+/** The error of a text that is not a comment document, as a JSON object. */
 void PrintFaultAsJson(const std::string& InPath, const FDocumentFault& InFault)
 {
 	FJsonLine Line;
@@ -249,7 +249,7 @@ int RunCheck(const FCheckArguments& InArguments)
 	FDocumentReview Review = ReviewDocument(File->Document, *Probe);
 	if (File->Report.bImported && File->Report.Import.Format != &OwnDocumentFormat)
 	{
-		// What other formats do not tell is no fault of their authors.
+		// Keys that another format does not have are not its author's fault.
 		std::erase_if(Review.Findings, [](const FFinding& InFinding) { return InFinding.Kind == "missing-key"; });
 	}
 	(InArguments.bJson ? PrintReviewAsJson : PrintReview)(*File, Review);

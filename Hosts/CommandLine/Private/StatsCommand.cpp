@@ -64,7 +64,7 @@ int RunStats(const FStatsArguments& InArguments)
 		std::printf("%s\n", DescribeRule(Rule).c_str());
 	}
 	const FCommentStats Stats = GatherStats(Input->Comments, MostListed);
-	const std::string Report = DescribeStats(Stats, GatherSpawnTicks(Input->Comments), FStatsLook::OfStandardOutput());
+	const std::string Report = DescribeStats(Stats, GatherSpawnTicks(Input->Comments), FStatsStyle::OfStandardOutput());
 	std::printf("%s%s", Report.empty() ? "" : "\n", Report.c_str());
 	if (!InArguments.Picture.empty())
 	{

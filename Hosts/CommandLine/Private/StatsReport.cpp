@@ -35,10 +35,10 @@ std::string PadLeft(const std::string& InText, std::size_t InWidth)
 class FStatsWriter
 {
 public:
-	FStatsWriter(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks, const FStatsLook& InLook)
+	FStatsWriter(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks, const FStatsStyle& InStyle)
 		: Stats(InStats)
 		, SpawnTicks(InSpawnTicks)
-		, Look(InLook)
+		, Style(InStyle)
 	{
 	}
 
@@ -60,7 +60,7 @@ private:
 	/** A line, cut where it would be too long. */
 	void Add(const char* InHead, const std::string& InLine)
 	{
-		const std::size_t Room = Look.Width > Indent + 1 ? Look.Width - Indent - 1 : 1;
+		const std::size_t Room = Style.Width > Indent + 1 ? Style.Width - Indent - 1 : 1;
 		Text += Pad(InHead, Indent) + CutToColumns(InLine, Room) + "\n";
 	}
 
@@ -70,7 +70,7 @@ private:
 		constexpr const char* Blocks[] = {" ", "▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
 		constexpr float Highest = std::size(Blocks) - 1;
 		// The last column stays free, since writing there breaks the line on some terminals.
-		const std::size_t Columns = std::max<std::size_t>(Look.Width, 12) - 1;
+		const std::size_t Columns = std::max<std::size_t>(Style.Width, 12) - 1;
 		const int64 Duration = Stats.LastTicks + 1;
 		const std::vector<float> Density = ComputeDensity(SpawnTicks, Duration, Columns, 0.0);
 		const float Most = Density.empty() ? 0.f : *std::ranges::max_element(Density);
@@ -174,7 +174,7 @@ private:
 		char Name[16];
 		const bool bOpaque = (InColor & 0xFF) == 0xFF;
 		std::snprintf(Name, sizeof(Name), bOpaque ? "#%06X" : "#%08X", bOpaque ? InColor >> 8 : InColor);
-		if (!Look.bColors)
+		if (!Style.bColors)
 		{
 			return Name;
 		}
@@ -203,22 +203,22 @@ private:
 
 	const FCommentStats& Stats;
 	const std::vector<int64>& SpawnTicks;
-	const FStatsLook& Look;
+	const FStatsStyle& Style;
 	std::string Text;
 };
 
 } // namespace
 
-FStatsLook FStatsLook::OfStandardOutput()
+FStatsStyle FStatsStyle::OfStandardOutput()
 {
 	const std::optional<std::size_t> Width = GetTerminalWidth(stdout);
-	return Width ? FStatsLook{*Width, true} : FStatsLook{};
+	return Width ? FStatsStyle{*Width, true} : FStatsStyle{};
 }
 
 std::string DescribeStats(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks,
-						  const FStatsLook& InLook)
+						  const FStatsStyle& InStyle)
 {
-	return FStatsWriter(InStats, InSpawnTicks, InLook).Write();
+	return FStatsWriter(InStats, InSpawnTicks, InStyle).Write();
 }
 
 } // namespace Flitmark

@@ -53,25 +53,25 @@ struct FArguments
 	bool bNoHardwareDecoding = false;
 };
 
-void AddOptions(CLI::App& App, FArguments& InOutArguments, FPlayerOptions& InOutOptions)
+void AddOptions(CLI::App& InApp, FArguments& InOutArguments, FPlayerOptions& InOutOptions)
 {
-	App.set_version_flag("--version", FLITMARK_VERSION, "Print the version and exit");
-	App.set_help_flag("-h,--help", "Print this text and exit");
-	App.add_option("VIDEO", InOutArguments.Video, "Video file or address; without it the window starts empty");
-	App.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format");
-	App.add_flag("--fullscreen", InOutOptions.bFullScreen, "Start in full screen");
-	App.add_option("--start", InOutArguments.Start, "Where to begin, such as 90, 1:30 or 0:01:30.5")
+	InApp.set_version_flag("--version", FLITMARK_VERSION, "Print the version and exit");
+	InApp.set_help_flag("-h,--help", "Print this text and exit");
+	InApp.add_option("VIDEO", InOutArguments.Video, "Video file or address; without it the window starts empty");
+	InApp.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format");
+	InApp.add_flag("--fullscreen", InOutOptions.bFullScreen, "Start in full screen");
+	InApp.add_option("--start", InOutArguments.Start, "Where to begin, such as 90, 1:30 or 0:01:30.5")
 		->check(MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5"));
-	App.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(MakeNumberCheck(0.25, 4.0));
-	App.add_option("--volume", InOutArguments.Volume, "Percent, 0 to 100 (default: as last time)")
+	InApp.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(MakeNumberCheck(0.25, 4.0));
+	InApp.add_option("--volume", InOutArguments.Volume, "Percent, 0 to 100 (default: as last time)")
 		->check(MakeNumberCheck(0.0, 100.0));
-	App.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the processor alone");
-	App.get_formatter()->column_width(24);
-	App.footer(Footer);
+	InApp.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the processor alone");
+	InApp.get_formatter()->column_width(24);
+	InApp.footer(Footer);
 }
 
 /** Empty with OutExitCode set where there is nothing to be shown. */
-std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, int& OutExitCode)
+std::optional<FPlayerOptions> ReadOptions(int InArgumentCount, char** InArguments, int& OutExitCode)
 {
 	FPlayerOptions Options;
 	FArguments Read;
@@ -79,7 +79,7 @@ std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, i
 	AddOptions(App, Read, Options);
 	try
 	{
-		App.parse(ArgumentCount, Arguments);
+		App.parse(InArgumentCount, InArguments);
 	}
 	catch (const CLI::ParseError& Error)
 	{
@@ -124,10 +124,10 @@ bool HasOpenGl()
 	return Context.create();
 }
 
-int Run(int ArgumentCount, char** Arguments)
+int Run(int InArgumentCount, char** InArguments)
 {
 	int ExitCode = EXIT_SUCCESS;
-	const std::optional<FPlayerOptions> Options = ReadOptions(ArgumentCount, Arguments, ExitCode);
+	const std::optional<FPlayerOptions> Options = ReadOptions(InArgumentCount, InArguments, ExitCode);
 	if (!Options)
 	{
 		return ExitCode;
@@ -137,7 +137,7 @@ int Run(int ArgumentCount, char** Arguments)
 	QQuickStyle::setStyle("Basic");
 	// What is left of the arguments is not Qt's.
 	int NumQtArguments = 1;
-	QGuiApplication Application(NumQtArguments, Arguments);
+	QGuiApplication Application(NumQtArguments, InArguments);
 	qInstallMessageHandler(Usual);
 	QGuiApplication::setApplicationName("flitmark-player");
 	QGuiApplication::setApplicationDisplayName("Flitmark");
@@ -157,11 +157,11 @@ int Run(int ArgumentCount, char** Arguments)
 
 } // namespace Flitmark
 
-int main(int ArgumentCount, char** Arguments)
+int main(int InArgumentCount, char** InArguments)
 {
 	try
 	{
-		return Flitmark::Run(ArgumentCount, Arguments);
+		return Flitmark::Run(InArgumentCount, InArguments);
 	}
 	catch (const std::exception& Exception)
 	{

@@ -53,9 +53,9 @@ UFlitmarkPlayer* MakeScreen(UWorld* World, const FStageOptions& Options)
 	return Screen;
 }
 
-uint64 MakeKey(const UObject& Object)
+uint64 MakeKey(const UObject& InObject)
 {
-	const int32 Index = Object.GetUniqueID();
+	const int32 Index = InObject.GetUniqueID();
 	return static_cast<uint64>(static_cast<uint32>(FObjectSlots::GetSerial(Index))) << 32 | static_cast<uint32>(Index);
 }
 
@@ -132,7 +132,7 @@ bool FStage::Pause()
 	return std::exchange(bPlaying, false);
 }
 
-bool FStage::Seek(const FTimespan& Time)
+bool FStage::Seek(const FTimespan& InTime)
 {
 	MediaTicks = Time.GetTicks();
 	return true;
@@ -201,16 +201,16 @@ FTrackCounts FStage::GetTrackCounts() const
 			Count(TEXT("ReverseTracks"))};
 }
 
-bool FStage::IsViewerComment(const UUI_DanmakuNode& Node) const
+bool FStage::IsViewerComment(const UUI_DanmakuNode& InNode) const
 {
-	return Node.GetClass() == ViewerCommentClass;
+	return InNode.GetClass() == ViewerCommentClass;
 }
 
-void FStage::AddReferencedObjects(FReferenceCollector& Collector)
+void FStage::AddReferencedObjects(FReferenceCollector& InCollector)
 {
-	Collector.AddReferencedObject(World);
-	Collector.AddReferencedObject(Player);
-	Collector.AddReferencedObject(Screen);
+	InCollector.AddReferencedObject(World);
+	InCollector.AddReferencedObject(Player);
+	InCollector.AddReferencedObject(Screen);
 }
 
 } // namespace Flitmark

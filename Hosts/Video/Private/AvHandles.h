@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Misc/Timespan.h"
 
 extern "C"
 {
@@ -39,7 +40,7 @@ FFramePtr MakeFrame();
 FPacketPtr MakePacket();
 
 /** Ticks of 100 nanoseconds, the overlay's unit of media time. */
-inline constexpr AVRational TickBase{1, 10'000'000};
-inline constexpr int64 TicksPerSecond = 10'000'000;
+using ETimespan::TicksPerSecond;
+inline constexpr AVRational TickBase{1, TicksPerSecond};
 
 } // namespace Flitmark

@@ -1,4 +1,5 @@
 #include "Insight/CommentDensity.h"
+#include "Misc/Timespan.h"
 #include "Playback/MediaPaths.h"
 #include "Scene/Overlay.h"
 #include "Playback/Player.h"
@@ -22,8 +23,6 @@ namespace
 /** Points of the curve of density, and how far each is smoothed into its neighbours. */
 constexpr std::size_t NumBins = 300;
 constexpr double Smoothing = 2.5;
-
-constexpr double TicksPerSecond = 1e7;
 
 /** Who stops this near to the start or the end begins anew the next time. Seconds. */
 constexpr double TooNearStart = 20.0;
@@ -227,7 +226,7 @@ QUrl FPlayer::GetFolder() const
 
 void FPlayer::UpdateDensity()
 {
-	const auto Duration = static_cast<int64>(Shown.Duration * TicksPerSecond);
+	const auto Duration = static_cast<int64>(Shown.Duration * ETimespan::TicksPerSecond);
 	const std::vector<float> Bins = ComputeDensity(SpawnTicks, Duration, NumBins, Smoothing);
 	const float Highest = Bins.empty() ? 0.0f : *std::max_element(Bins.begin(), Bins.end());
 	Density.clear();

@@ -49,7 +49,7 @@ Q_SIGNALS:
 	void SwatchChanged();
 
 private:
-	QList<QObject*> GetBoxes(std::size_t First, std::size_t Count) const;
+	QList<QObject*> GetBoxes(std::size_t InFirst, std::size_t InCount) const;
 
 	UUI_DanmakuNodeSetting& Panel;
 	UImage& Image;

@@ -24,10 +24,10 @@ constexpr double FirstSpeedScale = 1;
 
 FPreferences* Living = nullptr;
 
-void SetNormalFontSize(UUI_DanmakuNodeSetting& Panel, int FontSize)
+void SetNormalFontSize(UUI_DanmakuNodeSetting& InPanel, int InFontSize)
 {
-	const FProperty* Property = Panel.GetClass()->FindPropertyByName(TEXT("NormalFontSize"));
-	*Property->ContainerPtrToValuePtr<int32>(&Panel) = FontSize;
+	const FProperty* Property = InPanel.GetClass()->FindPropertyByName(TEXT("NormalFontSize"));
+	*Property->ContainerPtrToValuePtr<int32>(&InPanel) = InFontSize;
 }
 
 } // namespace
@@ -104,9 +104,9 @@ void FPreferences::Restore()
 	Open.Toggle(true);
 }
 
-void FPreferences::ApplyFontSize(int Wanted)
+void FPreferences::ApplyFontSize(int InWanted)
 {
-	const int Applied = std::clamp(Wanted, SmallestFontSize, LargestFontSize);
+	const int Applied = std::clamp(InWanted, SmallestFontSize, LargestFontSize);
 	SetNormalFontSize(Overlay.GetStage().GetPanel(), Applied);
 	if (TakeNew(FontSize, Applied))
 	{
@@ -114,11 +114,11 @@ void FPreferences::ApplyFontSize(int Wanted)
 	}
 }
 
-void FPreferences::ApplySpeedScale(double Wanted)
+void FPreferences::ApplySpeedScale(double InWanted)
 {
 	// Neither clamp nor comparison tames what is no number.
 	const double Applied =
-		std::isnan(Wanted) ? FirstSpeedScale : std::clamp(Wanted, SlowestSpeedScale, FastestSpeedScale);
+		std::isnan(InWanted) ? FirstSpeedScale : std::clamp(InWanted, SlowestSpeedScale, FastestSpeedScale);
 	Overlay.SetSpeedScale(Applied);
 	if (TakeNew(SpeedScale, Applied))
 	{

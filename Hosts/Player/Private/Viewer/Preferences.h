@@ -39,7 +39,7 @@ public:
 	~FPreferences() override;
 
 	/** What QML calls for the singleton: the living preferences, which stay their maker's. */
-	static FPreferences* create(QQmlEngine* Engine, QJSEngine* ScriptEngine);
+	static FPreferences* create(QQmlEngine* InEngine, QJSEngine* InScriptEngine);
 
 	/** Reads the store and applies what it holds, once; connect to Failed before. */
 	void Load();
@@ -68,8 +68,8 @@ Q_SIGNALS:
 	void Failed(const QString& InMessage);
 
 private:
-	void ApplyFontSize(int Wanted);
-	void ApplySpeedScale(double Wanted);
+	void ApplyFontSize(int InWanted);
+	void ApplySpeedScale(double InWanted);
 	void OnOpenChanged();
 	void Store();
 	void TellFailure();

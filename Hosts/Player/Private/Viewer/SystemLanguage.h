@@ -14,9 +14,9 @@ namespace Flitmark
 QString ChooseLanguage(const QStringList& InLanguages);
 
 /** Texts of the player and of the module in that language, one of ChooseLanguage's. False where its texts are not there. */
-bool UseLanguage(QCoreApplication& Application, const QString& InLanguage);
+bool UseLanguage(QCoreApplication& InApplication, const QString& InLanguage);
 
 /** Texts in the language of the system's locale; call it before anything is shown. */
-void UseSystemLanguage(QCoreApplication& Application);
+void UseSystemLanguage(QCoreApplication& InApplication);
 
 } // namespace Flitmark

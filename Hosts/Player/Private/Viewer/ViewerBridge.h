@@ -26,7 +26,7 @@ public:
 	~FViewerBridge() override;
 
 	/** What QML calls for the singleton: the living bridge, which stays its maker's. */
-	static FViewerBridge* create(QQmlEngine* Engine, QJSEngine* ScriptEngine);
+	static FViewerBridge* create(QQmlEngine* InEngine, QJSEngine* InScriptEngine);
 
 	/** Shows what changed; call it after each frame of the overlay. Cheap where nothing did. */
 	void Update();

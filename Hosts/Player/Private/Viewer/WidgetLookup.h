@@ -7,9 +7,9 @@ namespace Flitmark
 
 /** A widget that the class binds by name: every blueprint of it has one. */
 template <class T>
-T& GetBoundWidget(const UUserWidget& Owner, const TCHAR* Name)
+T& GetBoundWidget(const UUserWidget& InOwner, const TCHAR* InName)
 {
-	return *Cast<T>(Owner.GetWidgetFromName(Name));
+	return *Cast<T>(InOwner.GetWidgetFromName(InName));
 }
 
 } // namespace Flitmark

@@ -121,7 +121,7 @@ public:
 	/** All 0 before the overlay has made its lanes. */
 	FTrackCounts GetTrackCounts() const;
 	/** Whether a comment was made as the viewer's own. */
-	bool IsViewerComment(const UUI_DanmakuNode& Node) const;
+	bool IsViewerComment(const UUI_DanmakuNode& InNode) const;
 
 private:
 	explicit FStage(const FStageOptions& InOptions);
@@ -134,8 +134,8 @@ private:
 	const FString& GetUrl() const override { return Url; }
 	bool Play() override;
 	bool Pause() override;
-	bool Seek(const FTimespan& Time) override;
-	void AddReferencedObjects(FReferenceCollector& Collector) override;
+	bool Seek(const FTimespan& InTime) override;
+	void AddReferencedObjects(FReferenceCollector& InCollector) override;
 
 	UWorld* World = nullptr;
 	UMediaPlayer* Player = nullptr;

@@ -106,7 +106,7 @@ INSTANTIATE_TEST_SUITE_P(
 		FErrorCase{"NoFolder", [](FOpt& In, const FDir& D) { In.Output = D.File("no/where/out.mp4"); },
 				   "does not exist"},
 		FErrorCase{"OutputIsFolder", [](FOpt& In, const FDir&) { std::filesystem::create_directory(In.Output); },
-				   "no plain file"},
+				   "not a plain file"},
 		FErrorCase{"NoContainer", [](FOpt& In, const FDir& D) { In.Output = D.File("out.xyz"); },
 				   "not a video container"},
 		FErrorCase{"PictureFile", [](FOpt& In, const FDir& D) { In.Output = D.File("out.png"); },
