@@ -11,13 +11,6 @@
 namespace Flitmark
 {
 
-std::size_t FBytesSource::Read(char* OutData, std::size_t InSize)
-{
-	const std::size_t Size = Bytes.copy(OutData, std::min(InSize, PieceSize), Place);
-	Place += Size;
-	return Size;
-}
-
 void Require(bool bInHolds, const char* InWhat)
 {
 	if (!bInHolds)
@@ -52,7 +45,7 @@ void ImportChecked(std::string_view InBytes, EFormatSyntax InSyntax)
 	{
 		if (Format->Syntax == InSyntax)
 		{
-			FBytesSource Source(InBytes, InBytes.size() + 1);
+			FMemorySource Source(InBytes, InBytes.size() + 1);
 			FImportResult Result;
 			FImportSink Sink(Result, InBytes.size());
 			std::string Error;

@@ -8,25 +8,6 @@
 namespace Flitmark
 {
 
-/** Any bytes as a source that gives at most so many at a time. */
-class FBytesSource final : public IByteSource
-{
-public:
-	FBytesSource(std::string_view InBytes, std::size_t InPieceSize)
-		: Bytes(InBytes)
-		, PieceSize(InPieceSize)
-	{
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override;
-	uint64 GetSize() const override { return Bytes.size(); }
-
-private:
-	std::string_view Bytes;
-	std::size_t PieceSize;
-	std::size_t Place = 0;
-};
-
 /** Reads bytes as each format of a syntax, and stops the program if the result breaks a promise. */
 void ImportChecked(std::string_view InBytes, EFormatSyntax InSyntax);
 

@@ -12,29 +12,6 @@ namespace
 
 constexpr std::size_t FileSize = std::size_t{20} << 20;
 
-/** Bytes that are in memory already, so that only the importer is measured. */
-class FMemorySource final : public IByteSource
-{
-public:
-	explicit FMemorySource(std::string_view InBytes)
-		: Bytes(InBytes)
-	{
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override
-	{
-		const std::size_t Size = Bytes.copy(OutData, InSize, Place);
-		Place += Size;
-		return Size;
-	}
-
-	uint64 GetSize() const override { return Bytes.size(); }
-
-private:
-	std::string_view Bytes;
-	std::size_t Place = 0;
-};
-
 void Import(benchmark::State& InState, const char* InFormat)
 {
 	const std::string File = GenerateFile(InFormat, FileSize);

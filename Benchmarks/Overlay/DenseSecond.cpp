@@ -1,7 +1,7 @@
 #include "BenchmarkStage.h"
 
-#include "Stage/CellMeasure.h"
-#include "Stage/Files.h"
+#include "Overlay/CellMeasure.h"
+#include "Files/FileText.h"
 #include "Overlay/TextMeasure.h"
 #include "UI_Danmaku.h"
 

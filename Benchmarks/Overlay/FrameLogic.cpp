@@ -1,8 +1,8 @@
 #include "BenchmarkStage.h"
 
-#include "Stage/CellMeasure.h"
+#include "Overlay/CellMeasure.h"
 #include "Components/CanvasPanel.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "UI_Danmaku.h"
 
 #include <benchmark/benchmark.h>

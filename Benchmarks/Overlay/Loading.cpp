@@ -1,8 +1,8 @@
 #include "BenchmarkStage.h"
 
 #include "../EngineLayer/GeneratedDocument.h"
-#include "Stage/CellMeasure.h"
-#include "Stage/Files.h"
+#include "Overlay/CellMeasure.h"
+#include "Files/FileText.h"
 #include "UI_Danmaku.h"
 
 #include <benchmark/benchmark.h>

@@ -1,5 +1,5 @@
 #include "BenchmarkStage.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "Scene/Overlay.h"
 
 #include <benchmark/benchmark.h>

@@ -8,7 +8,7 @@ namespace Flitmark
 
 FImportResult ImportText(std::string_view InText)
 {
-	FTextSource Source(InText);
+	FMemorySource Source(InText);
 	FImportResult Result;
 	std::string Error;
 	EXPECT_TRUE(ImportComments(Source, Result, Error)) << Error;
@@ -18,7 +18,7 @@ FImportResult ImportText(std::string_view InText)
 
 std::string ImportRefused(std::string_view InText)
 {
-	FTextSource Source(InText);
+	FMemorySource Source(InText);
 	FImportResult Result;
 	std::string Error;
 	EXPECT_FALSE(ImportComments(Source, Result, Error));

@@ -9,31 +9,6 @@
 namespace Flitmark
 {
 
-/** A text in memory that is given in pieces of a size. */
-class FTextSource final : public IByteSource
-{
-public:
-	explicit FTextSource(std::string_view InText, std::size_t InPieceSize = 65536)
-		: Text(InText)
-		, PieceSize(InPieceSize)
-	{
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override
-	{
-		const std::size_t Size = Text.copy(OutData, InSize < PieceSize ? InSize : PieceSize, Place);
-		Place += Size;
-		return Size;
-	}
-
-	uint64 GetSize() const override { return Text.size(); }
-
-private:
-	std::string_view Text;
-	std::size_t PieceSize;
-	std::size_t Place = 0;
-};
-
 /** Imports a text; a failure is the calling test's. */
 FImportResult ImportText(std::string_view InText);
 

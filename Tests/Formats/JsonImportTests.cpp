@@ -143,7 +143,7 @@ TEST(JsonFile, EntriesFarApartAreReadInSmallPieces)
 	Json += "{\"p\":\"\",\"m\":\"x\"}" + std::string(700000, ' ') + "," + Well + "]}";
 	for (const std::size_t PieceSize : {std::size_t{7}, Json.size()})
 	{
-		FTextSource Source(Json, PieceSize);
+		FMemorySource Source(Json, PieceSize);
 		FImportResult Result;
 		std::string Error;
 		ASSERT_TRUE(ImportComments(Source, Result, Error));

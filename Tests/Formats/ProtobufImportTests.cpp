@@ -93,7 +93,7 @@ TEST(ListProtobuf, IsReadInSmallPieces)
 	{
 		File += Bytes(1, Full);
 	}
-	FTextSource Source(File, 7);
+	FMemorySource Source(File, 7);
 	FImportResult Result;
 	std::string Error;
 	ASSERT_TRUE(ImportComments(Source, Result, Error));

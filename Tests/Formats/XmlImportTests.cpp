@@ -111,7 +111,7 @@ TEST(ListXmlFile, LinesAndIndicesHoldFarIntoAFile)
 	Xml += "<d p=\"\">x</d>\n" + std::string(600000, ' ') + "\n<d p=\"\">y</d></i>";
 	for (const std::size_t PieceSize : {std::size_t{7}, std::size_t{4096}, Xml.size()})
 	{
-		FTextSource Source(Xml, PieceSize);
+		FMemorySource Source(Xml, PieceSize);
 		FImportResult Result;
 		std::string Error;
 		ASSERT_TRUE(ImportComments(Source, Result, Error));

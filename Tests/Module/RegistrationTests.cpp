@@ -5,7 +5,7 @@
 #include "DanmakuSave.h"
 #include "DanmakuTrack.h"
 #include "DanmakuTrackManager.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "UI_Danmaku.h"
 #include "UI_DanmakuBar.h"
 #include "UI_DanmakuNode.h"

@@ -1,6 +1,6 @@
 #include "Overlay/CommentSprites.h"
 
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "Overlay/TextMeasure.h"
 #include "UI_Danmaku.h"
 

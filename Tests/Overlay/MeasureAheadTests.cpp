@@ -1,6 +1,6 @@
 #include "Overlay/MeasureAhead.h"
 
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Stage/CommentDocument.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "Scene/Overlay.h"
 
 #include <string>

@@ -1,5 +1,5 @@
 #include "DanmakuSave.h"
-#include "Stage/FileCalls.h"
+#include "Files/FileCalls.h"
 #include "Viewer/Preferences.h"
 #include "UI_DanmakuNodeSetting.h"
 #include "ViewerTestKit.h"
@@ -42,7 +42,7 @@ class PreferencesTest : public testing::Test
 protected:
 	std::unique_ptr<FPreferences> Make()
 	{
-		auto Made = std::make_unique<FPreferences>(*Stage.Overlay, *Stage.Bridge, Folder.path().toStdString(), &Disk);
+		auto Made = std::make_unique<FPreferences>(*Stage.Overlay, *Stage.Bridge, Folder.path().toStdString(), Disk);
 		QObject::connect(Made.get(), &FPreferences::Failed, [this](const QString& Text) { Failures.append(Text); });
 		return Made;
 	}

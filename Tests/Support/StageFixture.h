@@ -4,7 +4,7 @@
 #include "DanmakuDataStruct.h"
 #include "DanmakuTrack.h"
 #include "DanmakuTrackManager.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "NodeLog.h"
 #include "ScriptedRand.h"
 #include "Stage/Stage.h"

@@ -1,6 +1,6 @@
 #include "WrittenMeasure.h"
 
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 
 #include <cstdlib>
 

@@ -3,7 +3,7 @@
 #include "CommentOptions.h"
 #include "DocumentReview.h"
 #include "ExitCodes.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "JsonLine.h"
 #include "Message.h"
 #include "OptionChecks.h"

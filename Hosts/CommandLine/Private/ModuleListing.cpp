@@ -1,6 +1,6 @@
 #include "ModuleListing.h"
 
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "Modules/ModuleInterface.h"
 #include "UObject/Class.h"
 #include "UObject/GeneratedCppIncludes.h"

@@ -1,4 +1,4 @@
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "JsonLine.h"
 #include "ModuleListing.h"
 

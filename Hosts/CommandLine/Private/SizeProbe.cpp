@@ -1,6 +1,6 @@
 #include "SizeProbe.h"
 
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "UI_Danmaku.h"
 
 namespace Flitmark

@@ -1,12 +1,12 @@
 #include "TraceCommand.h"
 
-#include "Stage/CellMeasure.h"
+#include "Overlay/CellMeasure.h"
 #include "CommentOptions.h"
 #include "ExitCodes.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "Message.h"
 #include "OptionValues.h"
-#include "Stage/SaveSlots.h"
+#include "Files/SaveSlots.h"
 #include "Overlay/TextMeasure.h"
 #include "TraceRunner.h"
 

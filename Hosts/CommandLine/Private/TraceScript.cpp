@@ -2,7 +2,7 @@
 
 #include "Dom/JsonObject.h"
 #include "Dom/JsonValue.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 

@@ -1,47 +1,20 @@
 #include "Comments/CommentsInput.h"
 
-#include "Formats/CommentDocumentWriter.h"
+#include "Files/ByteSource.h"
+#include "Files/FileText.h"
 #include "Filtering/CommentOrder.h"
-#include "Stage/Files.h"
+#include "Formats/CommentDocumentWriter.h"
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <limits>
+#include <memory>
 
 namespace Flitmark
 {
 
 namespace
 {
-
-/** What DetectFormat wants to see. */
-constexpr std::size_t HeadSize = 65'536;
-
-/** Bytes that are there already. */
-class FMemorySource final : public IByteSource
-{
-public:
-	explicit FMemorySource(std::string_view InBytes)
-		: Rest(InBytes)
-		, Size(InBytes.size())
-	{
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override
-	{
-		const std::size_t Count = std::min(InSize, Rest.size());
-		std::memcpy(OutData, Rest.data(), Count);
-		Rest.remove_prefix(Count);
-		return Count;
-	}
-	uint64 GetSize() const override { return Size; }
-
-private:
-	std::string_view Rest;
-	const uint64 Size;
-};
 
 bool IsOwn(const FCommentFormat* InFormat)
 {
@@ -92,15 +65,18 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 	{
 		return std::nullopt;
 	}
-	std::ifstream File(InPath, std::ios::binary);
+	std::string Error;
+	const std::unique_ptr<FFileSource> File = FFileSource::Open(InPath, Error);
+	if (!File)
+	{
+		return std::nullopt;
+	}
 	std::string Seen;
 	const auto ReadMore = [&File, &Seen]
 	{
-		const std::size_t Kept = Seen.size();
-		Seen.resize(Kept + HeadSize);
-		File.read(Seen.data() + Kept, HeadSize);
-		Seen.resize(Kept + static_cast<std::size_t>(File.gcount()));
-		return File.gcount() > 0;
+		const std::string More = File->ReadUpTo(DetectionSize);
+		Seen += More;
+		return !More.empty();
 	};
 	bool bMore = ReadMore();
 	FFileLook Look;
@@ -114,13 +90,13 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 		Seen.erase(0, Seen.size() - std::min(Overlap, Seen.size()));
 		bMore = ReadMore();
 	}
-	return File.bad() ? std::nullopt : std::optional(Look);
+	return File->GetError().empty() ? std::optional(Look) : std::nullopt;
 }
 
 /** The format of a whole text. What the overlay takes for a document is one, whatever else there is in it. */
 const FCommentFormat* DetectWhole(const std::string& InBytes)
 {
-	const FCommentFormat* const Format = DetectFormat(std::string_view(InBytes).substr(0, HeadSize));
+	const FCommentFormat* const Format = DetectFormat(std::string_view(InBytes).substr(0, DetectionSize));
 	const bool bOwn = IsJson(Format) && NamesList(InBytes) && !FCommentDocument::Read(FromUtf8(InBytes)).GetFault();
 	return bOwn ? &OwnDocumentFormat : Format;
 }

@@ -20,46 +20,43 @@ std::string FolderOf(const std::string& InPath)
 	return Folder.empty() ? "." : Folder;
 }
 
-std::string SystemError()
-{
-	return std::strerror(errno);
-}
-
 } // namespace
 
-std::unique_ptr<FTemporaryFile> FTemporaryFile::Create(const std::string& InFinalPath, std::string& OutError)
+std::unique_ptr<FTemporaryFile> FTemporaryFile::Create(const std::string& InFinalPath, std::string& OutError,
+													   FFileCalls& InCalls)
 {
 	constexpr int MostTries = 100;
 	for (int Try = 0; Try < MostTries; ++Try)
 	{
 		const std::string Path = InFinalPath + "." + std::to_string(getpid()) + "-" + std::to_string(Try) + ".part";
-		const int Handle = open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+		const int Handle = InCalls.Open(Path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
 		if (Handle >= 0)
 		{
-			return std::unique_ptr<FTemporaryFile>(new FTemporaryFile(InFinalPath, Path, Handle));
+			return std::unique_ptr<FTemporaryFile>(new FTemporaryFile(InFinalPath, Path, Handle, InCalls));
 		}
 		if (errno != EEXIST)
 		{
 			break;
 		}
 	}
-	OutError = InFinalPath + ": cannot be written: " + SystemError();
+	OutError = InFinalPath + ": cannot be written: " + std::strerror(errno);
 	return nullptr;
 }
 
-FTemporaryFile::FTemporaryFile(std::string InFinalPath, std::string InTemporaryPath, int InHandle)
+FTemporaryFile::FTemporaryFile(std::string InFinalPath, std::string InTemporaryPath, int InHandle, FFileCalls& InCalls)
 	: FinalPath(std::move(InFinalPath))
 	, TemporaryPath(std::move(InTemporaryPath))
+	, Calls(InCalls)
 	, Handle(InHandle)
 {
 }
 
 FTemporaryFile::~FTemporaryFile()
 {
-	close(Handle);
-	if (!bCommitted)
+	Close();
+	if (!bInPlace)
 	{
-		unlink(TemporaryPath.c_str());
+		Calls.Remove(TemporaryPath.c_str());
 	}
 }
 
@@ -67,11 +64,10 @@ bool FTemporaryFile::Write(std::string_view InBytes, std::string& OutError)
 {
 	while (!InBytes.empty())
 	{
-		const ssize_t Written = write(Handle, InBytes.data(), InBytes.size());
+		const ssize_t Written = Calls.Write(Handle, InBytes.data(), InBytes.size());
 		if (Written < 0 && errno != EINTR)
 		{
-			OutError = FinalPath + ": cannot be written: " + SystemError();
-			return false;
+			return Fail(OutError);
 		}
 		InBytes.remove_prefix(Written > 0 ? static_cast<std::size_t>(Written) : 0);
 		NumWaiting += Written > 0 ? Written : 0;
@@ -79,7 +75,7 @@ bool FTemporaryFile::Write(std::string_view InBytes, std::string& OutError)
 	constexpr int64 Enough = int64{4} << 20;
 	if (NumWaiting >= Enough)
 	{
-		// The disk begins at once, so that there is little to wait for at the end. Its errors are told then, too.
+		// The disk starts now, so that Commit has little to wait for. Its errors show there, too.
 		sync_file_range(Handle, 0, 0, SYNC_FILE_RANGE_WRITE);
 		NumWaiting = 0;
 	}
@@ -88,25 +84,45 @@ bool FTemporaryFile::Write(std::string_view InBytes, std::string& OutError)
 
 bool FTemporaryFile::Commit(std::string& OutError)
 {
-	if (fsync(Handle) != 0 || rename(TemporaryPath.c_str(), FinalPath.c_str()) != 0)
+	if (Calls.Flush(Handle) != 0 || !Close() || Calls.Rename(TemporaryPath.c_str(), FinalPath.c_str()) != 0)
 	{
-		OutError = FinalPath + ": cannot be finished: " + SystemError();
-		return false;
+		return Fail(OutError);
 	}
-	bCommitted = true;
-	// The new name must outlive a power cut too; where folders cannot be synced, it is as good as it gets.
-	const int Folder = open(FolderOf(FinalPath).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-	if (Folder >= 0)
-	{
-		fsync(Folder);
-		close(Folder);
-	}
-	return true;
+	bInPlace = true;
+	return FlushFolder() || Fail(OutError);
 }
 
-bool WriteWholeFile(const std::string& InPath, std::string_view InBytes, std::string& OutError)
+/** Once: a file is closed even where closing it reports an error. */
+bool FTemporaryFile::Close()
 {
-	const std::unique_ptr<FTemporaryFile> File = FTemporaryFile::Create(InPath, OutError);
+	const int Open = std::exchange(Handle, -1);
+	return Open < 0 || Calls.Close(Open) == 0;
+}
+
+/** The new name must survive a power cut too. Folders that may not be read and disks that cannot flush one are let be. */
+bool FTemporaryFile::FlushFolder()
+{
+	const int Folder = Calls.Open(FolderOf(FinalPath).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+	if (Folder < 0)
+	{
+		return errno == EACCES;
+	}
+	const bool bFlushed = Calls.Flush(Folder) == 0 || errno == EINVAL;
+	const int FlushError = errno;
+	const bool bClosed = Calls.Close(Folder) == 0;
+	errno = bFlushed ? errno : FlushError;
+	return bFlushed && bClosed;
+}
+
+bool FTemporaryFile::Fail(std::string& OutError) const
+{
+	OutError = FinalPath + ": cannot be written: " + std::strerror(errno);
+	return false;
+}
+
+bool WriteWholeFile(const std::string& InPath, std::string_view InBytes, std::string& OutError, FFileCalls& InCalls)
+{
+	const std::unique_ptr<FTemporaryFile> File = FTemporaryFile::Create(InPath, OutError, InCalls);
 	return File && File->Write(InBytes, OutError) && File->Commit(OutError);
 }
 
@@ -129,7 +145,7 @@ std::string OutputObstacle(const std::string& InInput, const std::string& InOutp
 	}
 	if (!S_ISREG(Output.st_mode))
 	{
-		return InOutput + ": is no plain file and will not be replaced; name another output";
+		return InOutput + ": is not a plain file and is not replaced; name another output";
 	}
 	if (stat(InInput.c_str(), &Input) == 0 && Input.st_dev == Output.st_dev && Input.st_ino == Output.st_ino)
 	{

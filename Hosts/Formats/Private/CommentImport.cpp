@@ -3,58 +3,11 @@
 #include "ImportSink.h"
 #include "TextDecoding.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <memory>
-
 namespace Flitmark
 {
 
 namespace
 {
-
-constexpr std::size_t HeadSize = std::size_t{64} << 10;
-
-class FFileSource final : public IByteSource
-{
-public:
-	explicit FFileSource(const std::filesystem::path& InPath)
-		: File(std::fopen(InPath.c_str(), "rb"), &std::fclose)
-	{
-		NoteError(File == nullptr, "cannot be opened");
-		std::error_code Ignored;
-		const std::uintmax_t Known = std::filesystem::file_size(InPath, Ignored);
-		Size = Ignored ? 0 : Known;
-	}
-
-	std::size_t Read(char* OutData, std::size_t InSize) override
-	{
-		if (File == nullptr)
-		{
-			return 0;
-		}
-		const std::size_t Read = std::fread(OutData, 1, InSize, File.get());
-		NoteError(std::ferror(File.get()) != 0, "cannot be read");
-		return Read;
-	}
-
-	uint64 GetSize() const override { return Size; }
-	std::string GetError() const override { return Error; }
-
-private:
-	void NoteError(bool bInFailed, const char* InWhat)
-	{
-		if (bInFailed)
-		{
-			Error = std::string(InWhat) + ": " + std::strerror(errno);
-		}
-	}
-
-	std::unique_ptr<std::FILE, int (*)(std::FILE*)> File;
-	uint64 Size = 0;
-	std::string Error;
-};
 
 std::string ListFormats()
 {
@@ -66,29 +19,12 @@ std::string ListFormats()
 	return Titles;
 }
 
-std::string ReadHead(IByteSource& InSource)
-{
-	std::string Head(HeadSize, '\0');
-	std::size_t Size = 0;
-	while (Size < Head.size())
-	{
-		const std::size_t Read = InSource.Read(Head.data() + Size, Head.size() - Size);
-		if (Read == 0)
-		{
-			break;
-		}
-		Size += Read;
-	}
-	Head.resize(Size);
-	return Head;
-}
-
 } // namespace
 
 bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string& OutError)
 {
 	OutResult = FImportResult();
-	std::string Head = ReadHead(InSource);
+	std::string Head = InSource.ReadUpTo(DetectionSize);
 	const FCommentFormat* const Format = DetectFormat(Head);
 	OutResult.Report.Format = Format;
 	if (Format == nullptr)
@@ -117,15 +53,13 @@ bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string
 
 bool ImportComments(const std::filesystem::path& InPath, FImportResult& OutResult, std::string& OutError)
 {
-	std::error_code Ignored;
-	if (std::filesystem::is_directory(InPath, Ignored))
+	OutResult = FImportResult();
+	const std::unique_ptr<FFileSource> Source = FFileSource::Open(InPath, OutError);
+	if (!Source)
 	{
-		OutResult = FImportResult();
-		OutError = InPath.string() + ": is a folder, not a file";
 		return false;
 	}
-	FFileSource Source(InPath);
-	if (ImportComments(Source, OutResult, OutError))
+	if (ImportComments(*Source, OutResult, OutError))
 	{
 		return true;
 	}

@@ -62,4 +62,13 @@ const FCommentFormat* DetectFormat(std::string_view InHead)
 	return Best;
 }
 
+const FCommentFormat* DetectFile(const std::filesystem::path& InPath)
+{
+	std::error_code Ignored;
+	std::string Error;
+	const std::unique_ptr<FFileSource> Source =
+		std::filesystem::is_regular_file(InPath, Ignored) ? FFileSource::Open(InPath, Error) : nullptr;
+	return Source ? DetectFormat(Source->ReadUpTo(DetectionSize)) : nullptr;
+}
+
 } // namespace Flitmark

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Formats/ByteSource.h"
+#include "Files/ByteSource.h"
 #include "ImportSink.h"
 #include "JsonProbe.h"
 #include "JsonSchema.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
-#include "Formats/ByteSource.h"
+#include "Files/ByteSource.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Files/FileCalls.h"
 
 #include <memory>
 #include <string>
@@ -9,41 +10,53 @@
 namespace Flitmark
 {
 
-/** A file that gets its name when it is whole, and is gone otherwise. */
+/**
+ * A file that gets its name only once it is complete and on disk: a crash or a full disk at any point leaves what was
+ * under that name before, or the new file. Without Commit it is removed.
+ */
 class FTemporaryFile
 {
 public:
-	/** Beside the file it is to become; null with OutError set where it cannot be made. */
-	static std::unique_ptr<FTemporaryFile> Create(const std::string& InFinalPath, std::string& OutError);
+	/** In the folder of the file it is to become; null with OutError set where it cannot be created. */
+	static std::unique_ptr<FTemporaryFile> Create(const std::string& InFinalPath, std::string& OutError,
+												  FFileCalls& InCalls = FFileCalls::Get());
 	~FTemporaryFile();
 	FTemporaryFile(const FTemporaryFile&) = delete;
 	FTemporaryFile& operator=(const FTemporaryFile&) = delete;
 
 	const std::string& Path() const { return TemporaryPath; }
 
-	/** Adds to the file; false with OutError set, such as for a full disk. */
+	/** Appends; false with OutError set, such as for a full disk. */
 	bool Write(std::string_view InBytes, std::string& OutError);
 
-	/** Brings the file to the disk and under its name; false with OutError set. */
+	/**
+	 * Flushes the file to disk and gives it its name; false with OutError set. Where only flushing the folder failed the
+	 * new file is in place, but a power cut could still bring the old one back.
+	 */
 	bool Commit(std::string& OutError);
 
 private:
-	FTemporaryFile(std::string InFinalPath, std::string InTemporaryPath, int InHandle);
+	FTemporaryFile(std::string InFinalPath, std::string InTemporaryPath, int InHandle, FFileCalls& InCalls);
+	bool Close();
+	bool FlushFolder();
+	bool Fail(std::string& OutError) const;
 
-	std::string FinalPath;
-	std::string TemporaryPath;
+	const std::string FinalPath;
+	const std::string TemporaryPath;
+	FFileCalls& Calls;
 	int Handle;
-	/** Bytes of which the disk was not told yet. */
+	/** Bytes since the disk was last told to start writing. */
 	int64 NumWaiting = 0;
-	bool bCommitted = false;
+	bool bInPlace = false;
 };
 
-/** A file of that content under its name when it is whole, or the earlier file of that name; false with OutError set. */
-bool WriteWholeFile(const std::string& InPath, std::string_view InBytes, std::string& OutError);
+/** Replaces a file in one step with FTemporaryFile; false with OutError set. */
+bool WriteWholeFile(const std::string& InPath, std::string_view InBytes, std::string& OutError,
+					FFileCalls& InCalls = FFileCalls::Get());
 
 /**
- * What speaks against writing InOutput while InInput is read (it is the same file, its folder is missing, it is no
- * plain file); empty where nothing does.
+ * Why InOutput cannot be written while InInput is read (it is the same file, its folder is missing, it is not a plain
+ * file); empty where nothing is in the way.
  */
 std::string OutputObstacle(const std::string& InInput, const std::string& InOutput);
 

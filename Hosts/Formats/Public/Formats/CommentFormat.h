@@ -1,9 +1,10 @@
 #pragma once
 
 #include "CoreTypes.h"
-#include "Formats/ByteSource.h"
+#include "Files/ByteSource.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <span>
 #include <string>
 #include <string_view>
@@ -84,10 +85,16 @@ const FCommentFormat* FindCommentFormat(std::string_view InName);
 /** The format's Title; "unknown format" for null. */
 std::string_view ToText(const FCommentFormat* InFormat);
 
+/** How much of a file DetectFormat wants to see, in bytes. */
+constexpr std::size_t DetectionSize = 65'536;
+
 /**
- * Recognizes a format by a file's first bytes (64 KiB are plenty), never by its name. A JSON object that is nothing else
- * counts as our own document, which needs no key at all; null if no format fits.
+ * Recognizes a format by a file's first DetectionSize bytes, never by its name. A JSON object that is nothing else counts
+ * as our own document, which needs no key at all; null if no format fits.
  */
 const FCommentFormat* DetectFormat(std::string_view InHead);
+
+/** The same for a file. Null for anything but a plain file: reading a pipe might wait forever, and uses it up. */
+const FCommentFormat* DetectFile(const std::filesystem::path& InPath);
 
 } // namespace Flitmark

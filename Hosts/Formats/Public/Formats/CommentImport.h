@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Files/ByteSource.h"
 #include "Formats/CommentFormat.h"
 #include "Formats/ServiceComment.h"
 

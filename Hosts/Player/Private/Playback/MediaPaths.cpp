@@ -4,20 +4,15 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <string_view>
 
 namespace Flitmark
 {
 
 namespace
 {
-
-/** How much of a file tells what it is. */
-constexpr qint64 HeadSize = 64 * 1024;
 
 /** Ends of names that comments come with, the likeliest first. */
 constexpr const char* CommentEnds[] = {"json", "xml", "pb", "protobuf", "bin", "jsonl"};
@@ -119,18 +114,7 @@ QString FindFileFault(const QString& InPathOrAddress)
 
 bool IsCommentFile(const QString& InPath)
 {
-	// Reading anything but a file, such as a pipe, might wait for ever.
-	if (IsAddress(InPath) || !QFileInfo(InPath).isFile())
-	{
-		return false;
-	}
-	QFile File(InPath);
-	if (!File.open(QIODevice::ReadOnly))
-	{
-		return false;
-	}
-	const QByteArray Head = File.read(HeadSize);
-	return DetectFormat(std::string_view(Head.constData(), static_cast<std::size_t>(Head.size()))) != nullptr;
+	return !IsAddress(InPath) && DetectFile(InPath.toStdString()) != nullptr;
 }
 
 QStringList FindCommentsBeside(const QString& InVideo, const QStringList& InLanguages)

@@ -1,7 +1,7 @@
 #include "Scene/Overlay.h"
 
 #include "Components/CanvasPanel.h"
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 #include "UI_Danmaku.h"
 
 #include <algorithm>

@@ -33,7 +33,7 @@ void SetNormalFontSize(UUI_DanmakuNodeSetting& Panel, int FontSize)
 } // namespace
 
 FPreferences::FPreferences(FOverlay& InOverlay, FViewerBridge& InBridge, std::filesystem::path InFolder,
-						   FFileCalls* InCalls)
+						   FFileCalls& InCalls)
 	: Overlay(InOverlay)
 	, Open(*InBridge.GetBar()->GetOpen())
 	, Slots(std::move(InFolder), InCalls)

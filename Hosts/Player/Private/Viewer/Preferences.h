@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Stage/SaveSlots.h"
+#include "Files/SaveSlots.h"
 
 #include <QObject>
 #include <QQmlEngine>
@@ -34,7 +34,7 @@ class FPreferences final : public QObject
 public:
 	/** Both outlive the preferences. InFolder: where they are kept. InCalls: see FSaveSlots. */
 	FPreferences(FOverlay& InOverlay, FViewerBridge& InBridge,
-				 std::filesystem::path InFolder = FSaveSlots::GetUserFolder(), FFileCalls* InCalls = nullptr);
+				 std::filesystem::path InFolder = FSaveSlots::GetUserFolder(), FFileCalls& InCalls = FFileCalls::Get());
 	/** Stores what is not stored yet. */
 	~FPreferences() override;
 

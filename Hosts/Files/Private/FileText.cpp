@@ -1,13 +1,10 @@
-#include "Stage/Files.h"
+#include "Files/FileText.h"
 
 #include "Containers/StringConv.h"
+#include "Files/ByteSource.h"
 #include "Misc/FileHelper.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <limits>
-#include <memory>
 
 namespace Flitmark
 {
@@ -18,37 +15,24 @@ namespace
 /** The most that the layer's strings count. */
 constexpr std::size_t MaxFileSize = std::numeric_limits<int32>::max();
 
-/** Why the last call failed. */
-std::string Reason()
-{
-	return std::strerror(errno);
-}
-
 } // namespace
 
 std::optional<std::string> LoadBytes(const std::filesystem::path& InFile, std::string& OutError)
 {
-	std::error_code Ignored;
-	if (std::filesystem::is_directory(InFile, Ignored))
+	const std::unique_ptr<FFileSource> Source = FFileSource::Open(InFile, OutError);
+	if (!Source)
 	{
-		OutError = InFile.string() + ": is a folder, not a file";
 		return std::nullopt;
 	}
-	const std::unique_ptr<std::FILE, int (*)(std::FILE*)> File(std::fopen(InFile.c_str(), "rb"), &std::fclose);
-	if (File == nullptr)
-	{
-		OutError = InFile.string() + ": cannot be opened: " + Reason();
-		return std::nullopt;
-	}
+	const uint64 Expected = Source->GetSize();
+	// One byte more, so that the end is seen without growing.
+	std::size_t Room = Expected == 0 || Expected > MaxFileSize ? 65536 : static_cast<std::size_t>(Expected) + 1;
 	std::string Bytes;
-	const std::uintmax_t Expected = std::filesystem::file_size(InFile, Ignored);
-	// One byte more, so that the end is seen without growing; a pipe has no size.
-	std::size_t Room = Ignored || Expected > MaxFileSize ? 65536 : static_cast<std::size_t>(Expected) + 1;
 	std::size_t Filled = 0;
 	while (true)
 	{
 		Bytes.resize(Filled + Room);
-		const std::size_t Read = std::fread(Bytes.data() + Filled, 1, Room, File.get());
+		const std::size_t Read = Source->Read(Bytes.data() + Filled, Room);
 		Filled += Read;
 		if (Filled > MaxFileSize)
 		{
@@ -61,9 +45,9 @@ std::optional<std::string> LoadBytes(const std::filesystem::path& InFile, std::s
 		}
 		Room = Filled;
 	}
-	if (std::ferror(File.get()) != 0)
+	if (!Source->GetError().empty())
 	{
-		OutError = InFile.string() + ": cannot be read: " + Reason();
+		OutError = InFile.string() + ": " + Source->GetError();
 		return std::nullopt;
 	}
 	Bytes.resize(Filled);

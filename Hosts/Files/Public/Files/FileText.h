@@ -16,6 +16,7 @@ std::optional<std::string> LoadBytes(const std::filesystem::path& InFile, std::s
 /** A text file: UTF-8, or UTF-16 with its mark; wrong bytes become U+FFFD. Errors as LoadBytes. */
 std::optional<FString> LoadText(const std::filesystem::path& InFile, std::string& OutError);
 
+/** As LoadText decodes a file's bytes. */
 FString FromUtf8(std::string_view InText);
 /** Half of a surrogate pair becomes U+FFFD. */
 std::string ToUtf8(const FString& InText);

@@ -1,4 +1,4 @@
-#include "Stage/CellMeasure.h"
+#include "Overlay/CellMeasure.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>

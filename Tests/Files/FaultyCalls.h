@@ -1,0 +1,84 @@
+#pragma once
+
+#include "Files/FileCalls.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace Flitmark
+{
+
+/** The system's calls, of which one fails, or everything from one on; they write in small pieces. */
+class FFaultyCalls final : public FFileCalls
+{
+public:
+	enum class EFault
+	{
+		None,
+		/** That call alone fails. */
+		Once,
+		/** It and all that follow, as after a crash. */
+		ForGood,
+	};
+
+	int Open(const char* InPath, int InFlags, uint32 InMode) override
+	{
+		return Fails() ? -1 : FFileCalls::Open(InPath, InFlags, InMode);
+	}
+	ssize_t Write(int InFile, const void* InBytes, std::size_t InSize) override
+	{
+		if (bInterrupts && !std::exchange(bInterrupted, !bInterrupted))
+		{
+			errno = EINTR;
+			return -1;
+		}
+		// A disk that becomes full still takes the first part.
+		const bool bFails = Fails();
+		const ssize_t Written = FFileCalls::Write(InFile, InBytes, std::min<std::size_t>(InSize, 7));
+		return bFails ? Refuse() : Written;
+	}
+	int Flush(int InFile) override { return Fails() ? -1 : FFileCalls::Flush(InFile); }
+	int Close(int InFile) override
+	{
+		// A file is closed whatever closing it reports.
+		const int Result = FFileCalls::Close(InFile);
+		return Fails() ? -1 : Result;
+	}
+	int Rename(const char* InFrom, const char* InTo) override
+	{
+		return Fails() ? -1 : FFileCalls::Rename(InFrom, InTo);
+	}
+	int Remove(const char* InPath) override { return Fails() ? -1 : FFileCalls::Remove(InPath); }
+
+	void Reset(int32 InFaulty = 0, EFault InFault = EFault::None, int InError = ENOSPC)
+	{
+		NumCalls = 0;
+		Faulty = InFaulty;
+		Fault = InFault;
+		Error = InError;
+	}
+
+	int32 NumCalls = 0;
+	bool bInterrupts = false;
+
+private:
+	int Refuse() const
+	{
+		errno = Error;
+		return -1;
+	}
+	bool Fails()
+	{
+		const int32 Call = NumCalls++;
+		const bool bFails = (Fault == EFault::Once && Call == Faulty) || (Fault == EFault::ForGood && Call >= Faulty);
+		return bFails && Refuse() != 0;
+	}
+
+	int32 Faulty = 0;
+	EFault Fault = EFault::None;
+	int Error = ENOSPC;
+	bool bInterrupted = false;
+};
+
+} // namespace Flitmark
