@@ -194,7 +194,7 @@ TEST(Convert, RefusesWithoutHarm)
 		{{Folder.File("none.xml"), "-o", Old}, 1, "none.xml: cannot be opened"},
 		{{Good, "-o", Old, "--offset", "1", "--offset", "2"}, 2, "--offset: is given 2 times for 1 file"},
 		{{Good, "-o", Old, "--offset", "1:75"}, 2, "--offset: \"1:75\" is no time"},
-		{{Good, "-o", Old, "--block", "a(b"}, 2, "--block: \"a(b\" is no regular expression: missing )"},
+		{{Good, "-o", Old, "--block", "a(b"}, 2, "--block: \"a(b\" is not a valid regular expression: missing )"},
 		{{Good}, 2, "--output is required"},
 		{{"-o", Old}, 2, "IN is required"},
 	};
@@ -325,7 +325,7 @@ TEST(Stats, TellAndDraw)
 	const std::string Svg = ReadFile(Picture);
 	EXPECT_THAT(Svg, HasSubstr("<title>&lt;&amp;&gt;.xml</title>"));
 	EXPECT_THAT(Svg, HasSubstr(">41 comments in 1:02:05</text>"));
-	EXPECT_THAT(Svg, HasSubstr("Goal &amp; &lt;b&gt;</tspan>"));
+	EXPECT_THAT(Svg, HasSubstr("Goal &amp; &lt;b&gt;</text>"));
 	EXPECT_THAT(Svg, HasSubstr(">30:00</text>"));
 	EXPECT_THAT(Svg, HasSubstr(">1:00:00</text>"));
 	EXPECT_THAT(Svg, testing::EndsWith("</svg>\n"));

@@ -62,8 +62,11 @@ INSTANTIATE_TEST_SUITE_P(
 		FUsageCase{"OtherPicture", {"shot", "v", "c", "-o", "p.jpg", "--at", "1"}, 2, "", "only PNG"},
 		FUsageCase{"ConvertHelp", {"convert", "--help"}, 0, "--offset", ""},
 		FUsageCase{"StatsHelp", {"stats", "--help"}, 0, "density.svg", ""},
-		FUsageCase{
-			"Pattern", {"burn", "v", "c", "-o", "o.mp4", "--block", "*"}, 2, "", "\"*\" is no regular expression"},
+		FUsageCase{"Pattern",
+				   {"burn", "v", "c", "-o", "o.mp4", "--block", "*"},
+				   2,
+				   "",
+				   "\"*\" is not a valid regular expression"},
 		FUsageCase{"NoUser", {"check", "c", "--block-user", ""}, 2, "", "--block-user: names no user"},
 		FUsageCase{"Modes", {"trace", "c", "--only", "scroll,left"}, 2, "", "\"scroll,left\" is no list of the modes"},
 		FUsageCase{"Window", {"shot", "v", "c", "--merge", "0"}, 2, "", "\"0\" is no number of seconds above 0"},

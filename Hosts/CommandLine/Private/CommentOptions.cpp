@@ -20,7 +20,7 @@ constexpr const char* FilterGroup = "Filters (in this order)";
 std::string CheckPattern(const std::string& InText)
 {
 	const std::optional<std::string> Fault = FindPatternFault(InText);
-	return Fault ? "\"" + InText + "\" is no regular expression: " + *Fault : std::string();
+	return Fault ? "\"" + InText + "\" is not a valid regular expression: " + *Fault : std::string();
 }
 
 std::optional<double> ParseWindow(std::string_view InText)
