@@ -325,7 +325,7 @@ TEST(Stats, TellAndDraw)
 	const std::string Svg = ReadFile(Picture);
 	EXPECT_THAT(Svg, HasSubstr("<title>&lt;&amp;&gt;.xml</title>"));
 	EXPECT_THAT(Svg, HasSubstr(">41 comments in 1:02:05</text>"));
-	EXPECT_THAT(Svg, HasSubstr("Goal &amp; &lt;b&gt;</tspan>"));
+	EXPECT_THAT(Svg, HasSubstr("Goal &amp; &lt;b&gt;</text>"));
 	EXPECT_THAT(Svg, HasSubstr(">30:00</text>"));
 	EXPECT_THAT(Svg, HasSubstr(">1:00:00</text>"));
 	EXPECT_THAT(Svg, testing::EndsWith("</svg>\n"));

@@ -196,7 +196,7 @@ TEST(Filter, RefusesWhatItDoesNotUnderstand)
 	FFilterOptions NoKind;
 	NoKind.Only.emplace();
 	const std::pair<FFilterOptions, const char*> Cases[] = {
-		{Block({"a", "("}), "--block: \"(\" is no regular expression: missing )"},
+		{Block({"a", "("}), "--block: \"(\" is not a valid regular expression: missing )"},
 		{Block({"\xFF"}), "--block"},
 		{Block({"a{1000}{1000}"}), "--block"},
 		{NoUser, "--block-user: names no user"},

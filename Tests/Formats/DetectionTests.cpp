@@ -76,6 +76,18 @@ TEST(Detection, IsByContent)
 	}
 }
 
+TEST(FormatTable, NamesAreUniqueAndTheGuideListsEachFormat)
+{
+	std::ifstream File(FORMATS_GUIDE);
+	const std::string Guide{std::istreambuf_iterator<char>(File), {}};
+	for (const FCommentFormat* const Format : GetCommentFormats())
+	{
+		EXPECT_EQ(FindCommentFormat(Format->Name), Format) << Format->Name;
+		EXPECT_NE(Guide.find("\n| " + std::string(Format->Title) + " |"), std::string::npos) << Format->Title;
+	}
+	EXPECT_EQ(FindCommentFormat("none"), nullptr);
+}
+
 TEST(Encoding, OfAnyKindIsRead)
 {
 	using namespace std::string_literals;

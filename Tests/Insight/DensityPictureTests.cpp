@@ -65,7 +65,7 @@ TEST(DensityPicture, MarksTheBusiestPlaces)
 	Shout(Comments, "hm", 300, 2);
 	const std::string Svg = DrawDensityPicture(Comments, "a<b>&c.xml", "742 comments");
 	EXPECT_THAT(Svg, AllOf(HasSubstr(">1:40</text>\n<text class=\"said\""), HasSubstr(">Goal!</text>"),
-						   HasSubstr(">&lt;next> &amp; finish…</text>"), HasSubstr("&lt;b>&amp;c.xml</text>")))
+						   HasSubstr(">&lt;next&gt; &amp; finish…</text>"), HasSubstr("&lt;b&gt;&amp;c.xml</text>")))
 		<< Svg;
 	EXPECT_EQ(CountOf(Svg, "class=\"said\""), 2u);
 	EXPECT_THAT(Svg, AllOf(HasSubstr("comments per 5 seconds"), HasSubstr(">10:00</text>"), Not(HasSubstr("near"))));

@@ -52,7 +52,7 @@ bool HasWords(std::string_view InText)
 	return false;
 }
 
-/** Settles the kinds, and tells what is dropped. */
+/** Converts kinds, and decides what is dropped. */
 class FKindJudge
 {
 public:

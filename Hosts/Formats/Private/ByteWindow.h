@@ -9,11 +9,11 @@
 namespace Flitmark
 {
 
-/** The part of a source that is looked at: it grows at its end as more is asked for, and is consumed from its front. */
+/** A window on a source: it grows at its end on request, and is consumed from its front. */
 class FByteWindow
 {
 public:
-	/** No entry is longer; so a file without an end in sight does not fill the memory. */
+	/** No entry is longer, so that a damaged file does not fill the memory. */
 	static constexpr std::size_t MaxEntry = std::size_t{4} << 20;
 
 	explicit FByteWindow(IByteSource& InSource)
@@ -21,7 +21,7 @@ public:
 	{
 	}
 
-	/** What was read and not consumed yet; a NUL stands behind it. Valid until the next Fill. */
+	/** What was read and not consumed yet, followed by a NUL. Valid until the next Fill. */
 	std::string_view GetView() const { return {Buffer.data() + Begin, End - Begin}; }
 
 	/** Whether the view reaches to the source's end. */

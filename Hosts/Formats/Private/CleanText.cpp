@@ -17,7 +17,7 @@ bool IsPlainAscii(uint64 InEight)
 {
 	constexpr uint64 Ones = 0x0101010101010101U;
 	constexpr uint64 HighBits = Ones * 0x80;
-	// No byte has its high bit, none is below a blank, and none would come to 0x80 with one more.
+	// No byte has its high bit set, none is below a blank, and none is 0x7F.
 	return ((InEight | (InEight - Ones * 0x20) | (InEight + Ones)) & HighBits) == 0;
 }
 
@@ -29,7 +29,7 @@ bool IsKept(UChar32 InCharacter)
 	return !bControl && !bNone;
 }
 
-/** Whether a character of three bytes begins at a place whose first byte alone tells that it is to be kept. */
+/** Whether a three-byte character begins here that, by its first byte alone, is to be kept. */
 bool IsPlainTriple(std::string_view InText, std::size_t InOffset)
 {
 	if (InText.size() - InOffset < 3)

@@ -29,7 +29,7 @@ public:
 	{
 		/** The member's name, or that of the list it stands in; empty in an entry that is a list itself. */
 		std::string_view Key;
-		/** Its place in an entry that is a list itself. */
+		/** Its index in an entry that is a list itself. */
 		std::size_t Index = 0;
 		EJsonValue Type = EJsonValue::Null;
 		/** It stands in a list that is the member's value. */
@@ -37,7 +37,7 @@ public:
 		/** A string's text, a number as it is written, "true" or "false". */
 		std::string_view Text;
 
-		/** Whether there is anything that a text can be read from. */
+		/** Whether it can be read as a text. */
 		bool IsText() const { return Type == EJsonValue::String || Type == EJsonValue::Number; }
 	};
 
@@ -55,26 +55,26 @@ public:
 
 	virtual void OnField(const FField& InField) = 0;
 
-	/** To be asked when the entry is through: why it is no comment, or null where Comment is one. */
+	/** Called after the last field: why the entry is not a comment, or null if Comment is one. */
 	virtual const char* Finish() = 0;
 
-	/** Whether an object that has this member is an entry, and does not just hold some. */
+	/** Whether an object that has this member is an entry, rather than something that contains entries. */
 	virtual bool IsEntryKey(std::string_view InKey, char InValueStart) const = 0;
 
 	/** Whether entries are lists. */
 	virtual bool HasListEntries() const { return false; }
 
-	/** Whether what stands beside entries in a list and has none of their members is damaged, and not just something else. */
+	/** Whether other objects in a list of entries are damaged entries, rather than something else that belongs there. */
 	virtual bool StandsAlone() const { return true; }
 
-	/** The one list that holds the entries, and keeps each as it is written; empty where they may be anywhere. */
+	/** The one list that holds the entries, which then keep their text; empty if they may be anywhere. */
 	virtual std::string_view GetListName() const { return {}; }
 
 	/** What was read since Begin. */
 	FServiceComment Comment;
 
 protected:
-	/** Forgets what is kept beside the comment. */
+	/** Resets what a schema keeps besides the comment. */
 	virtual void Restart() {}
 
 	void SetTime(std::string_view InText, ETimeUnit InUnit);
@@ -86,7 +86,7 @@ protected:
 
 	static bool IsScalar(char InValueStart) { return InValueStart != '{' && InValueStart != '['; }
 
-	/** Cleans the text; why the entry is no comment where time or text are missing. */
+	/** Cleans the text; why the entry is not a comment if time or text are missing. */
 	const char* FinishText();
 
 	bool bHasTime = false;

@@ -11,10 +11,10 @@ namespace
 constexpr std::string_view Blanks = " \t\r\n";
 constexpr std::string_view SectionOpening = "<![CDATA[";
 
-/** Longer than any markup that is told from text by its first characters. */
+/** Longer than any markup that has to be recognized by its first characters. */
 constexpr std::size_t LookAhead = 64;
 
-/** Where a start tag's `>` stands in the text up to the next `<`; quotes that do not close are no quotes. */
+/** Where a start tag's `>` stands in the text up to the next `<`; quotes that do not close do not count. */
 std::size_t FindTagEnd(std::string_view InText)
 {
 	std::size_t Place = InText.find_first_of("\"'>");
@@ -57,7 +57,7 @@ bool FXmlEntries::Next(FEntry& OutEntry)
 	return false;
 }
 
-/** Leaves the view at the next `<`, with enough behind it to tell what it is. */
+/** Leaves the view at the next `<`, with enough after it to see what it is. */
 bool FXmlEntries::SkipToMarkup()
 {
 	while (true)
@@ -77,7 +77,7 @@ bool FXmlEntries::SkipToMarkup()
 	}
 }
 
-/** False where what looks like a comment has no end. */
+/** False if what looks like a comment has no end. */
 bool FXmlEntries::SkipComment()
 {
 	constexpr std::string_view Closing = "-->";
@@ -95,7 +95,7 @@ bool FXmlEntries::SkipComment()
 	return true;
 }
 
-/** The entry that the view begins with; false where more of the text has to be there first. */
+/** The entry that the view begins with; false if more of the text is needed first. */
 bool FXmlEntries::ReadEntry(FEntry& OutEntry)
 {
 	const std::string_view View = Window.GetView();

@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-/** Finds the elements of one name in XML, wherever they are, and whatever is wrong with what is around them. */
+/** Finds the elements of one name in XML, wherever they are, no matter how damaged the text around them is. */
 class FXmlEntries
 {
 public:
@@ -49,7 +49,7 @@ public:
 	bool IsRootOpen() const { return bRootOpen; }
 
 private:
-	/** What an end tag's search came to. */
+	/** The result of a search for an end tag. */
 	struct FPlace
 	{
 		std::size_t Place = 0;
@@ -75,7 +75,7 @@ private:
 	/** Size of the last entry, which is consumed when the next one is asked for. */
 	std::size_t EntrySize = 0;
 
-	/** No comment and no CDATA section ends before these offsets in the text: what was searched once is not again. */
+	/** No comment and no CDATA section ends before these offsets in the text, so nothing is searched twice. */
 	uint64 NoCommentEndUntil = 0;
 	uint64 NoSectionEndUntil = 0;
 };

@@ -7,8 +7,8 @@ namespace Flitmark
 {
 
 /**
- * Takes the attributes between a tag's name and its end one by one, as they stand there, entities and all. A missing
- * quote or no quotes at all do not hide the attributes behind.
+ * Takes the attributes between a tag's name and its end one by one, as written, entities and all. A missing
+ * quote or no quotes at all do not hide the attributes after it.
  */
 class FXmlAttributes
 {

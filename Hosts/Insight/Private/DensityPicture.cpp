@@ -91,6 +91,7 @@ std::string EscapeXml(std::string_view InText)
 	{
 		Escaped += Character == '&'	  ? std::string("&amp;")
 				   : Character == '<' ? std::string("&lt;")
+				   : Character == '>' ? std::string("&gt;")
 									  : std::string(1, Character);
 	}
 	return Escaped;
@@ -209,7 +210,7 @@ private:
 		}
 	}
 
-	/** What several of a bar's comments say; empty if there is no such thing. */
+	/** What several of a bar's comments say; empty if they have nothing in common. */
 	std::string FindSaid(std::size_t InBar) const
 	{
 		std::vector<const FServiceComment*> OfBar;

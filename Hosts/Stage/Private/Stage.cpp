@@ -134,7 +134,7 @@ bool FStage::Pause()
 
 bool FStage::Seek(const FTimespan& InTime)
 {
-	MediaTicks = Time.GetTicks();
+	MediaTicks = InTime.GetTicks();
 	return true;
 }
 
