@@ -1,4 +1,4 @@
-#include "PlayerWindowTest.h"
+#include "PlayerWindowTests.h"
 
 #include "Scene/Overlay.h"
 #include "Playback/Player.h"

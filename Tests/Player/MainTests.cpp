@@ -56,7 +56,8 @@ TEST(MainTest, WrongUseIsOneLineAndExitsWith2)
 {
 	const QStringList Cases[] = {{"--no-such-option"}, {"a.mkv", "b.json", "c"}, {"--start", "soon"},
 								 {"--start", "1:75"},  {"--speed", "9"},		 {"--speed", "0"},
-								 {"--volume", "-5"},   {"--volume", "loud"},	 {"--start"}};
+								 {"--volume", "-5"},   {"--volume", "loud"},	 {"--start"},
+								 {"--speed", "nan"},   {"--volume", "inf"}};
 	for (const QStringList& Case : Cases)
 	{
 		const FEnd End = RunPlayer(Case);

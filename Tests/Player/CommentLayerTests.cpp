@@ -349,4 +349,4 @@ int main(int ArgumentCount, char** Arguments)
 	return Flitmark::RunWindowTest<Flitmark::FCommentLayerTest>(ArgumentCount, Arguments);
 }
 
-#include "CommentLayerTest.moc"
+#include "CommentLayerTests.moc"

@@ -391,4 +391,4 @@ int main(int ArgumentCount, char** Arguments)
 	return Flitmark::RunWindowTest<Flitmark::ViewerWindowTest>(ArgumentCount, Arguments);
 }
 
-#include "ViewerWindowTest.moc"
+#include "ViewerWindowTests.moc"
