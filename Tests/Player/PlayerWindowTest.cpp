@@ -90,7 +90,7 @@ void PlayerWindowTest::cleanup()
 void PlayerWindowTest::ShowsCommentsOverTheVideo()
 {
 	Open("film.mp4");
-	QCOMPARE(Player->GetPlayer().GetCommentCount(), 3);
+	QCOMPARE(Player->GetPlayer().GetComments()->GetCount(), 3);
 	StopAt(3.3);
 	QTest::qWait(1000);
 	QVERIFY(CountPixels(Green) > 500);
@@ -214,9 +214,9 @@ void PlayerWindowTest::TakesWhatIsDropped()
 	Drop(Media.filePath("bare.mp4"));
 	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded(), Patience);
 	QVERIFY(!Find("StartPage")->isVisible());
-	QCOMPARE(Player->GetPlayer().GetCommentCount(), 0);
+	QCOMPARE(Player->GetPlayer().GetComments()->GetCount(), 0);
 	Drop(Media.filePath("list.xml"));
-	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetCommentCount(), 1, Patience);
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetComments()->GetCount(), 1, Patience);
 	PlayTo(31.0);
 	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"from a list"), Patience);
 }
@@ -227,12 +227,12 @@ void PlayerWindowTest::TellsWhatCannotBePlayedAndGoesOn()
 	PlayTo(2.0);
 	Drop(Media.filePath("broken.mp4"));
 	QTRY_VERIFY_WITH_TIMEOUT(TellsOf("broken.mp4"), Patience);
-	Player->GetPlayer().OpenComments(Media.filePath("missing.json"));
+	Player->GetPlayer().GetComments()->Open(Media.filePath("missing.json"));
 	QTRY_VERIFY_WITH_TIMEOUT(TellsOf("missing.json"), Patience);
 	QVERIFY(Find("Messages")->isVisible());
 	Player->GetPlayer().OpenVideo(Media.filePath("film.mp4"));
 	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded() && Player->GetPlayer().IsPlaying(), Patience);
-	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetCommentCount(), 3, Patience);
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetComments()->GetCount(), 3, Patience);
 }
 
 void PlayerWindowTest::GoesIntoFullScreenAndBack()

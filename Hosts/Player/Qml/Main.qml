@@ -288,7 +288,7 @@ ApplicationWindow {
 			qsTr("Comments (%1)").arg("*.json *.xml *.pb *.bin *.jsonl *.protobuf"),
 			qsTr("All files (%1)").arg("*")
 		]
-		onAccepted: Player.OpenComments(selectedFile.toString())
+		onAccepted: Player.comments.Open(selectedFile.toString())
 	}
 
 	Connections {

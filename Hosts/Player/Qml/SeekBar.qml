@@ -28,7 +28,7 @@ Item {
 
 	// Comments to come, and brighter those that have been.
 	Repeater {
-		model: Player.hasDensity ? 2 : 0
+		model: Player.comments.hasDensity ? 2 : 0
 
 		Item {
 			id: part
@@ -56,7 +56,7 @@ Item {
 					fillColor: part.index === 0 ? "#9aa3b2" : Theme.accent
 					scale: Qt.size(root.width, track.y)
 
-					PathPolyline { path: Player.density }
+					PathPolyline { path: Player.comments.density }
 				}
 			}
 		}

@@ -116,9 +116,8 @@ FocusScope {
 				visible: root.width > 760 && text.length > 0
 				Layout.rightMargin: 6
 				Layout.maximumWidth: 260
-				text: Player.loadingComments ? qsTr("Reading comments…")
-					: Player.commentsName.length > 0 ? Player.commentCount === 1 ? qsTr("1 comment")
-					: qsTr("%1 comments").arg(Player.commentCount.toLocaleString(Qt.locale(), "f", 0)) : ""
+				text: Player.comments.loading ? qsTr("Reading comments…")
+					: Player.comments.name.length > 0 ? Player.comments.countText : ""
 				elide: Text.ElideMiddle
 				color: Theme.textSoft
 				font.pixelSize: Theme.fontSmall

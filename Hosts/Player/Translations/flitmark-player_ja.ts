@@ -75,6 +75,25 @@
     </message>
 </context>
 <context>
+    <name>Flitmark::FCommentSession</name>
+    <message>
+        <source>comments are read from files only. Download them first.</source>
+        <translation>コメントはファイルからのみ読み込めます。先にダウンロードしてください。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1を読み込めません：%2</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>コメント1件</translation>
+    </message>
+    <message>
+        <source>%L1 comments</source>
+        <translation>コメント%L1件</translation>
+    </message>
+</context>
+<context>
     <name>Flitmark::FPlayer</name>
     <message>
         <source>Playing</source>
@@ -111,22 +130,6 @@
     <message>
         <source>%1 cannot be played: %2</source>
         <translation>%1を再生できません：%2</translation>
-    </message>
-    <message>
-        <source>comments are read from files only. Download them first.</source>
-        <translation>コメントはファイルからのみ読み込めます。先にダウンロードしてください。</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>%1を読み込めません：%2</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>コメント1件</translation>
-    </message>
-    <message>
-        <source>%L1 comments</source>
-        <translation>コメント%L1件</translation>
     </message>
     <message>
         <source>Open a video to see them.</source>
@@ -583,14 +586,6 @@
     <message>
         <source>Reading comments…</source>
         <translation>コメントを読み込み中…</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>コメント1件</translation>
-    </message>
-    <message>
-        <source>%1 comments</source>
-        <translation>コメント%1件</translation>
     </message>
     <message>
         <source>Speed</source>

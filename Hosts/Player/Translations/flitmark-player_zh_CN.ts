@@ -75,6 +75,25 @@
     </message>
 </context>
 <context>
+    <name>Flitmark::FCommentSession</name>
+    <message>
+        <source>comments are read from files only. Download them first.</source>
+        <translation>弹幕只能从文件读取，请先下载。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>1 条弹幕</translation>
+    </message>
+    <message>
+        <source>%L1 comments</source>
+        <translation>%L1 条弹幕</translation>
+    </message>
+</context>
+<context>
     <name>Flitmark::FPlayer</name>
     <message>
         <source>Playing</source>
@@ -111,22 +130,6 @@
     <message>
         <source>%1 cannot be played: %2</source>
         <translation>无法播放 %1：%2</translation>
-    </message>
-    <message>
-        <source>comments are read from files only. Download them first.</source>
-        <translation>弹幕只能从文件读取，请先下载。</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>无法读取 %1：%2</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>1 条弹幕</translation>
-    </message>
-    <message>
-        <source>%L1 comments</source>
-        <translation>%L1 条弹幕</translation>
     </message>
     <message>
         <source>Open a video to see them.</source>
@@ -583,14 +586,6 @@
     <message>
         <source>Reading comments…</source>
         <translation>正在读取弹幕…</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>1 条弹幕</translation>
-    </message>
-    <message>
-        <source>%1 comments</source>
-        <translation>%1 条弹幕</translation>
     </message>
     <message>
         <source>Speed</source>

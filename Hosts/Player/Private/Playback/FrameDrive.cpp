@@ -62,8 +62,7 @@ bool FFrameDrive::eventFilter(QObject*, QEvent* InEvent)
 
 bool FFrameDrive::IsMoving() const
 {
-	return (Player.IsPlaying() && !Player.IsWaiting() && Overlay.IsMoving()) || Bridge.GetPanel()->IsDisplayed() ||
-		   SinceWake.elapsed() < AwakeTime;
+	return Overlay.IsMoving() || Bridge.GetPanel()->IsDisplayed() || SinceWake.elapsed() < AwakeTime;
 }
 
 void FFrameDrive::RunFrame()

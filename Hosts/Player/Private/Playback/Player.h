@@ -1,19 +1,18 @@
 #pragma once
 
-#include "Playback/CommentLoader.h"
-#include "Playback/MessageList.h"
 #include "Mpv/MpvPlayer.h"
+#include "Playback/CommentSession.h"
+#include "Playback/MediaSession.h"
+#include "Playback/MessageList.h"
+#include "Playback/PlaybackState.h"
 #include "Playback/PlayerOptions.h"
-#include "Playback/RecentFiles.h"
+#include "Playback/SeekControl.h"
 
 #include <QObject>
-#include <QPolygonF>
-#include <QTimer>
-#include <QUrl>
+#include <QSizeF>
 #include <QVariantMap>
 
 #include <memory>
-#include <optional>
 #include <qqmlintegration.h>
 
 class QQmlEngine;
@@ -25,8 +24,8 @@ namespace Flitmark
 class FOverlay;
 
 /**
- * The player as its window sees it: one video, its comments, and what can be done with them. Times are in seconds,
- * volume in percent, speed is a factor.
+ * The player as its window sees it: hands what the viewer does to libmpv, the overlay and the parts of the player, and
+ * what comes of it back. Times are in seconds, volume in percent, speed is a factor.
  */
 class FPlayer final : public QObject, private IMpvObserver
 {
@@ -34,11 +33,8 @@ class FPlayer final : public QObject, private IMpvObserver
 	QML_NAMED_ELEMENT(Player)
 	QML_SINGLETON
 
-	/** Something is open, if only just. */
+	// See FPlaybackState.
 	Q_PROPERTY(bool open READ IsOpen NOTIFY StateChanged)
-	/** What is open plays or could. */
-	Q_PROPERTY(bool loaded READ IsLoaded NOTIFY StateChanged)
-	/** Neither told to pause nor at the end; also while it waits for data. */
 	Q_PROPERTY(bool playing READ IsPlaying NOTIFY StateChanged)
 	Q_PROPERTY(bool waiting READ IsWaiting NOTIFY StateChanged)
 	Q_PROPERTY(bool ended READ HasEnded NOTIFY StateChanged)
@@ -58,14 +54,7 @@ class FPlayer final : public QObject, private IMpvObserver
 	/** Where files are looked for first. */
 	Q_PROPERTY(QUrl folder READ GetFolder NOTIFY StateChanged)
 
-	Q_PROPERTY(bool loadingComments READ IsLoadingComments NOTIFY CommentsChanged)
-	/** The comments' file; empty for none. */
-	Q_PROPERTY(QString commentsName READ GetCommentsName NOTIFY CommentsChanged)
-	Q_PROPERTY(int commentCount READ GetCommentCount NOTIFY CommentsChanged)
-	/** How many comments come when: an outline in a square of side 1, which stands on y = 1. */
-	Q_PROPERTY(QPolygonF density READ GetDensity NOTIFY DensityChanged)
-	Q_PROPERTY(bool hasDensity READ HasDensity NOTIFY DensityChanged)
-
+	Q_PROPERTY(Flitmark::FCommentSession* comments READ GetComments CONSTANT)
 	Q_PROPERTY(Flitmark::FMessageList* messages READ GetMessages CONSTANT)
 	Q_PROPERTY(Flitmark::FRecentFiles* recents READ GetRecents CONSTANT)
 	/** What was done last, and how often something was said. */
@@ -81,9 +70,11 @@ public:
 	/** What QML calls for the singleton: the living player, which stays its maker's. */
 	static FPlayer* create(QQmlEngine*, QJSEngine*);
 
-	/** A path or an address. InComments: empty for those last used with it, or that lie beside it. */
-	Q_INVOKABLE void OpenVideo(const QString& InVideo, const QString& InComments = {});
-	Q_INVOKABLE void OpenComments(const QString& InPath);
+	/**
+	 * A path or an address. InComments: empty for those last used with it, or that lie beside it. InStart: 0 for where it
+	 * was left.
+	 */
+	Q_INVOKABLE void OpenVideo(const QString& InVideo, const QString& InComments = {}, double InStart = 0.0);
 	/** What was dropped or chosen: each is told by its content; the first video and the first comments count. */
 	Q_INVOKABLE void OpenUrls(const QList<QUrl>& InUrls);
 	Q_INVOKABLE void Close();
@@ -108,9 +99,6 @@ public:
 	void SetVolume(double InPercent);
 	void SetMuted(bool bInMuted);
 
-	/** Where the video that was just opened begins. */
-	void StartAt(double InPosition) { FirstPosition = InPosition; }
-
 	/** A sentence about what went wrong. */
 	void Complain(const QString& InText);
 
@@ -119,37 +107,31 @@ public:
 
 	FMpvPlayer& GetMpv() const { return *Mpv; }
 
-	bool IsOpen() const { return !Video.isEmpty(); }
-	bool IsLoaded() const { return Shown.bLoaded; }
-	bool IsPlaying() const { return IsOpen() && bPlaying && !Shown.bEnded; }
-	bool IsWaiting() const { return IsOpen() && (!Shown.bLoaded || Shown.bBuffering || Shown.bSeeking); }
-	bool HasEnded() const { return Shown.bLoaded && Shown.bEnded; }
-	bool IsSeekable() const { return Shown.bLoaded && Shown.bSeekable; }
+	bool IsOpen() const { return State.IsOpen(); }
+	bool IsLoaded() const { return State.IsLoaded(); }
+	bool IsPlaying() const { return State.IsPlaying(); }
+	bool IsWaiting() const { return State.IsWaiting(); }
+	bool HasEnded() const { return State.HasEnded(); }
+	bool IsSeekable() const { return IsLoaded() && Known.bSeekable; }
 	/** While a seek is under way, where it leads. */
 	double GetPosition() const;
-	double GetBufferedTo() const { return Shown.BufferedTo; }
-	double GetDuration() const { return Shown.Duration; }
+	double GetBufferedTo() const { return Known.BufferedTo; }
+	double GetDuration() const { return Known.Duration; }
 	double GetSpeed() const { return Speed; }
 	double GetVolume() const { return Volume; }
 	bool IsMuted() const { return bMuted; }
 	QString GetTitle() const;
-	QSizeF GetVideoSize() const { return QSizeF(Shown.Width, Shown.Height); }
-	QUrl GetFolder() const;
-	bool IsLoadingComments() const { return Loader.IsBusy(); }
-	QString GetCommentsName() const;
-	int GetCommentCount() const { return static_cast<int>(SpawnTicks.size()); }
-	const QPolygonF& GetDensity() const { return Density; }
-	bool HasDensity() const { return !Density.isEmpty(); }
+	QSizeF GetVideoSize() const { return QSizeF(Known.Width, Known.Height); }
+	QUrl GetFolder() const { return Media.GetFolder(); }
+	FCommentSession* GetComments() { return &Comments; }
 	FMessageList* GetMessages() { return &Messages; }
-	FRecentFiles* GetRecents() { return &Recents; }
+	FRecentFiles* GetRecents() { return &Media.GetRecents(); }
 	const QString& GetAnnouncement() const { return Announcement; }
 	int GetAnnouncements() const { return NumAnnouncements; }
 
 Q_SIGNALS:
 	void StateChanged();
 	void PositionChanged();
-	void CommentsChanged();
-	void DensityChanged();
 	void AnnouncementsChanged();
 	/** Something is to be shown anew. */
 	void FrameNeeded();
@@ -164,57 +146,32 @@ private:
 	void OnSeeked() override;
 	void OnArrived() override;
 
-	void TellOverlay();
+	/** The state is different: the overlay follows, the window is told. */
+	void Apply();
 	void Seek(double InPosition, bool bInExact);
-	void EndSeek();
-	void BeginAt(double InPosition);
-	void Remember();
-	void ChooseComments(const QString& InComments);
-	void TakeComments(const FLoadOutcome& InOutcome);
-	void ShowComments(FLoadedComments& InOutComments);
-	void ForgetComments();
-	void UpdateDensity();
-	void KeepPosition();
+	void LeavePosition();
+	void AnnounceComments(const QStringList& InNotes);
 
 	FOverlay& Overlay;
 	QSettings& Settings;
 	std::unique_ptr<FMpvPlayer> Mpv;
 
-	/** The path or address that is open; empty for none. */
-	QString Video;
-	/** What mpv told last. */
-	FMpvState Shown;
-	bool bPlaying = true;
+	FPlaybackState State;
+	FMediaSession Media;
+	FSeekControl Seeks;
+	FCommentSession Comments;
+
+	/** libmpv's state, as of its last news. */
+	FMpvState Known;
 	double Speed = 1.0;
 	double Volume = 100.0;
 	bool bMuted = false;
-	/** For what is opened next: where to begin, in seconds. */
-	double FirstPosition = 0.0;
-
-	struct FSeek
-	{
-		double Position = 0.0;
-		bool bExact = true;
-	};
-
-	/** The seek that is not over yet, and the one that follows it. */
-	std::optional<FSeek> Seeking;
-	std::optional<FSeek> NextSeek;
-	/** For a seek of which nothing is heard again. */
-	QTimer SeekTimer;
-	/** That some comments stay undrawn was said. */
-	bool bToldUndrawn = false;
-	/** The media time that the overlay knows. */
-	double ToldTime = 0.0;
-
-	FCommentLoader Loader;
-	QString CommentsPath;
-	/** Of all comments that are ever due, for the curve. */
-	std::vector<int64> SpawnTicks;
-	QPolygonF Density;
+	/** The media time that the overlay was given last. */
+	double OverlayTime = 0.0;
+	/** The viewer knows that some comments are not drawn. */
+	bool bSaidUndrawn = false;
 
 	FMessageList Messages;
-	FRecentFiles Recents;
 	QString Announcement;
 	int NumAnnouncements = 0;
 };

@@ -113,15 +113,11 @@ bool FPlayerWindow::MakeWindow(const FPlayerOptions& InOptions, std::string& Out
 	Show(InOptions.bFullScreen);
 	if (!InOptions.Video.isEmpty())
 	{
-		Player->OpenVideo(InOptions.Video, InOptions.Comments);
-		if (InOptions.Start > 0.0)
-		{
-			Player->StartAt(InOptions.Start);
-		}
+		Player->OpenVideo(InOptions.Video, InOptions.Comments, InOptions.Start);
 	}
 	else if (!InOptions.Comments.isEmpty())
 	{
-		Player->OpenComments(InOptions.Comments);
+		Player->GetComments()->Open(InOptions.Comments);
 	}
 	return true;
 }
