@@ -20,13 +20,13 @@ constexpr QRgb Ground = qRgb(0x20, 0x30, 0x50);
 constexpr QRgb Green = qRgb(0x00, 0xFF, 0x00);
 constexpr QRgb Red = qRgb(0xFF, 0x00, 0x00);
 
-/** A minute of one colour. */
+/** A minute of one color, with a gray strip at the top. */
 void MakeVideo(const QString& InPath)
 {
 	QProcess FFmpeg;
-	FFmpeg.start("ffmpeg",
-				 {"-nostdin", "-loglevel", "error", "-y", "-f", "lavfi", "-i", "color=0x203050:s=640x360:r=25:d=60",
-				  "-c:v", "libx264", "-preset", "ultrafast", "-g", "25", "-pix_fmt", "yuv420p", InPath});
+	FFmpeg.start("ffmpeg", {"-nostdin", "-loglevel", "error", "-y", "-f", "lavfi", "-i",
+							"color=0x203050:s=640x360:r=25:d=60,drawbox=h=30:color=0xC0C0C0:t=fill", "-c:v", "libx264",
+							"-preset", "ultrafast", "-g", "25", "-pix_fmt", "yuv420p", InPath});
 	QVERIFY(FFmpeg.waitForFinished(60'000));
 	QCOMPARE(FFmpeg.exitCode(), 0);
 }
@@ -98,9 +98,10 @@ void PlayerWindowTest::ShowsCommentsOverTheVideo()
 	QVERIFY(CountPixels(Ground) > 100'000);
 	QVERIFY(IsOnCanvas(u"GREEN") && IsOnCanvas(u"GREENER"));
 
-	// The picture is dark green nowhere but where a comment is.
+	// The picture is upright, and nothing but itself where no comment is.
 	const QRect Picture = RectOf("Comments");
 	const QImage Image = Grab();
+	QVERIFY(qGray(Image.pixel(Picture.left() + 20, Picture.top() + 10)) > 160);
 	QCOMPARE(Image.pixel(Picture.left() + 20, Picture.top() + Picture.height() / 2), Image.pixel(Picture.center()));
 }
 

@@ -103,7 +103,6 @@ private:
 FVideoItem::FVideoItem(QQuickItem* InParent)
 	: QQuickFramebufferObject(InParent)
 {
-	setMirrorVertically(true);
 }
 
 void FVideoItem::SetHandle(std::shared_ptr<mpv_handle> InHandle)
