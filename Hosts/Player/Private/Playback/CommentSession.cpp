@@ -31,10 +31,10 @@ void FCommentSession::Open(const QString& InPath)
 {
 	const QString Chosen = ToPathOrAddress(InPath);
 	const QString Fault =
-		IsAddress(Chosen) ? tr("comments are read from files only. Download them first.") : FindFileFault(Chosen);
+		IsAddress(Chosen) ? tr("comments have to be in a file. Download them first.") : FindFileFault(Chosen);
 	if (!Fault.isEmpty())
 	{
-		Q_EMIT Failed(tr("%1 cannot be read: %2").arg(NameOf(Chosen), Fault));
+		Q_EMIT Failed(tr("Can't read %1: %2").arg(NameOf(Chosen), Fault));
 		return;
 	}
 	Loader.Load(Chosen);
@@ -82,7 +82,7 @@ void FCommentSession::Finish(const FLoadOutcome& InOutcome)
 {
 	if (!InOutcome.Reason.isEmpty())
 	{
-		Q_EMIT Failed(tr("%1 cannot be read: %2").arg(NameOf(InOutcome.FailedPath), InOutcome.Reason));
+		Q_EMIT Failed(tr("Can't read %1: %2").arg(NameOf(InOutcome.FailedPath), InOutcome.Reason));
 	}
 	if (InOutcome.Comments)
 	{

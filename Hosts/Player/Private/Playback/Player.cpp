@@ -82,7 +82,7 @@ void FPlayer::OpenVideo(const QString& InVideo, const QString& InComments, doubl
 	const QString Wanted = ToPathOrAddress(InVideo);
 	if (const QString Fault = FindFileFault(Wanted); !Fault.isEmpty())
 	{
-		Complain(tr("%1 cannot be played: %2").arg(NameOf(Wanted), Fault));
+		Complain(tr("Can't play %1: %2").arg(NameOf(Wanted), Fault));
 		if (!IsOpen() && !InComments.isEmpty())
 		{
 			Comments.Open(InComments);
@@ -90,7 +90,7 @@ void FPlayer::OpenVideo(const QString& InVideo, const QString& InComments, doubl
 		return;
 	}
 	LeavePosition();
-	// Comments that were opened before any video are meant for the first one.
+	// Comments opened before any video belong to the first one.
 	const bool bKeepComments = !IsOpen() && InComments.isEmpty() && !Comments.IsEmpty();
 	Media.Open(Wanted, InStart);
 	State.Open();
@@ -238,11 +238,11 @@ void FPlayer::Seek(double InPosition, bool bInExact)
 void FPlayer::SetSpeed(double InSpeed)
 {
 	const double Wanted = std::clamp(InSpeed, std::begin(Speeds)[0], std::end(Speeds)[-1]);
-	const bool bTell = Wanted != Speed;
+	const bool bChanged = Wanted != Speed;
 	Speed = Wanted;
 	Mpv->SetSpeed(Speed);
 	Overlay.SetRate(Speed);
-	if (bTell)
+	if (bChanged)
 	{
 		Q_EMIT StateChanged();
 		Announce(tr("Speed %1").arg(Flitmark::FormatSpeed(Speed)));
@@ -274,18 +274,18 @@ void FPlayer::ChangeVolume(double InPercent)
 		SetMuted(false);
 	}
 	SetVolume(Volume + InPercent);
-	Announce(tr("Volume %1 %").arg(std::lround(Volume)));
+	Announce(tr("Volume %1%").arg(std::lround(Volume)));
 }
 
 void FPlayer::SetMuted(bool bInMuted)
 {
-	const bool bTell = std::exchange(bMuted, bInMuted) != bInMuted;
+	const bool bChanged = std::exchange(bMuted, bInMuted) != bInMuted;
 	Mpv->SetMuted(bMuted);
 	Settings.setValue("muted", bMuted);
-	if (bTell)
+	if (bChanged)
 	{
 		Q_EMIT StateChanged();
-		Announce(bMuted ? tr("Sound off") : tr("Sound on"));
+		Announce(bMuted ? tr("Muted") : tr("Unmuted"));
 	}
 }
 
@@ -338,11 +338,11 @@ void FPlayer::UpdateOverlay()
 	OverlayTime = GetPosition();
 	Overlay.SetMediaTime(OverlayTime);
 	const bool bUndrawn = Overlay.GetMeter().GetSprites().bUndrawn;
-	if (bUndrawn && !bSaidUndrawn)
+	if (bUndrawn && !bWarnedUndrawn)
 	{
-		Announce(tr("Some comments are not drawn in full: they are too large or too many."));
+		Announce(tr("Some comments can't be drawn in full: they are too large, or there are too many."));
 	}
-	bSaidUndrawn = bUndrawn;
+	bWarnedUndrawn = bUndrawn;
 }
 
 void FPlayer::OnStateChanged()
@@ -383,7 +383,7 @@ void FPlayer::OnLoaded()
 void FPlayer::OnFailed(const std::string& InReason)
 {
 	const QString& Video = Media.GetVideo();
-	Complain(tr("%1 cannot be played: %2")
+	Complain(tr("Can't play %1: %2")
 				 .arg(NameOf(Video), DescribePlaybackFault(QString::fromStdString(InReason), IsAddress(Video))));
 	Close();
 }
@@ -398,7 +398,7 @@ void FPlayer::OnArrived()
 {
 	const double Expected = OverlayTime;
 	Seeks.Finish();
-	// A rough seek ends elsewhere: what was due where it led to is not due now.
+	// An inexact seek lands elsewhere: the comments due at its target are not due there.
 	if (!Seeks.GetTarget() && std::floor(Mpv->GetState().Position) != std::floor(Expected))
 	{
 		Overlay.Jump();

@@ -24,8 +24,8 @@ namespace Flitmark
 class FOverlay;
 
 /**
- * The player as its window sees it: hands what the viewer does to libmpv, the overlay and the parts of the player, and
- * what comes of it back. Times are in seconds, volume in percent, speed is a factor.
+ * The player as the window sees it: passes what the viewer does to libmpv, the overlay and the player's parts, and
+ * exposes the results. Times are in seconds, volume in percent, speed is a factor.
  */
 class FPlayer final : public QObject, private IMpvObserver
 {
@@ -40,42 +40,42 @@ class FPlayer final : public QObject, private IMpvObserver
 	Q_PROPERTY(bool ended READ HasEnded NOTIFY StateChanged)
 	Q_PROPERTY(bool seekable READ IsSeekable NOTIFY StateChanged)
 	Q_PROPERTY(double position READ GetPosition NOTIFY PositionChanged)
-	/** Up to where it was received. */
+	/** How far it has been read or received. */
 	Q_PROPERTY(double bufferedTo READ GetBufferedTo NOTIFY PositionChanged)
-	/** 0 where it is not known. */
+	/** 0 if unknown. */
 	Q_PROPERTY(double duration READ GetDuration NOTIFY StateChanged)
 	Q_PROPERTY(double speed READ GetSpeed WRITE SetSpeed NOTIFY StateChanged)
 	Q_PROPERTY(double volume READ GetVolume WRITE SetVolume NOTIFY StateChanged)
 	Q_PROPERTY(bool muted READ IsMuted WRITE SetMuted NOTIFY StateChanged)
 	Q_PROPERTY(QString title READ GetTitle NOTIFY StateChanged)
-	/** Of the picture as it is to be shown; empty where there is none. */
+	/** As displayed; empty without a picture. */
 	Q_PROPERTY(QSizeF videoSize READ GetVideoSize NOTIFY StateChanged)
 
-	/** Where files are looked for first. */
+	/** Where file dialogs open. */
 	Q_PROPERTY(QUrl folder READ GetFolder NOTIFY StateChanged)
 
 	Q_PROPERTY(Flitmark::FCommentSession* comments READ GetComments CONSTANT)
 	Q_PROPERTY(Flitmark::FMessageList* messages READ GetMessages CONSTANT)
 	Q_PROPERTY(Flitmark::FRecentFiles* recents READ GetRecents CONSTANT)
-	/** What was done last, and how often something was said. */
+	/** The last message on the screen, and how many there have been. */
 	Q_PROPERTY(QString announcement READ GetAnnouncement NOTIFY AnnouncementsChanged)
 	Q_PROPERTY(int announcements READ GetAnnouncements NOTIFY AnnouncementsChanged)
 
 public:
-	/** Null with OutError set where libmpv cannot start. InOverlay and InOutSettings outlive the player. */
+	/** Null with OutError set if libmpv can't start. InOverlay and InOutSettings outlive the player. */
 	static std::unique_ptr<FPlayer> Create(const FPlayerOptions& InOptions, FOverlay& InOverlay,
 										   QSettings& InOutSettings, std::string& OutError);
 	~FPlayer() override;
 
-	/** What QML calls for the singleton: the living player, which stays its maker's. */
+	/** QML calls this for the singleton; C++ keeps ownership. */
 	static FPlayer* create(QQmlEngine*, QJSEngine*);
 
 	/**
-	 * A path or an address. InComments: empty for those last used with it, or that lie beside it. InStart: 0 for where it
-	 * was left.
+	 * A path or an address. InComments: empty for those last used with it or found next to it. InStart: 0 to resume where
+	 * it was left.
 	 */
 	Q_INVOKABLE void OpenVideo(const QString& InVideo, const QString& InComments = {}, double InStart = 0.0);
-	/** What was dropped or chosen: each is told by its content; the first video and the first comments count. */
+	/** Files dropped or chosen. What each is depends on its content; the first video and the first comment file count. */
 	Q_INVOKABLE void OpenUrls(const QList<QUrl>& InUrls);
 	Q_INVOKABLE void Close();
 
@@ -83,14 +83,14 @@ public:
 	Q_INVOKABLE void SetPlaying(bool bInPlaying);
 	Q_INVOKABLE void SeekTo(double InPosition);
 	Q_INVOKABLE void SeekBy(double InSeconds);
-	/** While the seek bar is dragged: quick and rough, as often as can be followed. */
+	/** While the seek bar is dragged: fast rather than exact, as often as the decoder can follow. */
 	Q_INVOKABLE void Scrub(double InPosition);
 	Q_INVOKABLE void StepFrame(bool bInForward);
-	/** To the next of the usual speeds. */
+	/** To the next preset. */
 	Q_INVOKABLE void ChangeSpeed(bool bInFaster);
 	Q_INVOKABLE void ChangeVolume(double InPercent);
 	Q_INVOKABLE void Announce(const QString& InText);
-	/** What drawing costs, see FFrameFigures and FSpriteFigures. */
+	/** Rendering statistics, see FFrameFigures and FSpriteFigures. */
 	Q_INVOKABLE QVariantMap CollectFigures() const;
 	Q_INVOKABLE static QString FormatTime(double InSeconds);
 	Q_INVOKABLE static QString FormatSpeed(double InSpeed);
@@ -99,10 +99,10 @@ public:
 	void SetVolume(double InPercent);
 	void SetMuted(bool bInMuted);
 
-	/** A sentence about what went wrong. */
+	/** Shows an error, a whole sentence, until the viewer dismisses it. */
 	void Complain(const QString& InText);
 
-	/** Before each frame: tells the overlay the media time, and the viewer when comments stay undrawn. */
+	/** Before each frame: sets the overlay's media time, and warns the viewer when comments are left out. */
 	void UpdateOverlay();
 
 	FMpvPlayer& GetMpv() const { return *Mpv; }
@@ -113,7 +113,7 @@ public:
 	bool IsWaiting() const { return State.IsWaiting(); }
 	bool HasEnded() const { return State.HasEnded(); }
 	bool IsSeekable() const { return IsLoaded() && Known.bSeekable; }
-	/** While a seek is under way, where it leads. */
+	/** During a seek, its target. */
 	double GetPosition() const;
 	double GetBufferedTo() const { return Known.BufferedTo; }
 	double GetDuration() const { return Known.Duration; }
@@ -133,7 +133,7 @@ Q_SIGNALS:
 	void StateChanged();
 	void PositionChanged();
 	void AnnouncementsChanged();
-	/** Something is to be shown anew. */
+	/** Something has to be redrawn. */
 	void FrameNeeded();
 
 private:
@@ -146,7 +146,7 @@ private:
 	void OnSeeked() override;
 	void OnArrived() override;
 
-	/** The state is different: the overlay follows, the window is told. */
+	/** Passes a change of state on to the overlay and the window. */
 	void Apply();
 	void Seek(double InPosition, bool bInExact);
 	void LeavePosition();
@@ -161,15 +161,15 @@ private:
 	FSeekControl Seeks;
 	FCommentSession Comments;
 
-	/** libmpv's state, as of its last news. */
+	/** libmpv's last reported state. */
 	FMpvState Known;
 	double Speed = 1.0;
 	double Volume = 100.0;
 	bool bMuted = false;
 	/** The media time that the overlay was given last. */
 	double OverlayTime = 0.0;
-	/** The viewer knows that some comments are not drawn. */
-	bool bSaidUndrawn = false;
+	/** The viewer has been warned. */
+	bool bWarnedUndrawn = false;
 
 	FMessageList Messages;
 	QString Announcement;

@@ -11,7 +11,13 @@ namespace Flitmark
 namespace
 {
 
-/** What a day's time or a long stream's position never reaches. */
+/** The context of these messages in the translations. */
+struct FPlaybackText
+{
+	Q_DECLARE_TR_FUNCTIONS(Flitmark::PlayerText)
+};
+
+/** No position of a video or a long stream gets there. */
 constexpr double MaxSeconds = 1e9;
 
 /** Digits, in the last part also with a fraction. */
@@ -72,18 +78,16 @@ QString FormatSpeed(double InSpeed)
 
 QString DescribePlaybackFault(const QString& InReason, bool bInAddress)
 {
-	constexpr const char* Context = "Flitmark::PlayerText";
 	if (InReason.contains("recognize"))
 	{
-		return QCoreApplication::translate(Context, "it is no video or sound that is known here, or it is damaged.");
+		return FPlaybackText::tr("the format is unknown, or the file is damaged.");
 	}
 	if (InReason.startsWith("no audio or video data played"))
 	{
-		return QCoreApplication::translate(Context, "there is no picture or sound in it that can be decoded.");
+		return FPlaybackText::tr("it has no video or audio that can be decoded.");
 	}
-	const QString Told = InReason + '.';
-	return bInAddress ? Told + ' ' + QCoreApplication::translate(Context, "Check the address and the connection.")
-					  : Told;
+	const QString Sentence = InReason + '.';
+	return bInAddress ? Sentence + ' ' + FPlaybackText::tr("Check the address and the connection.") : Sentence;
 }
 
 } // namespace Flitmark

@@ -57,7 +57,7 @@ bool UseLanguage(QCoreApplication& Application, const QString& InLanguage)
 		RegisterEnglish();
 		return true;
 	}
-	// Texts of Qt's own, such as those of its file dialog; not every system has them.
+	// Qt's own texts, such as its file dialog's; not every system has them.
 	Install(Application, QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qt_") + InLanguage);
 	return Install(Application, QStringLiteral(":/Flitmark/Translations/flitmark-player_") + InLanguage);
 }
