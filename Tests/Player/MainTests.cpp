@@ -74,7 +74,7 @@ TEST(MainTest, WithoutAWindowSystemItSaysSoAndExitsWith1)
 {
 	const FEnd End = RunPlayer({});
 	EXPECT_EQ(End.ExitCode, 1);
-	EXPECT_TRUE(End.Errors.contains("flitmark-player: no window can be opened")) << End.Errors.toStdString();
+	EXPECT_TRUE(End.Errors.contains("flitmark-player: can't open a window")) << End.Errors.toStdString();
 }
 
 } // namespace

@@ -139,7 +139,7 @@ void PlayerWindowTest::ShowsTheVideoTheRightWayUp()
 void PlayerWindowTest::ShowsCommentsOverTheVideo()
 {
 	Open("film.mp4");
-	QCOMPARE(Player->GetPlayer().GetCommentCount(), 3);
+	QCOMPARE(Player->GetPlayer().GetComments()->GetCount(), 3);
 	StopAt(3.3);
 	QTest::qWait(1000);
 	QVERIFY(CountPixels(Green) > 500);
@@ -147,7 +147,7 @@ void PlayerWindowTest::ShowsCommentsOverTheVideo()
 	QVERIFY(CountPixels(Ground) > 100'000);
 	QVERIFY(IsOnCanvas(u"GREEN") && IsOnCanvas(u"GREENER"));
 
-	// The picture is dark green nowhere but where a comment is.
+	// The picture is upright, and nothing but itself where no comment is.
 	const QRect Picture = RectOf("Comments");
 	const QImage Image = Grab();
 	QCOMPARE(Image.pixel(Picture.left() + 20, Picture.top() + Picture.height() / 2), Image.pixel(Picture.center()));
@@ -263,9 +263,9 @@ void PlayerWindowTest::TakesWhatIsDropped()
 	Drop(Media.filePath("bare.mp4"));
 	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded(), Patience);
 	QVERIFY(!Find("StartPage")->isVisible());
-	QCOMPARE(Player->GetPlayer().GetCommentCount(), 0);
+	QCOMPARE(Player->GetPlayer().GetComments()->GetCount(), 0);
 	Drop(Media.filePath("list.xml"));
-	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetCommentCount(), 1, Patience);
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetComments()->GetCount(), 1, Patience);
 	PlayTo(31.0);
 	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"from a list"), Patience);
 }
@@ -276,12 +276,12 @@ void PlayerWindowTest::TellsWhatCannotBePlayedAndGoesOn()
 	PlayTo(2.0);
 	Drop(Media.filePath("broken.mp4"));
 	QTRY_VERIFY_WITH_TIMEOUT(TellsOf("broken.mp4"), Patience);
-	Player->GetPlayer().OpenComments(Media.filePath("missing.json"));
+	Player->GetPlayer().GetComments()->Open(Media.filePath("missing.json"));
 	QTRY_VERIFY_WITH_TIMEOUT(TellsOf("missing.json"), Patience);
 	QVERIFY(Find("Messages")->isVisible());
 	Player->GetPlayer().OpenVideo(Media.filePath("film.mp4"));
 	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded() && Player->GetPlayer().IsPlaying(), Patience);
-	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetCommentCount(), 3, Patience);
+	QTRY_COMPARE_WITH_TIMEOUT(Player->GetPlayer().GetComments()->GetCount(), 3, Patience);
 }
 
 void PlayerWindowTest::GoesIntoFullScreenAndBack()

@@ -25,11 +25,11 @@ namespace Flitmark
 namespace
 {
 
-constexpr const char* Description = "flitmark-player: plays a video, with comments flying over it";
+constexpr const char* Description = "flitmark-player: play a video with comments flying over it";
 
 constexpr const char* Footer =
-	R"(Without COMMENTS, a file of comments that lies beside the video and has its name is shown: film.xml for film.mkv.
-F1 in the window shows the keys. Exit status: 0 for success, 1 for a failure, 2 for wrong use.
+	R"(Without COMMENTS, the player looks for a comment file with the video's name next to it: film.xml for film.mkv.
+Press F1 in the window for the keyboard shortcuts. Exit status: 0 on success, 1 on failure, 2 on a usage error.
 
 Examples:
   flitmark-player film.mp4 comments.json
@@ -57,20 +57,20 @@ void AddOptions(CLI::App& InApp, FArguments& InOutArguments, FPlayerOptions& InO
 {
 	InApp.set_version_flag("--version", FLITMARK_VERSION, "Print the version and exit");
 	InApp.set_help_flag("-h,--help", "Print this text and exit");
-	InApp.add_option("VIDEO", InOutArguments.Video, "Video file or address; without it the window starts empty");
-	InApp.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format");
+	InApp.add_option("VIDEO", InOutArguments.Video, "Video file or URL; without it the window starts empty");
+	InApp.add_option("COMMENTS", InOutArguments.Comments, "Comment file, in any supported format");
 	InApp.add_flag("--fullscreen", InOutOptions.bFullScreen, "Start in full screen");
 	InApp.add_option("--start", InOutArguments.Start, "Where to begin, such as 90, 1:30 or 0:01:30.5")
 		->check(MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5"));
 	InApp.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(MakeNumberCheck(0.25, 4.0));
 	InApp.add_option("--volume", InOutArguments.Volume, "Percent, 0 to 100 (default: as last time)")
 		->check(MakeNumberCheck(0.0, 100.0));
-	InApp.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the processor alone");
+	InApp.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the CPU only");
 	InApp.get_formatter()->column_width(24);
 	InApp.footer(Footer);
 }
 
-/** Empty with OutExitCode set where there is nothing to be shown. */
+/** Empty with OutExitCode set if there is nothing to show. */
 std::optional<FPlayerOptions> ReadOptions(int InArgumentCount, char** InArguments, int& OutExitCode)
 {
 	FPlayerOptions Options;
@@ -103,12 +103,12 @@ std::optional<FPlayerOptions> ReadOptions(int InArgumentCount, char** InArgument
 	return Options;
 }
 
-/** Qt ends the program without a window system; what it says first is for developers. */
-void TellFatal(QtMsgType InType, const QMessageLogContext&, const QString& InMessage)
+/** Without a window system Qt ends the program, with a message for developers. */
+void ReportFatal(QtMsgType InType, const QMessageLogContext&, const QString& InMessage)
 {
 	if (InType == QtFatalMsg)
 	{
-		PrintError("no window can be opened; is there a screen, and is DISPLAY or WAYLAND_DISPLAY set? (" +
+		PrintError("can't open a window; is there a screen, and is DISPLAY or WAYLAND_DISPLAY set? (" +
 				   InMessage.simplified().toStdString() + ")");
 		std::_Exit(ExitFailure);
 	}
@@ -132,10 +132,10 @@ int Run(int InArgumentCount, char** InArguments)
 	{
 		return ExitCode;
 	}
-	const QtMessageHandler Usual = qInstallMessageHandler(TellFatal);
+	const QtMessageHandler Usual = qInstallMessageHandler(ReportFatal);
 	QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
 	QQuickStyle::setStyle("Basic");
-	// What is left of the arguments is not Qt's.
+	// Qt gets none of the arguments.
 	int NumQtArguments = 1;
 	QGuiApplication Application(NumQtArguments, InArguments);
 	qInstallMessageHandler(Usual);
@@ -146,7 +146,7 @@ int Run(int InArgumentCount, char** InArguments)
 	const FQuitSignals Signals;
 	if (!HasOpenGl())
 	{
-		return PrintError("OpenGL is missing, with which the video is drawn; install a driver for it, such as Mesa's");
+		return PrintError("OpenGL is missing; install a driver for it, such as Mesa's");
 	}
 	std::string Error;
 	const std::unique_ptr<FPlayerWindow> Window = FPlayerWindow::Create(*Options, Error);

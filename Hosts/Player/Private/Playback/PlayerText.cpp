@@ -5,6 +5,17 @@
 namespace Flitmark
 {
 
+namespace
+{
+
+/** The context of these messages in the translations. */
+struct FPlaybackText
+{
+	Q_DECLARE_TR_FUNCTIONS(Flitmark::PlayerText)
+};
+
+} // namespace
+
 QString FormatSpeed(double InSpeed)
 {
 	return QString::number(InSpeed, 'g', 3) + QChar(0xD7);
@@ -12,18 +23,16 @@ QString FormatSpeed(double InSpeed)
 
 QString DescribePlaybackFault(const QString& InReason, bool bInAddress)
 {
-	constexpr const char* Context = "Flitmark::PlayerText";
 	if (InReason.contains("recognize"))
 	{
-		return QCoreApplication::translate(Context, "it is no video or sound that is known here, or it is damaged.");
+		return FPlaybackText::tr("the format is unknown, or the file is damaged.");
 	}
 	if (InReason.startsWith("no audio or video data played"))
 	{
-		return QCoreApplication::translate(Context, "there is no picture or sound in it that can be decoded.");
+		return FPlaybackText::tr("it has no video or audio that can be decoded.");
 	}
-	const QString Told = InReason + '.';
-	return bInAddress ? Told + ' ' + QCoreApplication::translate(Context, "Check the address and the connection.")
-					  : Told;
+	const QString Sentence = InReason + '.';
+	return bInAddress ? Sentence + ' ' + FPlaybackText::tr("Check the address and the connection.") : Sentence;
 }
 
 } // namespace Flitmark

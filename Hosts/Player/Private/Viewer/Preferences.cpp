@@ -18,7 +18,7 @@ namespace Flitmark
 namespace
 {
 
-// What the store gives a new viewer.
+// The defaults of the store.
 constexpr int FirstFontSize = 24;
 constexpr double FirstSpeedScale = 1;
 
@@ -69,7 +69,7 @@ void FPreferences::Load()
 	ApplySpeedScale(static_cast<double>(UDanmakuSave::LoadSpeedScale()));
 	Open.Toggle(bOpen);
 	bLoaded = true;
-	TellFailure();
+	ReportFailure();
 }
 
 void FPreferences::SetFontSize(int InFontSize)
@@ -116,7 +116,7 @@ void FPreferences::ApplyFontSize(int InWanted)
 
 void FPreferences::ApplySpeedScale(double InWanted)
 {
-	// Neither clamp nor comparison tames what is no number.
+	// NaN would get past both the clamp and the comparison.
 	const double Applied =
 		std::isnan(InWanted) ? FirstSpeedScale : std::clamp(InWanted, SlowestSpeedScale, FastestSpeedScale);
 	Overlay.SetSpeedScale(Applied);
@@ -131,7 +131,7 @@ void FPreferences::OnOpenChanged()
 	if (bLoaded)
 	{
 		UDanmakuSave::SaveIsOpend(Open.IsChecked());
-		TellFailure();
+		ReportFailure();
 	}
 }
 
@@ -141,20 +141,20 @@ void FPreferences::Store()
 	if (std::exchange(bFontSizeToStore, false))
 	{
 		UDanmakuSave::SaveFontSize(FontSize);
-		TellFailure();
+		ReportFailure();
 	}
 	if (std::exchange(bSpeedScaleToStore, false))
 	{
 		UDanmakuSave::SaveSpeedScale(static_cast<float>(SpeedScale));
-		TellFailure();
+		ReportFailure();
 	}
 }
 
-void FPreferences::TellFailure()
+void FPreferences::ReportFailure()
 {
 	if (!Slots.GetLastError().empty())
 	{
-		Q_EMIT Failed(tr("Your settings could not be saved: %1.").arg(QString::fromStdString(Slots.GetLastError())));
+		Q_EMIT Failed(tr("Couldn't save your settings: %1.").arg(QString::fromStdString(Slots.GetLastError())));
 	}
 }
 

@@ -57,7 +57,7 @@ bool UseLanguage(QCoreApplication& InApplication, const QString& InLanguage)
 		RegisterEnglish();
 		return true;
 	}
-	// Texts of Qt's own, such as those of its file dialog; not every system has them.
+	// Qt's own texts, such as its file dialog's; not every system has them.
 	Install(InApplication, QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qt_") + InLanguage);
 	return Install(InApplication, QStringLiteral(":/Flitmark/Translations/flitmark-player_") + InLanguage);
 }

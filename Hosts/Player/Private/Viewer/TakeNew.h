@@ -3,7 +3,7 @@
 namespace Flitmark
 {
 
-/** Takes over what was read; whether it differs from what was known. */
+/** Assigns the new value; true if it is different. */
 template <class T>
 bool TakeNew(T& InOutKnown, const T& InNow)
 {

@@ -5,7 +5,7 @@
 namespace Flitmark
 {
 
-/** A widget that the class binds by name: every blueprint of it has one. */
+/** A widget that the class binds by name, so every blueprint of it has one. */
 template <class T>
 T& GetBoundWidget(const UUserWidget& InOwner, const TCHAR* InName)
 {
