@@ -155,6 +155,8 @@ INSTANTIATE_TEST_SUITE_P(
 					 Say("6", 0.6), Say("7", 0.7), Say("8", 0.8), Say("n", 1), Say("m", 1)},
 					{"1", "4", "7", "n", "m"}},
 		FFilterCase{"MaxOfOne", MaxPerSecond(1), {Say("a", 5.9), Say("b", 5.1), Say("c", 5.5)}, {"c"}},
+		FFilterCase{"MergeInvisible", Merge(5), {Say("\u200B", 1), Say("\u200B", 1)}, {"\u200B", "\u200B"}},
+		FFilterCase{"MaxInvisible", MaxPerSecond(1), {Say("\u200B", 0), Say("hi", 0)}, {"\u200B", "hi"}},
 		// What is not seen is no crowd, and is left alone.
 		FFilterCase{"MaxUnseen",
 					MaxPerSecond(1),
@@ -236,14 +238,16 @@ TEST(Change, KeepsTheRestOfAnEntry)
 	} Cases[] = {
 		{R"({"danmaku_content":"a","x":1.50,"y":[null,{"danmaku_content":true}]})",
 		 R"({"danmaku_content":"b \"c\"","x":1.50,"y":[null,{"danmaku_content":true}]})"},
-		{R"({ "x" : 1e99, "danmaku_content" : {"a":[1]} })", R"({"x":1e99,"danmaku_content":"b \"c\""})"},
+		{R"({ "x" : 1e99, "danmaku_content" : {"a":[1]} })", R"({ "x" : 1e99, "danmaku_content" : "b \"c\"" })"},
+		{R"({"x":"half \ud800","danmaku_content":"a"})", R"({"x":"half \ud800","danmaku_content":"b \"c\""})"},
+		{R"({"danmaku\u005fcontent" :"a"})", R"({"danmaku\u005fcontent" :"b \"c\""})"},
 		{R"({"Danmaku_Content":1,"danmaku_content":[2],"z":12345678901234567890})",
-		 R"({"Danmaku_Content":"b \"c\"","z":12345678901234567890})"},
-		{R"({"x":"\u00e9"})", R"({"x":"é","danmaku_content":"b \"c\""})"},
+		 R"({"Danmaku_Content":1,"danmaku_content":"b \"c\"","z":12345678901234567890})"},
+		{R"({"x":"\u00e9" })", R"({"x":"\u00e9","danmaku_content":"b \"c\"" })"},
 		{"{}", R"({"danmaku_content":"b \"c\""})"},
+		{"{ }", R"({"danmaku_content":"b \"c\"" })"},
 		{"[1]", ""},
 		{"7", ""},
-		{"{", ""},
 		{"", ""},
 	};
 	for (const auto& Case : Cases)

@@ -226,7 +226,11 @@ int RunCheck(const FCheckArguments& InArguments)
 {
 	std::string Error;
 	std::optional<FDocumentFault> Fault;
-	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments.CommentOptions, Error);
+	std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments.CommentOptions, Error);
+	if (Settings)
+	{
+		Settings->Options.bWithText = false;
+	}
 	std::optional<FCommentsFile> File =
 		Settings ? LoadComments(InArguments.Comments, Settings->Options, Error, &Fault) : std::nullopt;
 	if (!File)
@@ -246,12 +250,7 @@ int RunCheck(const FCheckArguments& InArguments)
 	{
 		return PrintError(Error);
 	}
-	FDocumentReview Review = ReviewDocument(File->Document, *Probe);
-	if (File->Report.bImported && File->Report.Import.Format != &OwnDocumentFormat)
-	{
-		// Keys that another format does not have are not its author's fault.
-		std::erase_if(Review.Findings, [](const FFinding& InFinding) { return InFinding.Kind == "missing-key"; });
-	}
+	const FDocumentReview Review = ReviewDocument(File->Document, *Probe);
 	(InArguments.bJson ? PrintReviewAsJson : PrintReview)(*File, Review);
 	return Review.NumUnseen == 0 && File->Report.CountLost() == 0 ? ExitSuccess : ExitFailure;
 }

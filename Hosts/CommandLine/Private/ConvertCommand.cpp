@@ -124,15 +124,15 @@ bool WriteOutput(const std::string& InPath, const FWriteText& InWrite, std::stri
 }
 
 /** A document of ours that nothing is to change keeps its bytes. */
-bool CopyDocument(const FConvertArguments& InArguments, const FCommentsInput& InInput, std::string& OutError)
+bool CopyDocument(const FConvertArguments& InArguments, FCommentsInput& InOutInput, std::string& OutError)
 {
-	if (!InInput.IsDocument(OutError))
+	if (!InOutInput.ReadDocument(OutError))
 	{
 		return false;
 	}
-	PrintNote(InInput.Report.Path + ": is already a comment document; copied unchanged");
+	PrintNote(InOutInput.Report.Path + ": is already a comment document; copied unchanged");
 	return WriteOutput(
-		InArguments.Output, [&](const FTextOutput& InOutput) { return InOutput(*InInput.Bytes); }, OutError);
+		InArguments.Output, [&](const FTextOutput& InOutput) { return InOutput(*InOutInput.Bytes); }, OutError);
 }
 
 bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsInput> InInputs,

@@ -1,14 +1,12 @@
 #include "DocumentReview.h"
 
 #include "Comments/CommentsReport.h"
-#include "DanmakuDataStruct.h"
+#include "Formats/CommentTraits.h"
 #include "OptionValues.h"
 #include "Text/TextLimits.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <unicode/uchar.h>
-#include <unicode/utf16.h>
 
 namespace Flitmark
 {
@@ -32,29 +30,6 @@ enum class EFinding : uint8
 
 constexpr std::size_t NumFindings = static_cast<std::size_t>(EFinding::Num);
 constexpr std::size_t NumKeys = static_cast<std::size_t>(ECommentKey::Num);
-
-bool IsServed(int32 InMode)
-{
-	return InMode == static_cast<int32>(EDanmakuMode::SCROLL) || InMode == static_cast<int32>(EDanmakuMode::TOP) ||
-		   InMode == static_cast<int32>(EDanmakuMode::BOTTOM);
-}
-
-bool IsBlank(std::u16string_view InText)
-{
-	const auto Length = static_cast<int32>(InText.size());
-	for (int32 Index = 0; Index < Length;)
-	{
-		UChar32 Character = 0;
-		U16_NEXT(InText.data(), Index, Length, Character);
-		const bool bInvisible = u_isUWhiteSpace(Character) || u_iscntrl(Character) ||
-								u_hasBinaryProperty(Character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
-		if (!bInvisible)
-		{
-			return false;
-		}
-	}
-	return true;
-}
 
 /** Lines that end at LF, CR LF or CR. */
 int32 CountLines(std::u16string_view InText)
@@ -115,7 +90,7 @@ public:
 			bSeen = true;
 			ReviewEntry(Entry);
 			Result.NumUnseen += bSeen ? 0 : 1;
-			++Result.NumOfMode[IsServed(Entry.Mode) ? static_cast<std::size_t>(Entry.Mode) : 3];
+			++Result.NumOfMode[IsServed(Entry.Kind) ? static_cast<std::size_t>(Entry.Kind) : 3];
 			if (Entry.IsReached())
 			{
 				Seconds.push_back(Entry.GetSecond());
@@ -172,18 +147,18 @@ private:
 
 	void ReviewEntry(const FCommentEntry& InEntry)
 	{
-		if (!InEntry.bIsObject)
+		if (!InEntry.Keys.bIsObject)
 		{
 			Add(EFinding::NotAnObject);
 			return;
 		}
-		for (std::size_t Key = 0; (InEntry.MissingKeys | InEntry.MistypedKeys) != 0 && Key < NumKeys; ++Key)
+		for (std::size_t Key = 0; (InEntry.Keys.Missing | InEntry.Keys.Mistyped) != 0 && Key < NumKeys; ++Key)
 		{
-			if (InEntry.IsMissing(static_cast<ECommentKey>(Key)))
+			if (InEntry.Keys.IsMissing(static_cast<ECommentKey>(Key)))
 			{
 				Add(Missing[Key]);
 			}
-			else if (InEntry.IsMistyped(static_cast<ECommentKey>(Key)))
+			else if (InEntry.Keys.IsMistyped(static_cast<ECommentKey>(Key)))
 			{
 				Add(Mistyped[Key]);
 			}
@@ -198,13 +173,10 @@ private:
 	/** What was read; a value that was not is not reported twice. */
 	void ReviewLook(const FCommentEntry& InEntry)
 	{
-		const auto IsRead = [&InEntry](ECommentKey InKey)
-		{
-			return !InEntry.IsMissing(InKey) && !InEntry.IsMistyped(InKey);
-		};
+		const FCommentKeys& Keys = InEntry.Keys;
 		const std::u16string_view Text = Document.GetText(InEntry);
 		const int32 Lines = CountLines(Text.substr(0, FTextLimits::MaxCodeUnits));
-		if (IsRead(ECommentKey::Content) && IsBlank(Text))
+		if (Keys.IsRead(ECommentKey::Content) && !HasText(Text))
 		{
 			Add(EFinding::EmptyText);
 		}
@@ -212,23 +184,23 @@ private:
 		{
 			Add(EFinding::TextCut);
 		}
-		if (IsRead(ECommentKey::FontColor) && InEntry.Color.A == 0)
+		if (Keys.IsRead(ECommentKey::FontColor) && !HasColor(InEntry.Color))
 		{
 			Add(EFinding::InvisibleColor);
 		}
-		if (!IsServed(InEntry.Mode))
+		if (!IsServed(InEntry.Kind))
 		{
 			Add(EFinding::UnservedMode);
 		}
-		if (InEntry.FontSize <= 0)
+		if (!HasSize(InEntry.FontSize))
 		{
-			if (IsRead(ECommentKey::FontSize))
+			if (Keys.IsRead(ECommentKey::FontSize))
 			{
 				Add(EFinding::SizeNotPositive);
 			}
 		}
-		else if (IsServed(InEntry.Mode) &&
-				 InEntry.FontSize > Probe.GetLargest(InEntry.Mode, std::min(Lines, FTextLimits::MaxLines)))
+		else if (IsServed(InEntry.Kind) && InEntry.FontSize > Probe.GetLargest(static_cast<int32>(InEntry.Kind),
+																			   std::min(Lines, FTextLimits::MaxLines)))
 		{
 			Add(EFinding::SizeTooLarge);
 		}

@@ -1,6 +1,6 @@
 #include "TraceRunner.h"
 
-#include "Stage/CommentDocument.h"
+#include "Formats/CommentDocument.h"
 #include "Components/CanvasPanel.h"
 #include "DanmakuTrack.h"
 #include "DanmakuTrackManager.h"
@@ -63,7 +63,7 @@ bool FTraceRunner::Run(std::string& OutError)
 		// A canvas without size has not been laid out, and the document was not taken.
 		if (Options.Size.X != 0.f || Options.Size.Y != 0.f)
 		{
-			LastSecond = FCommentDocument::Read(*Options.Document).GetLastSecond().value_or(-1);
+			LastSecond = FindLastSecond(*Options.Document);
 		}
 		Options.Document.reset();
 	}

@@ -3,6 +3,7 @@
 #include "Files/ByteSource.h"
 #include "Files/FileText.h"
 #include "Filtering/CommentOrder.h"
+#include "Formats/CleanText.h"
 #include "Formats/CommentDocumentWriter.h"
 
 #include <algorithm>
@@ -94,11 +95,21 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 }
 
 /** The format of a whole text. What the overlay takes for a document is one, whatever else there is in it. */
-const FCommentFormat* DetectWhole(const std::string& InBytes)
+const FCommentFormat* DetectWhole(FCommentsInput& InOutInput)
 {
-	const FCommentFormat* const Format = DetectFormat(std::string_view(InBytes).substr(0, DetectionSize));
-	const bool bOwn = IsJson(Format) && NamesList(InBytes) && !FCommentDocument::Read(FromUtf8(InBytes)).GetFault();
-	return bOwn ? &OwnDocumentFormat : Format;
+	const std::string_view Bytes = *InOutInput.Bytes;
+	const FCommentFormat* const Format = DetectFormat(Bytes.substr(0, DetectionSize));
+	std::string Ignored;
+	if (!IsJson(Format) || !NamesList(Bytes))
+	{
+		return Format;
+	}
+	if (InOutInput.ReadDocument(Ignored))
+	{
+		return &OwnDocumentFormat;
+	}
+	InOutInput.Text.reset();
+	return Format;
 }
 
 /** Reads another format's comments: from the bytes where there are some, piece by piece from the file otherwise. */
@@ -122,53 +133,36 @@ bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
 	return bRead;
 }
 
-/** Makes the document that the overlay is handed of comments that were read, with the filter's work done. */
+/** Filters comments that were read, and makes what the overlay is handed. */
 bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommentsFile& OutFile, std::string& OutError)
 {
+	constexpr std::size_t MaxSize = std::numeric_limits<int32>::max();
 	if (InOptions.Filter != nullptr)
 	{
 		OutFile.Rules = InOptions.Filter->Apply(InInput.Comments);
 	}
-	const std::string Text = WriteCommentDocument(InInput.Comments);
-	InInput.Comments = {};
-	if (Text.size() > static_cast<std::size_t>(std::numeric_limits<int32>::max()))
+	std::size_t Size = 0;
+	for (const FServiceComment& Comment : InInput.Comments)
+	{
+		Size += Comment.Text.size();
+	}
+	std::string Text;
+	if (InOptions.bWithText && Size <= MaxSize)
+	{
+		Text = WriteCommentDocument(InInput.Comments);
+		Size = Text.size();
+	}
+	if (Size > MaxSize)
 	{
 		OutError = InInput.Report.Path +
 				   ": has more than 2 GiB of comments, which is more than can be shown; leave some "
 				   "out, as with --max-per-second";
 		return false;
 	}
+	OutFile.Document = FCommentDocument::Of(InInput.Comments);
+	InInput.Comments = {};
 	OutFile.Text = FromUtf8(Text);
 	OutFile.Report = std::move(InInput.Report);
-	return true;
-}
-
-/** Our own document as it is, or its comments where a filter is to work on them; false where it is none. */
-bool ReadOwn(FCommentsInput& InOutInput, bool bInFiltered, FCommentsFile& OutFile, std::string& OutError,
-			 std::optional<FDocumentFault>* OutFault)
-{
-	OutFile.Text = FromUtf8(*InOutInput.Bytes);
-	if (!bInFiltered)
-	{
-		// As large as all that follows.
-		InOutInput.Bytes.emplace().shrink_to_fit();
-	}
-	OutFile.Document = FCommentDocument::Read(OutFile.Text);
-	if (OutFile.Document.GetFault())
-	{
-		OutError = DescribeFault(InOutInput.Report.Path, OutFile.Text, *OutFile.Document.GetFault());
-		if (OutFault != nullptr)
-		{
-			*OutFault = OutFile.Document.GetFault();
-		}
-		return false;
-	}
-	OutFile.Report = InOutInput.Report;
-	if (bInFiltered)
-	{
-		OutFile = {};
-		return ImportOther(InOutInput, OutError);
-	}
 	return true;
 }
 
@@ -188,7 +182,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 		{
 			return std::nullopt;
 		}
-		Input.Report.Import.Format = DetectWhole(*Input.Bytes);
+		Input.Report.Import.Format = DetectWhole(Input);
 	}
 	if (IsOwn(Input.Report.Import.Format))
 	{
@@ -204,20 +198,39 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	return Input;
 }
 
-bool FCommentsInput::ImportOwn(std::string& OutError)
+bool FCommentsInput::ReadDocument(std::string& OutError, bool bInKeepBytes)
 {
-	return IsDocument(OutError) && ImportOther(*this, OutError);
-}
-
-bool FCommentsInput::IsDocument(std::string& OutError) const
-{
-	const FString Text = FromUtf8(*Bytes);
-	const FCommentDocument Document = FCommentDocument::Read(Text);
+	if (!Text)
+	{
+		Text = FromUtf8(*Bytes);
+		if (!bInKeepBytes)
+		{
+			// As large as all that follows.
+			Bytes.emplace().shrink_to_fit();
+		}
+		Document = FCommentDocument::Read(*Text);
+	}
 	if (Document.GetFault())
 	{
-		OutError = DescribeFault(Report.Path, Text, *Document.GetFault());
+		OutError = DescribeFault(Report.Path, *Text, *Document.GetFault());
 	}
 	return !Document.GetFault();
+}
+
+bool FCommentsInput::ImportOwn(std::string& OutError)
+{
+	if (!ReadDocument(OutError))
+	{
+		return false;
+	}
+	const bool bUtf8 = IsUtf8(*Bytes);
+	Comments = Document.MakeComments(bUtf8 ? std::string_view(*Bytes) : std::string_view(Bytes.emplace(ToUtf8(*Text))));
+	Text.reset();
+	Document = {};
+	Report.bImported = true;
+	Report.Import.Format = &OwnDocumentFormat;
+	Report.Import.NumRead = Comments.size();
+	return true;
 }
 
 std::vector<std::string> FCommentsFile::MakeNotes() const
@@ -258,20 +271,26 @@ std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FComm
 		return std::nullopt;
 	}
 	FCommentsFile File;
-	if (Input->Bytes && !ReadOwn(*Input, InOptions.Filter != nullptr, File, OutError, OutFault))
+	if (Input->Bytes)
 	{
-		return std::nullopt;
+		const bool bFiltered = InOptions.Filter != nullptr;
+		if (bFiltered ? !Input->ImportOwn(OutError) : !Input->ReadDocument(OutError, false))
+		{
+			if (OutFault != nullptr)
+			{
+				*OutFault = Input->Document.GetFault();
+			}
+			return std::nullopt;
+		}
+		if (!bFiltered)
+		{
+			File.Text = std::move(*Input->Text);
+			File.Document = std::move(Input->Document);
+			File.Report = std::move(Input->Report);
+			return File;
+		}
 	}
-	if (Input->Bytes && InOptions.Filter == nullptr)
-	{
-		return File;
-	}
-	if (!MakeFile(std::move(*Input), InOptions, File, OutError))
-	{
-		return std::nullopt;
-	}
-	File.Document = FCommentDocument::Read(File.Text);
-	return File;
+	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
 }
 
 std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FCommentsOptions& InOptions,
@@ -286,7 +305,7 @@ std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FComme
 	std::string Ignored;
 	if (Input->Bytes && (InOptions.Filter == nullptr || !Input->ImportOwn(Ignored)))
 	{
-		File.Text = FromUtf8(*Input->Bytes);
+		File.Text = Input->Text ? std::move(*Input->Text) : FromUtf8(*Input->Bytes);
 		File.Report = std::move(Input->Report);
 		return File;
 	}

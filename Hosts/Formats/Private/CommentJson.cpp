@@ -161,6 +161,12 @@ bool HasDate(int64 InUnixSeconds)
 
 } // namespace
 
+std::string QuoteJson(std::string_view InText)
+{
+	std::string Storage;
+	return "\"" + std::string(Escape(InText, Storage)) + "\"";
+}
+
 void FCommentJson::Add(std::string_view InText)
 {
 	Put(MakeRoom(InText.size()), InText);

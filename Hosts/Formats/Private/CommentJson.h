@@ -11,6 +11,9 @@
 namespace Flitmark
 {
 
+/** A text as a JSON string, with its quotes; UTF-8 whatever the text is. */
+std::string QuoteJson(std::string_view InText);
+
 /** Comments as our document writes them, one behind the other in one buffer. Whatever is in them, it is UTF-8. */
 class FCommentJson
 {

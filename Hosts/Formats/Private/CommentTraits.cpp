@@ -1,6 +1,9 @@
 #include "Formats/CommentTraits.h"
 
-#include <algorithm>
+#include "Utf8.h"
+
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
 
 namespace Flitmark
 {
@@ -8,42 +11,47 @@ namespace Flitmark
 namespace
 {
 
-/** Length in bytes of the white space character (Unicode's White_Space) that the text begins with; 0 for any other. */
-std::size_t GetSpaceLength(std::string_view InText)
+/** Negative for bytes that are no character, which show as U+FFFD. */
+bool IsInvisible(UChar32 InCharacter)
 {
-	constexpr std::string_view Others[] = {
-		"\u0085", "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006",
-		"\u2007", "\u2008", "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000",
-	};
-	const char First = InText.front();
-	if (static_cast<unsigned char>(First) < 0x80)
-	{
-		return First == ' ' || (First >= '\t' && First <= '\r') ? 1 : 0;
-	}
-	const auto* const Found =
-		std::ranges::find_if(Others, [InText](std::string_view InSpace) { return InText.starts_with(InSpace); });
-	return Found != std::end(Others) ? Found->size() : 0;
+	return InCharacter >= 0 && (u_isUWhiteSpace(InCharacter) || u_iscntrl(InCharacter) ||
+								u_hasBinaryProperty(InCharacter, UCHAR_DEFAULT_IGNORABLE_CODE_POINT));
 }
 
 } // namespace
 
-int64 GetSecond(const FServiceComment& InComment)
+bool HasText(std::string_view InText)
 {
-	return InComment.SpawnTicks / TicksPerSecond;
+	std::size_t Place = 0;
+	while (Place < InText.size())
+	{
+		if (!IsInvisible(TakeCharacter(InText, Place)))
+		{
+			return true;
+		}
+	}
+	return false;
 }
 
-bool IsReached(const FServiceComment& InComment)
+bool HasText(std::u16string_view InText)
 {
-	const int64 Second = GetSecond(InComment);
-	return Second >= 0 && Second < SecondsPerDay;
+	const auto Length = static_cast<int32>(InText.size());
+	for (int32 Place = 0; Place < Length;)
+	{
+		UChar32 Character = 0;
+		U16_NEXT(InText.data(), Place, Length, Character);
+		if (!IsInvisible(Character))
+		{
+			return true;
+		}
+	}
+	return false;
 }
 
 bool IsVisible(const FServiceComment& InComment)
 {
-	const bool bServed = InComment.Kind == ECommentKind::Scroll || InComment.Kind == ECommentKind::Top ||
-						 InComment.Kind == ECommentKind::Bottom;
-	return bServed && IsReached(InComment) && InComment.FontSize > 0 && (InComment.Color & 0xFF) != 0 &&
-		   !NormaliseSpace(InComment.Text).empty();
+	return IsServed(InComment.Kind) && IsReached(InComment) && HasSize(InComment.FontSize) &&
+		   HasColor(InComment.Color) && HasText(InComment.Text);
 }
 
 std::string NormaliseSpace(std::string_view InText)
@@ -51,22 +59,18 @@ std::string NormaliseSpace(std::string_view InText)
 	std::string Text;
 	Text.reserve(InText.size());
 	bool bSpace = false;
-	while (!InText.empty())
+	std::size_t Place = 0;
+	while (Place < InText.size())
 	{
-		const std::size_t SpaceLength = GetSpaceLength(InText);
-		if (SpaceLength > 0)
+		const std::size_t Begin = Place;
+		const UChar32 Character = TakeCharacter(InText, Place);
+		if (Character >= 0 && u_isUWhiteSpace(Character))
 		{
 			bSpace = !Text.empty();
-			InText.remove_prefix(SpaceLength);
 			continue;
 		}
-		if (bSpace)
-		{
-			Text += ' ';
-			bSpace = false;
-		}
-		Text += InText.front();
-		InText.remove_prefix(1);
+		Text.append(bSpace ? " " : "").append(InText, Begin, Place - Begin);
+		bSpace = false;
 	}
 	return Text;
 }

@@ -92,7 +92,4 @@ protected:
 	bool bHasTime = false;
 };
 
-/** Of our own document. */
-std::unique_ptr<IJsonSchema> MakeOwnForm();
-
 } // namespace Flitmark

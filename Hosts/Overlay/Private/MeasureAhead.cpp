@@ -1,6 +1,6 @@
 #include "Overlay/MeasureAhead.h"
 
-#include "Stage/CommentDocument.h"
+#include "Formats/CommentDocument.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Stage/CommentDocument.h"
+#include "Formats/CommentDocument.h"
 #include "Filtering/CommentFilter.h"
 #include "Comments/CommentsReport.h"
 
@@ -18,6 +18,9 @@ struct FCommentsOptions
 
 	/** May be null. */
 	const FCommentFilter* Filter = nullptr;
+
+	/** Whether the overlay will be handed the text; other formats are not written as a document without need. */
+	bool bWithText = true;
 };
 
 /** One file as it was read, in whatever format it is. */
@@ -25,8 +28,12 @@ struct FCommentsInput
 {
 	FCommentsReport Report;
 
-	/** The whole file where it is our own document, or none in a known format. */
+	/** The whole file if it is our own document, or in no known format. */
 	std::optional<std::string> Bytes;
+
+	/** Of Bytes, once ReadDocument read them. */
+	std::optional<FString> Text;
+	FCommentDocument Document;
 
 	/**
 	 * Comments of kinds that the overlay serves; those of other formats are ordered by time. Our own document's are only
@@ -38,16 +45,17 @@ struct FCommentsInput
 	static std::optional<FCommentsInput> Read(const std::string& InPath, const FKindPolicy& InKinds,
 											  std::string& OutError);
 
-	/** Whether Bytes are a comment document; false with OutError set. */
-	bool IsDocument(std::string& OutError) const;
+	/** Reads Bytes as our own document, unless that was done; false with OutError set if they are not one. */
+	bool ReadDocument(std::string& OutError, bool bInKeepBytes = true);
 
-	/** Reads the comments of our own document; false with OutError set where it is none. */
+	/** ReadDocument, and its comments into Comments; the text goes. */
 	bool ImportOwn(std::string& OutError);
 };
 
-/** A comment document and the text it was read from, which is what the overlay is handed. */
+/** A file's comments, ready for the overlay. */
 struct FCommentsFile
 {
+	/** What the overlay is handed: our own document as it is, or a document written in memory. */
 	FString Text;
 	FCommentDocument Document;
 	FCommentsReport Report;
@@ -69,10 +77,7 @@ std::string DescribeFault(const std::string& InPath, const FString& InText, cons
 std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FCommentsOptions& InOptions,
 										  std::string& OutError, std::optional<FDocumentFault>* OutFault = nullptr);
 
-/**
- * The same for a host that hands the overlay any text: one that is no comment document is given as it is. Only the text
- * and the reports are set.
- */
+/** The same for a host that hands the overlay any text: one that is not a comment document is given as it is. */
 std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FCommentsOptions& InOptions,
 										 std::string& OutError);
 

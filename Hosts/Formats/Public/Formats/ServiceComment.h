@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Formats/CommentKeys.h"
 
 #include <string>
 
@@ -51,6 +52,9 @@ struct FServiceComment
 
 	ECommentKind Kind = ECommentKind::Scroll;
 
+	/** What its element in our document does not say. */
+	FCommentKeys Keys;
+
 	/** Points. */
 	int32 FontSize = NormalPoints;
 
@@ -58,8 +62,8 @@ struct FServiceComment
 	uint32 Color = 0xFFFFFFFF;
 
 	/**
-	 * A comment of our own document as it stands there, a JSON object's text: written out again unless something of the
-	 * comment was changed. Empty for comments of other formats.
+	 * A comment of our own document as it stands there, JSON: written out again, with only what was changed replaced
+	 * (CommentChange.h). Empty for comments of other formats.
 	 */
 	std::string Source;
 };

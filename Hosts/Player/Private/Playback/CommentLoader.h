@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Stage/CommentDocument.h"
+#include "Formats/CommentDocument.h"
 
 #include <QObject>
 #include <QStringList>

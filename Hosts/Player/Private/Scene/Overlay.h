@@ -5,7 +5,7 @@
 #include "Scene/FrameClock.h"
 #include "Scene/FrameMeter.h"
 #include "Scene/SpriteMaker.h"
-#include "Stage/CommentDocument.h"
+#include "Formats/CommentDocument.h"
 
 #include <QSizeF>
 

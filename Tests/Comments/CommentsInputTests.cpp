@@ -1,0 +1,232 @@
+#include "Comments/CommentsInput.h"
+
+#include "Files/FileText.h"
+#include "Formats/CommentTraits.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+namespace Flitmark::Testing
+{
+namespace
+{
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class FCommentsTest : public testing::Test
+{
+protected:
+	FCommentsTest()
+	{
+		std::string Name = (std::filesystem::temp_directory_path() / "flitmark-comments-XXXXXX").string();
+		Folder = mkdtemp(Name.data());
+	}
+	~FCommentsTest() override { std::filesystem::remove_all(Folder); }
+
+	std::string Write(const std::string& InText) const
+	{
+		const std::string Path = (Folder / "c").string();
+		std::ofstream(Path, std::ios::binary) << InText;
+		return Path;
+	}
+
+	/** Empty with Error set if it cannot be loaded. */
+	std::optional<FCommentsFile> Load(const std::string& InText, const FFilterOptions& InFilters = {},
+									  bool bInWithText = true)
+	{
+		FCommentsOptions Options;
+		const auto Filter = InFilters.IsEmpty() ? nullptr : FCommentFilter::Create(InFilters, Error);
+		Options.Filter = Filter.get();
+		Options.bWithText = bInWithText;
+		Error.clear();
+		return LoadComments(Write(InText), Options, Error);
+	}
+
+	std::filesystem::path Folder;
+	std::string Error;
+};
+
+FFilterOptions Block(const std::string& InPattern)
+{
+	FFilterOptions Options;
+	Options.Block = {InPattern};
+	return Options;
+}
+
+FFilterOptions MaxPerSecond(int64 InMost)
+{
+	FFilterOptions Options;
+	Options.MaxPerSecond = InMost;
+	return Options;
+}
+
+std::string MakeElement(const std::string& InChange)
+{
+	const std::string Comma = InChange.empty() ? "" : ",";
+	return R"({"danmaku_spawn_time":0,"danmaku_mode":0,"danmaku_font_size":24,"danmaku_font_color":"#FFFFFF",)"
+		   R"("danmaku_content":"hi")" +
+		   Comma + InChange + "}";
+}
+
+std::vector<std::string> GetTexts(const FCommentDocument& InDocument)
+{
+	std::vector<std::string> Texts;
+	for (const FCommentEntry& Entry : InDocument.GetEntries())
+	{
+		Texts.push_back(ToUtf8(FString(FStringView(InDocument.GetText(Entry)))));
+	}
+	return Texts;
+}
+
+/** As a review judges an entry. */
+bool IsSeen(const FCommentDocument& InDocument, const FCommentEntry& InEntry)
+{
+	return IsServed(InEntry.Kind) && InEntry.IsReached() && HasSize(InEntry.FontSize) && HasColor(InEntry.Color) &&
+		   HasText(InDocument.GetText(InEntry));
+}
+
+struct FVerdictCase
+{
+	const char* Name;
+	/** What the comment's element says besides; later members hold. */
+	std::string Change;
+	bool bSeen;
+};
+
+class Verdicts : public FCommentsTest, public testing::WithParamInterface<FVerdictCase>
+{
+};
+
+/** The light document that is reviewed, the comments that are counted and those that are filtered agree. */
+TEST_P(Verdicts, AreTheSameEverywhere)
+{
+	const std::string Text = "{\"datas\":[" + MakeElement(GetParam().Change) + "]}";
+	const std::optional<FCommentsFile> File = Load(Text);
+	ASSERT_TRUE(File) << Error;
+	EXPECT_EQ(IsSeen(File->Document, File->Document.GetEntries().at(0)), GetParam().bSeen);
+
+	std::optional<FCommentsInput> Input = FCommentsInput::Read(Write(Text), {}, Error);
+	ASSERT_TRUE(Input && Input->ImportOwn(Error)) << Error;
+	EXPECT_EQ(IsVisible(Input->Comments.at(0)), GetParam().bSeen);
+
+	// It competes with the visible one beside it exactly if it can be seen.
+	const std::string Crowd = "{\"datas\":[" + MakeElement(GetParam().Change) + "," + MakeElement("") + "]}";
+	const std::optional<FCommentsFile> Thinned = Load(Crowd, MaxPerSecond(1));
+	ASSERT_TRUE(Thinned) << Error;
+	EXPECT_EQ(Thinned->Document.GetEntries().size(), GetParam().bSeen ? 1U : 2U);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Verdicts,
+						 testing::Values(FVerdictCase{"Plain", "", true},
+										 FVerdictCase{"WrongDigits", R"("danmaku_font_color":"#GG00FF")", true},
+										 FVerdictCase{"ShortColor", R"("danmaku_font_color":"0f0")", true},
+										 FVerdictCase{"ColorName", R"("danmaku_font_color":"white")", false},
+										 FVerdictCase{"Transparent", R"("danmaku_font_color":"#FFFFFF00")", false},
+										 FVerdictCase{"ZeroWidthSpace", "\"danmaku_content\":\"\u200B\"", false},
+										 FVerdictCase{"IdeographicSpace", "\"danmaku_content\":\"\u3000\\n\"", false},
+										 FVerdictCase{"Controls", R"("danmaku_content":"\u0001\u0085")", false},
+										 FVerdictCase{"HalfPair", R"("danmaku_content":"\ud800")", true},
+										 FVerdictCase{"OtherCase", R"("Danmaku_Content":"")", false},
+										 FVerdictCase{"NumberAsText", R"("danmaku_content":0)", true},
+										 FVerdictCase{"List", R"("danmaku_content":["x"])", false},
+										 FVerdictCase{"HugeTime", R"("danmaku_spawn_time":1e300)", true},
+										 FVerdictCase{"TimeAsText", R"("danmaku_spawn_time":"9999999")", true},
+										 FVerdictCase{"JustBefore", R"("danmaku_spawn_time":-9999999)", true},
+										 FVerdictCase{"Before", R"("danmaku_spawn_time":-10000000)", false},
+										 FVerdictCase{"NextDay", R"("danmaku_spawn_time":864000000000)", false},
+										 FVerdictCase{"Reverse", R"("danmaku_mode":3)", false},
+										 FVerdictCase{"CutMode", R"("danmaku_mode":-0.9)", true},
+										 FVerdictCase{"ModeAsText", R"("danmaku_mode":"2")", true},
+										 FVerdictCase{"TrueMode", R"("danmaku_mode":true)", true},
+										 FVerdictCase{"NoSize", R"("danmaku_font_size":0.9)", false},
+										 FVerdictCase{"NullSize", R"("danmaku_font_size":null)", false}),
+						 [](const auto& InCase) { return InCase.param.Name; });
+
+TEST_F(FCommentsTest, KeysMayHaveAnyCase)
+{
+	const std::string Text = R"({"Datas":[{"Danmaku_Content":"spam"},{"DANMAKU_CONTENT":"ham"}]})";
+	const std::optional<FCommentsFile> Whole = Load(Text);
+	ASSERT_TRUE(Whole) << Error;
+	EXPECT_EQ(Whole->Text, FromUtf8(Text));
+	EXPECT_THAT(GetTexts(Whole->Document), ElementsAre("spam", "ham"));
+	const std::optional<FCommentsFile> Filtered = Load(Text, Block("spam"));
+	ASSERT_TRUE(Filtered) << Error;
+	EXPECT_EQ(ToUtf8(Filtered->Text), "{\"datas\":[\n{\"DANMAKU_CONTENT\":\"ham\"}\n]}\n");
+	EXPECT_THAT(GetTexts(Filtered->Document), ElementsAre("ham"));
+}
+
+TEST_F(FCommentsTest, FiltersKeepWhatIsWrongWithTheRest)
+{
+	const std::optional<FCommentsFile> File = Load(
+		R"({"datas":[{"danmaku_content":"spam"},{"danmaku_content":"ham","danmaku_mode":"up"},7]})", Block("spam"));
+	ASSERT_TRUE(File) << Error;
+	const std::vector<FCommentEntry>& Entries = File->Document.GetEntries();
+	ASSERT_EQ(Entries.size(), 2U);
+	EXPECT_TRUE(Entries[0].Keys.IsMistyped(ECommentKey::Mode));
+	EXPECT_TRUE(Entries[0].Keys.IsMissing(ECommentKey::SpawnTime));
+	EXPECT_FALSE(Entries[1].Keys.bIsObject);
+	EXPECT_EQ(File->Report.Import.NumRead, 3U);
+}
+
+/** In whatever encoding the document comes. */
+TEST_F(FCommentsTest, FiltersKeepTheBytesOfTheRest)
+{
+	const std::string Kept = "{ \"danmaku_content\":\"弾\", \"x\" : 1.50 }";
+	const std::string Text = "{\"datas\":[{\"danmaku_content\":\"spam\"}, " + Kept + "]}";
+	std::string Wide = "\xFF\xFE";
+	const FString Units = FromUtf8(Text);
+	for (const TCHAR Unit : Units.GetStd())
+	{
+		Wide += {static_cast<char>(Unit & 0xFF), static_cast<char>(Unit >> 8)};
+	}
+	for (const std::string& Bytes : {Text, "\uFEFF" + Text, Wide})
+	{
+		const std::optional<FCommentsFile> File = Load(Bytes, Block("spam"));
+		ASSERT_TRUE(File) << Error;
+		EXPECT_EQ(ToUtf8(File->Text), "{\"datas\":[\n" + Kept + "\n]}\n");
+	}
+}
+
+TEST_F(FCommentsTest, OtherFormatsNeedNoTextToBeReviewed)
+{
+	const std::string Xml = "<i><d p=\"1.5,1,25,16711680,1600000000,0,user,5\">你好</d></i>";
+	const std::optional<FCommentsFile> With = Load(Xml);
+	const std::optional<FCommentsFile> Without = Load(Xml, {}, false);
+	ASSERT_TRUE(With && Without) << Error;
+	EXPECT_TRUE(Without->Text.IsEmpty());
+	const FCommentDocument Written = FCommentDocument::Read(With->Text);
+	for (const FCommentDocument* Document : {&With->Document, &Without->Document})
+	{
+		EXPECT_EQ(GetTexts(*Document), GetTexts(Written));
+		EXPECT_EQ(Document->GetEntries().at(0).SpawnTicks, Written.GetEntries().at(0).SpawnTicks);
+	}
+}
+
+/** Filtered or not, what is wrong is said in the same words. */
+TEST_F(FCommentsTest, RefusalsSayWhatAndWhere)
+{
+	const std::pair<const char*, const char*> Cases[] = {
+		{"{\"datas\":[\n  {},\n  }\n]}", ":3:3: not JSON"},
+		{R"({"comments":[]})", ": it has no list of comments named \"datas\"; a comment document is"},
+		{R"({"datas":{}})", ": its \"datas\" is not a list of comments"},
+		{"Dear diary", ": is in no known format"},
+	};
+	for (const auto& [Text, Said] : Cases)
+	{
+		for (const FFilterOptions& Filters : {FFilterOptions(), Block("x")})
+		{
+			EXPECT_FALSE(Load(Text, Filters));
+			EXPECT_THAT(Error, AllOf(StartsWith(Folder.string()), HasSubstr(Said)));
+		}
+	}
+}
+
+} // namespace
+} // namespace Flitmark::Testing
