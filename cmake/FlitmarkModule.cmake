@@ -19,5 +19,6 @@ set_target_properties(FlitmarkModule PROPERTIES
 target_compile_definitions(FlitmarkModule PRIVATE FLITMARK_API=DLLEXPORT INTERFACE FLITMARK_API=DLLIMPORT)
 # A unique symbol would keep the library mapped after it is unloaded.
 target_compile_options(FlitmarkModule PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+flitmark_module_checks(FlitmarkModule)
 flitmark_reflect(TARGET FlitmarkModule MODULE_NAME Flitmark PACKAGE /Script/Flitmark API FLITMARK_API
 	HEADERS ${ModuleHeaders})

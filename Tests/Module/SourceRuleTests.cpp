@@ -118,7 +118,8 @@ TEST(FSourceRules, NothingIsIncludedThatTheEngineLacks)
 				const std::string Name = Included.substr(1, Included.size() - 2);
 				const std::string Header =
 					Name.ends_with(".generated.h") ? Name.substr(0, Name.size() - 12) + ".h" : Name;
-				const bool bOwn = fs::exists(fs::path(MODULE_DIRECTORY) / "Public" / Header);
+				const bool bOwn = fs::exists(fs::path(MODULE_DIRECTORY) / "Public" / Header) ||
+								  fs::exists(fs::path(MODULE_DIRECTORY) / "Private" / Header);
 				EXPECT_TRUE(bOwn || IsEngineHeader(Included) || Included == "<cstdlib>")
 					<< Source.File << ": " << Included;
 			}
