@@ -55,12 +55,6 @@ FTimespan ToLookupKey(const FTimespan& MediaTime)
 void UUI_Danmaku::Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuBar* InDanmakuBar,
 					   UUI_DanmakuNodeSetting* InDanmakuNodeSetting)
 {
-	if (DanmakuBar)
-	{
-		// A bar that stayed connected would send every comment twice.
-		DanmakuBar->GetOpenDanmakuButtonClickedEvent().RemoveDynamic(this, &UUI_Danmaku::OnOpenDanmakuButtonClicked);
-		DanmakuBar->OnSendDanmaku.RemoveDynamic(this, &UUI_Danmaku::OnDanmakuSend);
-	}
 	MediaPlayer = InMediaPlayer;
 	DanmakuBar = InDanmakuBar;
 	if (DanmakuBar)
@@ -204,7 +198,7 @@ bool UUI_Danmaku::HasLiveTrackManager() const
 void UUI_Danmaku::OnDanmakuSend(const FString&, const int64& InTime, const FString& InContent,
 								const EDanmakuMode& InMode, const int32& InFontSize, const FString& InFontColor)
 {
-	// Before the first laid-out frame there is nothing to show the comment on, and after the overlay's end nobody to.
+	// Before the first laid-out frame there is nothing to show the comment on; after the overlay is gone, nobody sees it.
 	if (!HasLiveTrackManager())
 	{
 		return;

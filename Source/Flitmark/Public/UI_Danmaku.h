@@ -25,8 +25,8 @@ class FLITMARK_API UUI_Danmaku : public UUserWidget
 
 public:
 	/**
-	 * Connects the player and, where given, the bar and the panel in which the viewer styles comments. Needed once; a
-	 * further call connects the bar it is given instead of the one before.
+	 * Connects the player and, if given, the bar and the panel in which the viewer styles comments. Call it once: another
+	 * call binds the overlay to the bar's events again, so that each comment sent shows twice.
 	 */
 	void Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuBar* InDanmakuBar, UUI_DanmakuNodeSetting* InDanmakuNodeSetting);
 
