@@ -72,20 +72,53 @@ TEST_F(FWiring, ShowsAPausedCommentWhilePaused)
 	EXPECT_EQ(GetLastNode()->GetPosition().X, 1920.0 - 265.0);
 }
 
+TEST_F(FWiring, HoldsTheCheckBoxBackUntilThereAreLanes)
+{
+	const struct
+	{
+		std::vector<bool> Toggles;
+		bool bOpen;
+		ESlateVisibility Canvas;
+	} Cases[] = {
+		{{}, true, ESlateVisibility::Visible},
+		{{false}, false, ESlateVisibility::Hidden},
+		{{false, true}, true, ESlateVisibility::Visible},
+		{{false, true, false}, false, ESlateVisibility::Hidden},
+	};
+	for (const auto& Case : Cases)
+	{
+		SCOPED_TRACE(Case.Toggles.size());
+		Rebuild(MakeOptions(FVector2f(0.f, 0.f)));
+		RunFrames(2, 0.1f);
+		for (const bool bOn : Case.Toggles)
+		{
+			Toggle(bOn);
+			EXPECT_EQ(IsBarOpen(), bOn);
+		}
+		EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::Visible) << "no lanes yet";
+		Stage->SetCanvasSize(FVector2f(1920.f, 1080.f));
+		GoTo(0.0);
+		EXPECT_EQ(Stage->GetCanvas().GetVisibility(), Case.Canvas);
+		Load({{1.0}, {2.0}});
+		GoTo(1.0);
+		EXPECT_EQ(NumMade(), Case.bOpen ? 1u : 0u);
+		Toggle(false);
+		Toggle(true);
+		GoTo(2.0);
+		EXPECT_EQ(NumMade(), Case.bOpen ? 2u : 1u) << "switched on again";
+	}
+}
+
 TEST_F(FWiring, IgnoresWhatIsSentBeforeThereAreLanes)
 {
 	Rebuild(MakeOptions(FVector2f(0.f, 0.f)));
 	RunFrames(2, 0.1f);
 	Send();
 	EXPECT_EQ(ToUtf8(FindInBar<UEditableText>(TEXT("InputDanmakuText"))->GetText().ToString()), "");
-	Toggle(false);
-	EXPECT_FALSE(IsBarOpen());
-	Toggle(true);
-	EXPECT_TRUE(IsBarOpen());
 	Stage->SetCanvasSize(FVector2f(1920.f, 1080.f));
 	GoTo(1.0);
 	GoTo(0.0);
-	EXPECT_EQ(NumMade(), 0u) << "not held back either";
+	EXPECT_EQ(NumMade(), 0u) << "not held back";
 	Send();
 	EXPECT_EQ(NumMade(), 1u);
 }

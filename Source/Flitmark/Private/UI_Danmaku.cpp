@@ -186,6 +186,10 @@ bool UUI_Danmaku::EnsureTrackManager()
 		TrackManager = NewObject<UDanmakuTrackManager>(this);
 		TrackManager->Init(DanmakuCanvasPanel, DanmakuNodeClass, DanmakuNodeUserClass);
 		bIsTrackManagerCreated = true;
+		if (bIsSwitchedOffEarly)
+		{
+			TrackManager->Close();
+		}
 	}
 	return HasLiveTrackManager();
 }
@@ -215,6 +219,10 @@ void UUI_Danmaku::OnDanmakuSend(const FString&, const int64& InTime, const FStri
 
 void UUI_Danmaku::OnOpenDanmakuButtonClicked(bool bIsChecked)
 {
+	if (!bIsTrackManagerCreated)
+	{
+		bIsSwitchedOffEarly = !bIsChecked;
+	}
 	const bool bHasTracks = HasLiveTrackManager();
 	if (bIsChecked)
 	{

@@ -68,7 +68,7 @@ private:
 
 	/**
 	 * The bar's check box: opens or closes the lanes and the bar. Before the first laid-out frame there are no lanes yet:
-	 * only the bar follows, and the lanes start open.
+	 * the bar follows at once, and the lanes start out closed if the box is unticked by then.
 	 */
 	UFUNCTION()
 	void OnOpenDanmakuButtonClicked(bool bIsChecked);
@@ -99,4 +99,7 @@ private:
 
 	bool bIsTrackManagerCreated = false;
 	bool bIsPaused = false;
+
+	/** The viewer unticked the bar's check box before there were lanes to close. */
+	bool bIsSwitchedOffEarly = false;
 };
