@@ -188,6 +188,47 @@ TEST_F(FWiring, SendsOncePerInitHoweverOftenTheBarIsConstructed)
 	EXPECT_EQ(NumMade(), 3u) << "bound twice";
 }
 
+TEST_F(FWiring, SurvivesInitWithNothing)
+{
+	UUI_Danmaku& Overlay = Stage->GetOverlay();
+	Overlay.Init(nullptr, &Stage->GetBar(), &Stage->GetPanel());
+	Toggle(false);
+	EXPECT_FALSE(IsBarOpen());
+	Toggle(true);
+	EXPECT_TRUE(IsBarOpen());
+	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::SelfHitTestInvisible);
+	Send();
+	EXPECT_EQ(NumMade(), 0u) << "no player, no URL";
+	// The bar that was given before is still bound, and the overlay no longer knows it.
+	Overlay.Init(nullptr, nullptr, nullptr);
+	Toggle(false);
+	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::Hidden);
+	Toggle(true);
+	RunFrames(2, 0.1f);
+}
+
+/** A class that no blueprint made has no bound widgets, and a widget without a player context is not initialized. */
+TEST_F(FWiring, SurvivesWidgetsThatAreNotBound)
+{
+	UPanelWidget* Screen = GetScreen();
+	UClass* const Natives[] = {UUI_Danmaku::StaticClass(), UUI_DanmakuBar::StaticClass(),
+							   UUI_DanmakuNodeSetting::StaticClass(), UUI_DanmakuNode::StaticClass()};
+	for (UClass* Native : Natives)
+	{
+		Screen->AddChild(CreateWidget<UUserWidget>(&Stage->GetOverlay(), Native));
+	}
+	RunFrames(2, 0.1f);
+	UUI_DanmakuNode* Node =
+		CreateWidget<UUI_DanmakuNode>(&Stage->GetOverlay(), TSubclassOf<UUserWidget>(UUI_DanmakuNode::StaticClass()));
+	Node->Init(MakeData("200x30"), &Stage->GetCanvas(), false);
+	EXPECT_EQ(Node->GetNodeSize().X, 0.0);
+
+	const UUI_DanmakuNodeSetting* Panel = Keep(NewObject<UUI_DanmakuNodeSetting>());
+	EXPECT_EQ(Panel->GetModel(), EDanmakuMode::SCROLL);
+	EXPECT_EQ(Panel->GetFontSize(), 24);
+	EXPECT_EQ(ToUtf8(Panel->GetFontColor()), "#FFFFFFFF");
+}
+
 TEST_F(FWiring, ClosesAndOpensTheLanes)
 {
 	Load({{0.0}, {1.0}, {2.0}, {3.0}});

@@ -176,6 +176,11 @@ TArray<FDanmakuData>& UUI_Danmaku::FindBucket(const FDanmakuData& InDanmakuData)
 
 bool UUI_Danmaku::EnsureTrackManager()
 {
+	// A class that no blueprint made has no canvas.
+	if (!DanmakuCanvasPanel)
+	{
+		return false;
+	}
 	const auto& CanvasSize = DanmakuCanvasPanel->GetCachedGeometry().GetLocalSize();
 	if ((CanvasSize.X == 0.f && CanvasSize.Y == 0.f) || !MediaPlayer)
 	{
@@ -228,13 +233,19 @@ void UUI_Danmaku::OnOpenDanmakuButtonClicked(bool bIsChecked)
 	{
 		if (bHasTracks)
 		{
-			TrackManager->Open(MediaPlayer->IsPlaying());
+			TrackManager->Open(MediaPlayer && MediaPlayer->IsPlaying());
 		}
-		DanmakuBar->Open();
+		if (DanmakuBar)
+		{
+			DanmakuBar->Open();
+		}
 	}
 	else
 	{
-		DanmakuBar->Close();
+		if (DanmakuBar)
+		{
+			DanmakuBar->Close();
+		}
 		if (bHasTracks)
 		{
 			TrackManager->Close();

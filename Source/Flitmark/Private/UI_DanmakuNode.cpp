@@ -38,6 +38,11 @@ void UUI_DanmakuNode::Init(const FDanmakuData& InDanmakuData, UCanvasPanel* InCa
 
 void UUI_DanmakuNode::ApplyStyle()
 {
+	if (!NodeContentText)
+	{
+		// A class that no blueprint made has no text block; such a comment is empty.
+		return;
+	}
 	NodeContentText->SetText(FText::FromString(Data.Content));
 	FSlateFontInfo Font = NodeContentText->GetFont();
 	Font.Size = static_cast<float>(Data.FontSize);
