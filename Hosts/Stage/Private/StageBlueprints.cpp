@@ -43,7 +43,9 @@ std::unique_ptr<UWidgetBlueprintGeneratedClass> BuildBar(std::string& OutError)
 	Builder.Add(UCheckBox::StaticClass(), TEXT("OpenDanmakuButton"), TEXT("Controls"),
 				[](UWidget& Widget) { static_cast<UCheckBox&>(Widget).SetIsChecked(true); });
 	Builder.Add(UButton::StaticClass(), TEXT("DanmakuNodeSettingButton"), TEXT("Controls"));
-	Builder.Add(UEditableText::StaticClass(), TEXT("InputDanmakuText"), TEXT("Controls"));
+	// The viewer goes on writing after a comment is sent.
+	Builder.Add(UEditableText::StaticClass(), TEXT("InputDanmakuText"), TEXT("Controls"),
+				[](UWidget& Widget) { static_cast<UEditableText&>(Widget).ClearKeyboardFocusOnCommit = false; });
 	Builder.Add(UTextBlock::StaticClass(), TEXT("TextNum"), TEXT("Controls"));
 	Builder.Add(UButton::StaticClass(), TEXT("SendDanmakuButton"), TEXT("Controls"));
 	return Builder.Build(OutError);

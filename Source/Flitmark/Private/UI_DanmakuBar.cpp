@@ -109,7 +109,6 @@ void UUI_DanmakuBar::OnInputTextChanged(const FText& Text)
 	FString Written = Text.ToString();
 	if (Written.Len() >= MaxNumOFInputTex)
 	{
-		// Where this raises the event again, the text is within the maximum then, and setting it once more is no change.
 		Written = UKismetStringLibrary::GetSubstring(Written, 0, MaxNumOFInputTex);
 		InputDanmakuText->SetText(FText::FromString(Written));
 	}

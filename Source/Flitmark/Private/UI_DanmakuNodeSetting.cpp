@@ -109,7 +109,6 @@ void UUI_DanmakuNodeSetting::NativeOnInitialized()
 	FontSelect = Normal;
 	C_FFFFFF->SetIsChecked(true);
 	ColorSelect = C_FFFFFF;
-	// Raises no event yet: the panel is not displayed.
 	InputColorText->SetText(FText::FromString(TEXT("#FFFFFF")));
 	DisplayColorImage->SetColorAndOpacity(FLinearColor(FColor::FromHex(TEXT("#FFFFFF"))));
 
