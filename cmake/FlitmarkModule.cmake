@@ -23,6 +23,7 @@ function(flitmark_module Name)
 	target_compile_definitions(${Arg_TARGET} PRIVATE ${Api}=DLLEXPORT INTERFACE ${Api}=DLLIMPORT)
 	# A unique symbol would keep the library mapped after it is unloaded.
 	target_compile_options(${Arg_TARGET} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+	flitmark_module_checks(${Arg_TARGET})
 	set(UsedHeaders "")
 	foreach(Used IN LISTS Arg_USES)
 		get_property(Each TARGET ${Used} PROPERTY FLITMARK_MODULE_HEADERS)

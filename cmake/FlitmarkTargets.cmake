@@ -18,6 +18,20 @@ function(flitmark_library Name Kind)
 	set_target_properties(${Name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
+# flitmark_module_checks(TARGET): compiles a module the way the engine's build does: all its sources merged into one unit,
+# where their unnamed namespaces meet, besides each one alone; and with the warnings that are errors there but not here.
+# Call it in the folder that declares the target, before generated sources are added.
+function(flitmark_module_checks Target)
+	set(Warnings -Wundef -Wdelete-non-virtual-dtor
+		$<$<CXX_COMPILER_ID:Clang>:-Wshadow-uncaptured-local -Winconsistent-missing-override -Wenum-conversion>)
+	get_target_property(Sources ${Target} SOURCES)
+	add_library(${Target}Merged OBJECT ${Sources})
+	set_target_properties(${Target}Merged PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+	target_link_libraries(${Target}Merged PRIVATE ${Target} FlitmarkFlags)
+	target_compile_options(${Target}Merged PRIVATE ${Warnings} -O0 -g0)
+	target_compile_options(${Target} PRIVATE ${Warnings})
+endfunction()
+
 # flitmark_program(NAME SOURCES file... [INCLUDE dir...] [LINK target...])
 function(flitmark_program Name)
 	cmake_parse_arguments(Arg "" "" "SOURCES;INCLUDE;LINK" ${ARGN})

@@ -194,6 +194,28 @@ TEST(FSourceRules, HandlersBoundByNameAreReflected)
 	EXPECT_GE(Bindings, 17) << "the pattern finds the subscriptions no more";
 }
 
+/** What the engine's build tool reads, and no compiler here does. */
+TEST(FSourceRules, BuildFileAsksForWhatTheSourcesNeed)
+{
+	std::ifstream Stream(Modules[0] / "Flitmark.Build.cs");
+	const std::string Rules{std::istreambuf_iterator<char>(Stream), {}};
+	for (const char* Rule : {"FPSemantics = FPSemanticsMode.Precise;", "PCHUsage = PCHUsageMode.NoSharedPCHs;"})
+	{
+		EXPECT_NE(Rules.find(Rule), std::string::npos) << Rule;
+	}
+	// Whoever includes a public header needs the modules whose headers it includes.
+	const std::size_t Private = Rules.find("PrivateDependencyModuleNames");
+	for (const char* Module :
+		 {"\"Core\"", "\"CoreUObject\"", "\"Engine\"", "\"UMG\"", "\"MediaAssets\"", "\"Slate\"", "\"SlateCore\""})
+	{
+		EXPECT_LT(Rules.find(Module), Private) << Module;
+	}
+	const std::string Mark = "PrivatePCHHeaderFile = \"";
+	const std::size_t Start = Rules.find(Mark) + Mark.size();
+	const std::string Header = Rules.substr(Start, Rules.find('"', Start) - Start);
+	EXPECT_TRUE(fs::is_regular_file(Modules[0] / Header)) << Header;
+}
+
 TEST(FSourceRules, EverySourceStartsWithItsHeader)
 {
 	for (const FSource& Source : ReadSources("Private"))
