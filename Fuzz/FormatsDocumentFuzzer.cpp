@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 	std::string Error;
 	FMemorySource Source(Bytes, Size + 1);
 	const bool bRead = ImportComments(Source, Result, Error);
-	Require(bRead == Error.empty(), "an error is told where there is one");
+	Require(bRead == Error.empty(), "there is an error message if, and only if, it failed");
 	CheckResult(Result);
 
 	FMemorySource Slow(Bytes, 3);
@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 	const std::string Written = WriteCommentDocument(Result.Comments);
 	FMemorySource WrittenSource(Written, Written.size());
 	Require(ImportComments(WrittenSource, Again, Error), "what was written can be read");
-	Require(Again.Report.NumBroken == 0 && Again.Report.NumMended == 0, "what was written is whole");
+	Require(Again.Report.NumBroken == 0 && Again.Report.NumRepaired == 0, "what was written is whole");
 	Require(WriteCommentDocument(Again.Comments) == Written, "what was written comes back to the byte");
 	return 0;
 }

@@ -1,15 +1,8 @@
 #include "FormatsKit.h"
-#include "JsonImport.h"
 
-/** Any bytes as every form of JSON but our own document. */
+/** Any bytes as every JSON format. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 {
-	using namespace Flitmark;
-	using enum ECommentFormat;
-	for (const ECommentFormat Format : {ParametersJson, RowsJson, ChatJson, ObjectsJson})
-	{
-		ImportChecked(ToBytes(Data, Size),
-					  [Format](IByteSource& InSource, FImportSink& OutSink) { ImportJson(InSource, Format, OutSink); });
-	}
+	Flitmark::ImportChecked(Flitmark::ToBytes(Data, Size), Flitmark::EFormatSyntax::Json);
 	return 0;
 }

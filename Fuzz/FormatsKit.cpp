@@ -1,6 +1,7 @@
 #include "FormatsKit.h"
 
 #include "Formats/CleanText.h"
+#include "ImportSink.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -22,12 +23,12 @@ void Require(bool bInHolds, const char* InWhat)
 void CheckResult(const FImportResult& InResult)
 {
 	const FImportReport& Report = InResult.Report;
-	Require(Report.NumRead == InResult.Comments.size(), "as many comments as were read");
+	Require(Report.NumRead == InResult.Comments.size(), "as many comments as were counted");
 	Require(std::accumulate(Report.NumOfKind.begin(), Report.NumOfKind.end(), uint64{0}) == Report.NumRead,
 			"each comment has a kind");
-	Require(Report.NumMended <= Report.NumRead, "what is mended is read");
-	Require(Report.Faults.size() == std::min<uint64>(Report.NumBroken + Report.NumMended, FImportReport::MaxFaults),
-			"the first faults are told");
+	Require(Report.NumRepaired <= Report.NumRead, "what is repaired is read");
+	Require(Report.Faults.size() == std::min<uint64>(Report.NumBroken + Report.NumRepaired, FImportReport::MaxFaults),
+			"the first faults are reported");
 	for (const FServiceComment& Comment : InResult.Comments)
 	{
 		Require(MakeCleanText(Comment.Text) == Comment.Text, "texts are clean");
@@ -38,14 +39,20 @@ void CheckResult(const FImportResult& InResult)
 	}
 }
 
-FImportResult ImportChecked(std::string_view InBytes, const FImporter& InImporter)
+void ImportChecked(std::string_view InBytes, EFormatSyntax InSyntax)
 {
-	FMemorySource Source(InBytes, InBytes.size() + 1);
-	FImportResult Result;
-	FImportSink Sink(Result, InBytes.size());
-	InImporter(Source, Sink);
-	CheckResult(Result);
-	return Result;
+	for (const FCommentFormat* const Format : GetCommentFormats())
+	{
+		if (Format->Syntax == InSyntax)
+		{
+			FMemorySource Source(InBytes, InBytes.size() + 1);
+			FImportResult Result;
+			FImportSink Sink(Result, InBytes.size());
+			std::string Error;
+			Format->Read(Source, Sink, Error);
+			CheckResult(Result);
+		}
+	}
 }
 
 } // namespace Flitmark

@@ -2,18 +2,14 @@
 
 #include "CoreTypes.h"
 #include "Formats/CommentImport.h"
-#include "ImportSink.h"
 
-#include <functional>
 #include <string_view>
 
 namespace Flitmark
 {
 
-using FImporter = std::function<void(IByteSource& InSource, FImportSink& OutSink)>;
-
-/** Runs an importer over bytes and stops the program where what comes out breaks a promise. */
-FImportResult ImportChecked(std::string_view InBytes, const FImporter& InImporter);
+/** Reads bytes as each format of a syntax, and stops the program if the result breaks a promise. */
+void ImportChecked(std::string_view InBytes, EFormatSyntax InSyntax);
 
 /** What a result promises whatever the input: clean texts, and counts that add up. */
 void CheckResult(const FImportResult& InResult);

@@ -1,10 +1,8 @@
 #include "FormatsKit.h"
-#include "ProtobufImport.h"
 
-/** Any bytes as the binary form of a list. */
+/** Any bytes as every binary format. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 {
-	using namespace Flitmark;
-	ImportChecked(ToBytes(Data, Size), ImportListProtobuf);
+	Flitmark::ImportChecked(Flitmark::ToBytes(Data, Size), Flitmark::EFormatSyntax::Protobuf);
 	return 0;
 }

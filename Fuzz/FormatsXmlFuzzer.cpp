@@ -1,11 +1,8 @@
 #include "FormatsKit.h"
-#include "XmlImport.h"
 
-/** Any bytes as both forms of XML. */
+/** Any bytes as every XML format. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 {
-	using namespace Flitmark;
-	ImportChecked(ToBytes(Data, Size), ImportListXml);
-	ImportChecked(ToBytes(Data, Size), ImportChatXml);
+	Flitmark::ImportChecked(Flitmark::ToBytes(Data, Size), Flitmark::EFormatSyntax::Xml);
 	return 0;
 }

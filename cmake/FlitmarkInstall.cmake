@@ -1,6 +1,4 @@
-# What "cmake --install" puts where: programs, their libraries in a folder of ours, and what the desktop shows of them.
-include(GNUInstallDirs)
-set(FlitmarkLibraryDir ${CMAKE_INSTALL_LIBDIR}/flitmark)
+# What "cmake --install" installs: programs, their libraries in our own folder, desktop entry and icons.
 set(FlitmarkPrograms FlitmarkCommandLine)
 if(TARGET FlitmarkPlayer)
 	list(APPEND FlitmarkPrograms FlitmarkPlayer)
@@ -10,8 +8,7 @@ if(TARGET FlitmarkPlayer)
 	install(FILES Resources/Icon128.png DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/128x128/apps
 		RENAME flitmark-player.png)
 endif()
-set(FlitmarkLibraries EngineLayer FlitmarkModule FlitmarkVideoLibrary)
-set_target_properties(${FlitmarkPrograms} PROPERTIES INSTALL_RPATH $ORIGIN/../${FlitmarkLibraryDir})
+set(FlitmarkLibraries EngineLayer FlitmarkModule FlitmarkWidgetsModule FlitmarkVideoLibrary)
 set_target_properties(${FlitmarkLibraries} PROPERTIES INSTALL_RPATH $ORIGIN)
 install(TARGETS ${FlitmarkPrograms} RUNTIME)
 install(TARGETS ${FlitmarkLibraries} LIBRARY DESTINATION ${FlitmarkLibraryDir})

@@ -1,23 +1,45 @@
-# The module itself, out of the very files that the engine builds. No build file of ours lies in its folder.
+# The modules, built from the same files as in the engine. Their folders contain none of our build files.
 include(FlitmarkReflect)
 
-set(ModuleDir ${CMAKE_SOURCE_DIR}/Source/Flitmark)
-set(ModuleHeaders DanmakuDataStruct DanmakuSave DanmakuTrack DanmakuTrackManager UI_Danmaku UI_DanmakuBar UI_DanmakuNode
-	UI_DanmakuNodeSetting)
-list(TRANSFORM ModuleHeaders REPLACE "(.+)" "${ModuleDir}/Private/\\1.cpp" OUTPUT_VARIABLE ModuleSources)
-list(TRANSFORM ModuleHeaders REPLACE "(.+)" "${ModuleDir}/Public/\\1.h")
+# flitmark_module(NAME TARGET target HEADERS stem... SOURCES file... [USES module-target...])
+# Source/NAME as the shared library UnrealEditor-NAME. Each header has a source of its name; SOURCES are those beyond.
+# USES: other modules that it stands on.
+function(flitmark_module Name)
+	cmake_parse_arguments(Arg "" "TARGET" "HEADERS;SOURCES;USES" ${ARGN})
+	set(Dir ${CMAKE_SOURCE_DIR}/Source/${Name})
+	list(TRANSFORM Arg_HEADERS REPLACE "(.+)" "${Dir}/Private/\\1.cpp" OUTPUT_VARIABLE Sources)
+	list(TRANSFORM Arg_HEADERS REPLACE "(.+)" "${Dir}/Public/\\1.h" OUTPUT_VARIABLE Headers)
+	list(TRANSFORM Arg_SOURCES PREPEND ${Dir}/Private/)
+	flitmark_library(${Arg_TARGET} SHARED
+		SOURCES ${Sources} ${Arg_SOURCES}
+		INCLUDE ${Dir}/Public
+		PRIVATE_INCLUDE ${Dir}/Private
+		LINK EngineLayer ${Arg_USES})
+	set_target_properties(${Arg_TARGET} PROPERTIES
+		OUTPUT_NAME UnrealEditor-${Name}
+		CXX_VISIBILITY_PRESET hidden
+		VISIBILITY_INLINES_HIDDEN ON)
+	string(TOUPPER ${Name}_API Api)
+	target_compile_definitions(${Arg_TARGET} PRIVATE ${Api}=DLLEXPORT INTERFACE ${Api}=DLLIMPORT)
+	# A unique symbol would keep the library mapped after it is unloaded.
+	target_compile_options(${Arg_TARGET} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+	flitmark_module_checks(${Arg_TARGET})
+	set(UsedHeaders "")
+	foreach(Used IN LISTS Arg_USES)
+		get_property(Each TARGET ${Used} PROPERTY FLITMARK_MODULE_HEADERS)
+		list(APPEND UsedHeaders ${Each})
+	endforeach()
+	set_property(TARGET ${Arg_TARGET} PROPERTY FLITMARK_MODULE_HEADERS ${UsedHeaders} ${Headers})
+	flitmark_reflect(TARGET ${Arg_TARGET} MODULE_NAME ${Name} PACKAGE /Script/${Name} API ${Api}
+		HEADERS ${Headers} USES ${UsedHeaders})
+endfunction()
 
-flitmark_library(FlitmarkModule SHARED
-	SOURCES ${ModuleSources} ${ModuleDir}/Private/FlitmarkModule.cpp
-	INCLUDE ${ModuleDir}/Public
-	PRIVATE_INCLUDE ${ModuleDir}/Private
-	LINK EngineLayer)
-set_target_properties(FlitmarkModule PROPERTIES
-	OUTPUT_NAME UnrealEditor-Flitmark
-	CXX_VISIBILITY_PRESET hidden
-	VISIBILITY_INLINES_HIDDEN ON)
-target_compile_definitions(FlitmarkModule PRIVATE FLITMARK_API=DLLEXPORT INTERFACE FLITMARK_API=DLLIMPORT)
-# A unique symbol would keep the library mapped after it is unloaded.
-target_compile_options(FlitmarkModule PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
-flitmark_reflect(TARGET FlitmarkModule MODULE_NAME Flitmark PACKAGE /Script/Flitmark API FLITMARK_API
-	HEADERS ${ModuleHeaders})
+flitmark_module(Flitmark TARGET FlitmarkModule
+	HEADERS DanmakuDataStruct DanmakuSave DanmakuTrack DanmakuTrackManager UI_Danmaku UI_DanmakuBar UI_DanmakuNode
+		UI_DanmakuNodeSetting
+	SOURCES FlitmarkModule.cpp)
+flitmark_module(FlitmarkWidgets TARGET FlitmarkWidgetsModule
+	HEADERS FlitmarkBar FlitmarkComment FlitmarkCommentMode FlitmarkOverlay FlitmarkPanel FlitmarkPlayer
+		FlitmarkViewerComment
+	SOURCES FlitmarkWidgetsModule.cpp WidgetMaking.cpp
+	USES FlitmarkModule)

@@ -1,21 +1,35 @@
-# Build helpers: every target of the project is declared through these, so that flags and include rules are said once.
+# Every target is declared with these helpers, so that flags and include rules are defined once.
 
 add_library(FlitmarkFlags INTERFACE)
 target_compile_features(FlitmarkFlags INTERFACE cxx_std_20)
-# Floats are behaviour: no contraction, so that every compiler gives the same bits.
+# Floats are behavior: no contraction, so that every compiler produces the same bits.
 target_compile_options(FlitmarkFlags INTERFACE -Wall -Wextra -Wconversion -Wshadow -Werror -ffp-contract=off)
-# gcc 12 sees overlaps in inlined string concatenation that are not there.
+# gcc 12 reports false overlaps in inlined string concatenation.
 target_compile_options(FlitmarkFlags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
 # flitmark_library(NAME STATIC|SHARED|OBJECT SOURCES file... [INCLUDE dir...] [PRIVATE_INCLUDE dir...]
 #                  [LINK target...] [PRIVATE_LINK target...])
-# INCLUDE and LINK are what users of the library see too.
+# INCLUDE and LINK also apply to users of the library.
 function(flitmark_library Name Kind)
 	cmake_parse_arguments(Arg "" "" "SOURCES;INCLUDE;PRIVATE_INCLUDE;LINK;PRIVATE_LINK" ${ARGN})
 	add_library(${Name} ${Kind} ${Arg_SOURCES})
 	target_include_directories(${Name} PUBLIC ${Arg_INCLUDE} PRIVATE ${Arg_PRIVATE_INCLUDE})
 	target_link_libraries(${Name} PUBLIC ${Arg_LINK} PRIVATE FlitmarkFlags ${Arg_PRIVATE_LINK})
 	set_target_properties(${Name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# flitmark_module_checks(TARGET): compiles a module the way the engine's build does: all its sources merged into one unit,
+# where their unnamed namespaces meet, besides each one alone; and with the warnings that are errors there but not here.
+# Call it in the folder that declares the target, before generated sources are added.
+function(flitmark_module_checks Target)
+	set(Warnings -Wundef -Wdelete-non-virtual-dtor
+		$<$<CXX_COMPILER_ID:Clang>:-Wshadow-uncaptured-local -Winconsistent-missing-override -Wenum-conversion>)
+	get_target_property(Sources ${Target} SOURCES)
+	add_library(${Target}Merged OBJECT ${Sources})
+	set_target_properties(${Target}Merged PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+	target_link_libraries(${Target}Merged PRIVATE ${Target} FlitmarkFlags)
+	target_compile_options(${Target}Merged PRIVATE ${Warnings} -O0 -g0)
+	target_compile_options(${Target} PRIVATE ${Warnings})
 endfunction()
 
 # flitmark_program(NAME SOURCES file... [INCLUDE dir...] [LINK target...])
@@ -34,7 +48,7 @@ function(flitmark_test Name)
 	target_include_directories(${Name} PRIVATE ${Arg_INCLUDE})
 	target_compile_definitions(${Name} PRIVATE ${Arg_DEFINE})
 	target_link_libraries(${Name} PRIVATE FlitmarkFlags ${Arg_LINK} GTest::gtest GTest::gtest_main)
-	# Tests take longer to optimise than to run; what they test is optimised.
+	# Tests take longer to optimize than to run; the code under test is optimized.
 	target_compile_options(${Name} PRIVATE -O0)
 	gtest_discover_tests(${Name} DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES)
 endfunction()

@@ -1,8 +1,7 @@
-# Every header alone: a file that includes nothing but one header is compiled for each of them, with what its own target
-# sees. A header that leans on what its includers happen to include breaks here. A header that its own source includes
-# before all else is checked by that.
+# Compiles every header alone, with the include paths of its target: a header that relies on what its includers happen to
+# include fails here. A header that its own source includes first needs no extra check.
 
-# Whether one of the target's sources begins with the header.
+# Whether one of the target's sources includes the header first.
 function(flitmark_is_first_include Header Target Out)
 	set(${Out} OFF PARENT_SCOPE)
 	cmake_path(GET Header STEM Name)
@@ -18,7 +17,7 @@ function(flitmark_is_first_include Header Target Out)
 	endforeach()
 endfunction()
 
-# The headers of one target are those in its own include folders; a folder belongs to the first target that names it.
+# A target's headers are those in its include folders; a folder belongs to the first target that names it.
 function(flitmark_check_headers Target)
 	get_target_property(Dirs ${Target} INCLUDE_DIRECTORIES)
 	get_target_property(Dir ${Target} SOURCE_DIR)
@@ -52,7 +51,7 @@ function(flitmark_check_headers Target)
 		return()
 	endif()
 	add_library(${Target}Headers OBJECT ${Sources})
-	# Warnings are for the one header; what it includes is checked on its own, or not ours.
+	# Only warn about this header; what it includes is checked separately or not ours.
 	target_include_directories(${Target}Headers SYSTEM PRIVATE $<TARGET_PROPERTY:${Target},INCLUDE_DIRECTORIES>)
 	target_compile_definitions(${Target}Headers PRIVATE $<TARGET_PROPERTY:${Target},COMPILE_DEFINITIONS>)
 	target_link_libraries(${Target}Headers PRIVATE FlitmarkFlags)
@@ -60,7 +59,7 @@ function(flitmark_check_headers Target)
 	add_dependencies(${Target}Headers ${Target})
 endfunction()
 
-# All targets of the given kinds, in a folder and in those below it.
+# All targets of the given kinds in a folder and its subfolders.
 function(flitmark_check_headers_below Dir Kinds)
 	get_property(Targets DIRECTORY ${Dir} PROPERTY BUILDSYSTEM_TARGETS)
 	foreach(Target IN LISTS Targets)
@@ -75,6 +74,6 @@ function(flitmark_check_headers_below Dir Kinds)
 	endforeach()
 endfunction()
 
-# The engine layer's modules are object libraries; the library made of them sees more than each of them may.
+# The engine layer's modules are object libraries; the library made from them sees more than each of them may.
 flitmark_check_headers_below(${CMAKE_SOURCE_DIR} OBJECT_LIBRARY)
 flitmark_check_headers_below(${CMAKE_SOURCE_DIR} "STATIC_LIBRARY;SHARED_LIBRARY;EXECUTABLE")

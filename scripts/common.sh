@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What the other scripts share; they source it, from the repository root.
+# Shared functions, sourced by the other scripts from the repository root.
 
 die()
 {
@@ -12,8 +12,8 @@ headline()
   printf '\n== %s\n' "$*"
 }
 
-# build PRESET [TARGET] [cmake option...]: configures (quickly when nothing changed) and builds one preset, or one target of
-# it, into build/PRESET.
+# build PRESET [TARGET] [cmake option...]: configures (quickly if nothing changed) and builds a preset, or one of its
+# targets, in build/PRESET.
 build()
 {
   local preset=$1 quiet=() target=() said

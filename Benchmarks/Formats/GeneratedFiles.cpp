@@ -1,5 +1,8 @@
 #include "GeneratedFiles.h"
 
+#include "CoreTypes.h"
+
+#include <algorithm>
 #include <cstdio>
 #include <random>
 
@@ -10,7 +13,7 @@ namespace
 {
 
 /** What the formats say about a comment, each in its own way. */
-struct FDrawn
+struct FGenerated
 {
 	long long Id = 0;
 	double Seconds = 0.0;
@@ -22,26 +25,26 @@ struct FDrawn
 	std::string Text;
 };
 
-class FDrawer
+class FGenerator
 {
 public:
-	FDrawn Draw()
+	FGenerated Make()
 	{
-		FDrawn Drawn;
-		Drawn.Id = 20'000'000'000LL + static_cast<long long>(Random() % 1'000'000'000U);
-		Drawn.Seconds = static_cast<double>(Random() % 7'200'000U) / 1000.0;
-		Drawn.Mode = Random() % 10 == 0 ? (Random() % 2 == 0 ? 4 : 5) : 1;
-		Drawn.Size = Random() % 20 == 0 ? 18 : 25;
-		Drawn.Color = Random() % 4 == 0 ? Random() & 0xFFFFFF : 0xFFFFFF;
-		Drawn.Sent = 1'600'000'000LL + Random() % 100'000'000U;
-		Drawn.Sender = static_cast<unsigned>(Random());
-		Drawn.Text = DrawText();
-		return Drawn;
+		FGenerated Comment;
+		Comment.Id = 20'000'000'000LL + static_cast<long long>(Random() % 1'000'000'000U);
+		Comment.Seconds = static_cast<double>(Random() % 7'200'000U) / 1000.0;
+		Comment.Mode = Random() % 10 == 0 ? (Random() % 2 == 0 ? 4 : 5) : 1;
+		Comment.Size = Random() % 20 == 0 ? 18 : 25;
+		Comment.Color = Random() % 4 == 0 ? Random() & 0xFFFFFF : 0xFFFFFF;
+		Comment.Sent = 1'600'000'000LL + Random() % 100'000'000U;
+		Comment.Sender = static_cast<unsigned>(Random());
+		Comment.Text = MakeText();
+		return Comment;
 	}
 
 private:
 	/** 2 to 30 characters, four fifths of them of three bytes. */
-	std::string DrawText()
+	std::string MakeText()
 	{
 		constexpr std::string_view Ideographs =
 			"的一是不了人我在有他这中大来上国个到说们为子和你地出道也时年得就那要下以生会自着去之过";
@@ -65,10 +68,10 @@ private:
 };
 
 template <typename... Types>
-std::string Print(const char* InForm, Types... InValues)
+std::string Print(const char* InFormat, Types... InValues)
 {
 	char Text[512];
-	const int Size = std::snprintf(Text, sizeof(Text), InForm, InValues...);
+	const int Size = std::snprintf(Text, sizeof(Text), InFormat, InValues...);
 	return {Text, static_cast<std::size_t>(Size)};
 }
 
@@ -104,97 +107,117 @@ void AppendBytes(std::string& OutBytes, int InField, const std::string& InValue)
 	OutBytes += InValue;
 }
 
-std::string MakeMessage(const FDrawn& InDrawn)
+std::string MakeMessage(const FGenerated& InComment)
 {
 	std::string Entry;
-	AppendNumber(Entry, 1, static_cast<uint64>(InDrawn.Id));
-	AppendNumber(Entry, 2, static_cast<uint64>(InDrawn.Seconds * 1000.0));
-	AppendNumber(Entry, 3, static_cast<uint64>(InDrawn.Mode));
-	AppendNumber(Entry, 4, static_cast<uint64>(InDrawn.Size));
-	AppendNumber(Entry, 5, InDrawn.Color);
-	AppendBytes(Entry, 6, Print("%08x", InDrawn.Sender));
-	AppendBytes(Entry, 7, InDrawn.Text);
-	AppendNumber(Entry, 8, static_cast<uint64>(InDrawn.Sent));
+	AppendNumber(Entry, 1, static_cast<uint64>(InComment.Id));
+	AppendNumber(Entry, 2, static_cast<uint64>(InComment.Seconds * 1000.0));
+	AppendNumber(Entry, 3, static_cast<uint64>(InComment.Mode));
+	AppendNumber(Entry, 4, static_cast<uint64>(InComment.Size));
+	AppendNumber(Entry, 5, InComment.Color);
+	AppendBytes(Entry, 6, Print("%08x", InComment.Sender));
+	AppendBytes(Entry, 7, InComment.Text);
+	AppendNumber(Entry, 8, static_cast<uint64>(InComment.Sent));
 	std::string Message;
 	AppendBytes(Message, 1, Entry);
 	return Message;
 }
 
-std::string MakeEntry(ECommentFormat InFormat, const FDrawn& InDrawn)
+long long GetMilliseconds(const FGenerated& InComment)
 {
-	const auto Milliseconds = static_cast<long long>(InDrawn.Seconds * 1000.0);
-	switch (InFormat)
-	{
-	case ECommentFormat::ListXml:
-		return Print("<d p=\"%.5f,%d,%d,%u,%lld,0,%08x,%lld\">", InDrawn.Seconds, InDrawn.Mode, InDrawn.Size,
-					 InDrawn.Color, InDrawn.Sent, InDrawn.Sender, InDrawn.Id) +
-			   EscapeXml(InDrawn.Text) + "</d>\n";
-	case ECommentFormat::ChatXml:
-		return Print("<chat thread=\"1600000000\" no=\"%lld\" vpos=\"%lld\" date=\"%lld\" mail=\"%s small\" "
-					 "user_id=\"u%08x\" anonymity=\"1\">",
-					 InDrawn.Id % 100'000, Milliseconds / 10, InDrawn.Sent, InDrawn.Mode == 1 ? "184" : "ue red",
-					 InDrawn.Sender) +
-			   EscapeXml(InDrawn.Text) + "</chat>\n";
-	case ECommentFormat::ListProtobuf:
-		return MakeMessage(InDrawn);
-	case ECommentFormat::ParametersJson:
-		return Print("{\"cid\":%lld,\"p\":\"%.2f,%d,%u,%08x\",\"m\":\"", InDrawn.Id, InDrawn.Seconds, InDrawn.Mode,
-					 InDrawn.Color, InDrawn.Sender) +
-			   InDrawn.Text + "\"},\n";
-	case ECommentFormat::RowsJson:
-		return Print("[%.3f,%d,%u,\"%08x\",\"", InDrawn.Seconds, InDrawn.Mode % 3, InDrawn.Color, InDrawn.Sender) +
-			   InDrawn.Text + "\"],\n";
-	case ECommentFormat::ChatJson:
-		return Print("{\"chat\":{\"thread\":\"1600000000\",\"no\":%lld,\"vpos\":%lld,\"date\":%lld,\"mail\":\"184 ue\","
-					 "\"user_id\":\"u%08x\",\"content\":\"",
-					 InDrawn.Id % 100'000, Milliseconds / 10, InDrawn.Sent, InDrawn.Sender) +
-			   InDrawn.Text + "\"}}\n";
-	case ECommentFormat::ObjectsJson:
-		return Print("{\"danmakuId\":%lld,\"userId\":%u,\"position\":%lld,\"mode\":%d,\"textColor\":%u,\"textSize\":%d,"
-					 "\"createTime\":%lld,\"content\":\"",
-					 InDrawn.Id, InDrawn.Sender, Milliseconds, InDrawn.Mode, InDrawn.Color, InDrawn.Size,
-					 InDrawn.Sent * 1000) +
-			   InDrawn.Text + "\"},\n";
-	default:
-		return Print("{\"danmaku_id\":%lld,\"post_id\":7,\"user_id\":%u,\"user_display_name\":\"Mira\","
-					 "\"danmaku_post_date\":\"2026.01.31-20.15.00\",\"danmaku_spawn_time\":%lld,\"danmaku_mode\":%d,"
-					 "\"danmaku_font_size\":24,\"danmaku_font_color\":\"#%06X\",\"danmaku_content\":\"",
-					 InDrawn.Id % 1'000'000, InDrawn.Sender % 1'000'000, Milliseconds * 10'000, InDrawn.Mode % 3,
-					 InDrawn.Color) +
-			   InDrawn.Text + "\"},\n";
-	}
+	return static_cast<long long>(InComment.Seconds * 1000.0);
 }
+
+std::string MakeListXml(const FGenerated& InComment)
+{
+	return Print("<d p=\"%.5f,%d,%d,%u,%lld,0,%08x,%lld\">", InComment.Seconds, InComment.Mode, InComment.Size,
+				 InComment.Color, InComment.Sent, InComment.Sender, InComment.Id) +
+		   EscapeXml(InComment.Text) + "</d>\n";
+}
+
+std::string MakeChatXml(const FGenerated& InComment)
+{
+	return Print("<chat thread=\"1600000000\" no=\"%lld\" vpos=\"%lld\" date=\"%lld\" mail=\"%s small\" "
+				 "user_id=\"u%08x\" anonymity=\"1\">",
+				 InComment.Id % 100'000, GetMilliseconds(InComment) / 10, InComment.Sent,
+				 InComment.Mode == 1 ? "184" : "ue red", InComment.Sender) +
+		   EscapeXml(InComment.Text) + "</chat>\n";
+}
+
+std::string MakeParametersJson(const FGenerated& InComment)
+{
+	return Print("{\"cid\":%lld,\"p\":\"%.2f,%d,%u,%08x\",\"m\":\"", InComment.Id, InComment.Seconds, InComment.Mode,
+				 InComment.Color, InComment.Sender) +
+		   InComment.Text + "\"},\n";
+}
+
+std::string MakeRowsJson(const FGenerated& InComment)
+{
+	return Print("[%.3f,%d,%u,\"%08x\",\"", InComment.Seconds, InComment.Mode % 3, InComment.Color, InComment.Sender) +
+		   InComment.Text + "\"],\n";
+}
+
+std::string MakeChatJson(const FGenerated& InComment)
+{
+	return Print("{\"chat\":{\"thread\":\"1600000000\",\"no\":%lld,\"vpos\":%lld,\"date\":%lld,\"mail\":\"184 ue\","
+				 "\"user_id\":\"u%08x\",\"content\":\"",
+				 InComment.Id % 100'000, GetMilliseconds(InComment) / 10, InComment.Sent, InComment.Sender) +
+		   InComment.Text + "\"}}\n";
+}
+
+std::string MakeObjectsJson(const FGenerated& InComment)
+{
+	return Print("{\"danmakuId\":%lld,\"userId\":%u,\"position\":%lld,\"mode\":%d,\"textColor\":%u,\"textSize\":%d,"
+				 "\"createTime\":%lld,\"content\":\"",
+				 InComment.Id, InComment.Sender, GetMilliseconds(InComment), InComment.Mode, InComment.Color,
+				 InComment.Size, InComment.Sent * 1000) +
+		   InComment.Text + "\"},\n";
+}
+
+std::string MakeDocument(const FGenerated& InComment)
+{
+	return Print("{\"danmaku_id\":%lld,\"post_id\":7,\"user_id\":%u,\"user_display_name\":\"Mira\","
+				 "\"danmaku_post_date\":\"2026.01.31-20.15.00\",\"danmaku_spawn_time\":%lld,\"danmaku_mode\":%d,"
+				 "\"danmaku_font_size\":24,\"danmaku_font_color\":\"#%06X\",\"danmaku_content\":\"",
+				 InComment.Id % 1'000'000, InComment.Sender % 1'000'000, GetMilliseconds(InComment) * 10'000,
+				 InComment.Mode % 3, InComment.Color) +
+		   InComment.Text + "\"},\n";
+}
+
+struct FFileShape
+{
+	std::string_view Format;
+	const char* Begin;
+	const char* End;
+	/** How much of the last entry separates it from the next. */
+	std::size_t Separator;
+	std::string (*MakeEntry)(const FGenerated& InComment);
+};
+
+constexpr FFileShape Shapes[] = {
+	{"list-xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<i>\n", "</i>\n", 0, MakeListXml},
+	{"list-protobuf", "", "", 0, MakeMessage},
+	{"parameters-json", "{\"count\":1,\"comments\":[\n", "]}\n", 2, MakeParametersJson},
+	{"rows-json", "{\"code\":0,\"data\":[\n", "]}\n", 2, MakeRowsJson},
+	{"chat-xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<packet>\n", "</packet>\n", 0, MakeChatXml},
+	{"chat-json", "", "", 0, MakeChatJson},
+	{"objects-json", "[\n", "]\n", 2, MakeObjectsJson},
+	{"document", "{\"datas\":[\n", "]}\n", 2, MakeDocument},
+};
 
 } // namespace
 
-std::string GenerateFile(ECommentFormat InFormat, std::size_t InSize)
+std::string GenerateFile(std::string_view InFormat, std::size_t InSize)
 {
-	struct FFrame
-	{
-		const char* Begin;
-		const char* End;
-		/** How much of the last entry parts it from the next. */
-		std::size_t Separator;
-	};
-	// In the enumeration's order.
-	constexpr FFrame Frames[] = {{"", "", 0},
-								 {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<i>\n", "</i>\n", 0},
-								 {"", "", 0},
-								 {"{\"count\":1,\"comments\":[\n", "]}\n", 2},
-								 {"{\"code\":0,\"data\":[\n", "]}\n", 2},
-								 {"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<packet>\n", "</packet>\n", 0},
-								 {"", "", 0},
-								 {"[\n", "]\n", 2},
-								 {"{\"datas\":[\n", "]}\n", 2}};
-	const FFrame& Frame = Frames[static_cast<std::size_t>(InFormat)];
-	FDrawer Drawer;
-	std::string File = Frame.Begin;
+	const FFileShape& Shape = *std::ranges::find(Shapes, InFormat, &FFileShape::Format);
+	FGenerator Generator;
+	std::string File = Shape.Begin;
 	while (File.size() < InSize)
 	{
-		File += MakeEntry(InFormat, Drawer.Draw());
+		File += Shape.MakeEntry(Generator.Make());
 	}
-	File.resize(File.size() - Frame.Separator);
-	return File += Frame.End;
+	File.resize(File.size() - Shape.Separator);
+	return File += Shape.End;
 }
 
 } // namespace Flitmark

@@ -12,7 +12,7 @@ namespace
 
 constexpr std::size_t FileSize = std::size_t{20} << 20;
 
-void Import(benchmark::State& InState, ECommentFormat InFormat)
+void Import(benchmark::State& InState, const char* InFormat)
 {
 	const std::string File = GenerateFile(InFormat, FileSize);
 	std::string Error;
@@ -20,7 +20,8 @@ void Import(benchmark::State& InState, ECommentFormat InFormat)
 	for (auto Pass : InState)
 	{
 		FMemorySource Source(File);
-		if (!ImportComments(Source, Result, Error) || Result.Report.Format != InFormat || Result.Report.NumBroken > 0)
+		if (!ImportComments(Source, Result, Error) || Result.Report.Format != FindCommentFormat(InFormat) ||
+			Result.Report.NumBroken > 0)
 		{
 			InState.SkipWithError(("not read as a whole: " + Error).c_str());
 			break;
@@ -32,7 +33,7 @@ void Import(benchmark::State& InState, ECommentFormat InFormat)
 
 void Write(benchmark::State& InState)
 {
-	const std::string File = GenerateFile(ECommentFormat::ListXml, FileSize);
+	const std::string File = GenerateFile("list-xml", FileSize);
 	FMemorySource Source(File);
 	FImportResult Result;
 	std::string Error;
@@ -51,14 +52,14 @@ void Write(benchmark::State& InState)
 	InState.SetItemsProcessed(InState.iterations() * static_cast<int64>(Result.Comments.size()));
 }
 
-BENCHMARK_CAPTURE(Import, ListXml, ECommentFormat::ListXml)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ListProtobuf, ECommentFormat::ListProtobuf)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ParametersJson, ECommentFormat::ParametersJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, RowsJson, ECommentFormat::RowsJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ChatXml, ECommentFormat::ChatXml)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ChatJson, ECommentFormat::ChatJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, ObjectsJson, ECommentFormat::ObjectsJson)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(Import, Own, ECommentFormat::Own)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ListXml, "list-xml")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ListProtobuf, "list-protobuf")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ParametersJson, "parameters-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, RowsJson, "rows-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ChatXml, "chat-xml")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ChatJson, "chat-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ObjectsJson, "objects-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, Own, "document")->Unit(benchmark::kMillisecond);
 BENCHMARK(Write)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -25,7 +25,7 @@ void PaintFrames(benchmark::State& InState, AVPixelFormat InFormat)
 	}
 	FSyntheticOverlay Overlay(Crowd);
 	Overlay.Open({Held->width, Held->height, 1.0, 30.0});
-	FFramePainter Painter({}, 1.0);
+	FFramePainter Painter(FOrientation{});
 	Painter.Start(InFormat, Held->width, Held->height);
 	std::vector<FPlacedSprite> Sprites;
 	int64 Frame = 0;

@@ -4,9 +4,15 @@ public class Flitmark : ModuleRules
 {
 	public Flitmark(ReadOnlyTargetRules Target) : base(Target)
 	{
-		PCHUsage = PCHUsageMode.UseExplicitOrSharedPCHs;
+		// Lane counts depend on how each float operation rounds, so the compiler must not reassociate them.
+		FPSemantics = FPSemanticsMode.Precise;
+		// Shared precompiled headers are built with the target's semantics, which a module that differs cannot use.
+		PCHUsage = PCHUsageMode.NoSharedPCHs;
+		PrivatePCHHeaderFile = "Private/FlitmarkPCH.h";
 
-		PublicDependencyModuleNames.AddRange(new[] { "Core", "CoreUObject", "Engine", "UMG", "MediaAssets" });
-		PrivateDependencyModuleNames.AddRange(new[] { "Json", "Slate", "SlateCore" });
+		// Slate and SlateCore: UMG's headers, which the public ones include, include theirs.
+		PublicDependencyModuleNames.AddRange(
+			new[] { "Core", "CoreUObject", "Engine", "UMG", "MediaAssets", "Slate", "SlateCore" });
+		PrivateDependencyModuleNames.AddRange(new[] { "Json" });
 	}
 }

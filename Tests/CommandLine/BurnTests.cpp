@@ -67,7 +67,7 @@ TEST(Burn, PaintsEachCommentInItsTimeAndPlace)
 	const std::string Out = Folder.File("o.mp4");
 	const FProgramResult Result = RunProgram({"burn", BlackVideo(), Comments, "-o", Out, "--preset", "ultrafast"});
 	ASSERT_EQ(Result.ExitCode, 0) << Result.Error;
-	EXPECT_THAT(Result.Out, HasSubstr(Out + ": 50 frames, 00:02"));
+	EXPECT_THAT(Result.Out, HasSubstr(Out + ": 50 frames, 0:02"));
 	EXPECT_EQ(Capture("ffprobe -v error -show_entries stream=codec_name -of csv=p=0 " + Out), "h264\naac\n");
 
 	const std::string Early = GreyFrame(Out, 20);
@@ -141,15 +141,16 @@ INSTANTIATE_TEST_SUITE_P(
 		FRefusalCase{
 			"OutputIsDocument", {"burn", "%/v.mp4", "%/c.json", "-o", "%/c.json"}, "is the file of the comments"},
 		FRefusalCase{"NoFolder", {"burn", "%/v.mp4", "%/c.json", "-o", "%/none/o.mp4"}, "none does not exist"},
-		FRefusalCase{"Codec", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--codec", "x"}, "no video encoder"},
+		FRefusalCase{
+			"Codec", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--codec", "x"}, "no such video encoder"},
 		FRefusalCase{"Preset", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--preset", "x"}, "preset"},
 		FRefusalCase{"Container", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.xyz"}, "o.xyz"},
-		FRefusalCase{"FromBehindEnd", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--from", "99"}, "lasts 2.0"},
+		FRefusalCase{"FromBehindEnd", {"burn", "%/v.mp4", "%/c.json", "-o", "%/o.mp4", "--from", "99"}, "only 2.0"},
 		FRefusalCase{"NotAVideo", {"burn", "%/plain.txt", "%/c.json", "-o", "%/o.mp4"}, "plain.txt"},
 		FRefusalCase{
 			"NotAVideoForShot", {"shot", "%/plain.txt", "%/c.json", "-o", "%/p.png", "--at", "0"}, "plain.txt"},
 		FRefusalCase{"MissingDocument", {"burn", "%/v.mp4", "%/d.json", "-o", "%/o.mp4"}, "d.json: cannot be opened"},
-		FRefusalCase{"ShotBehindEnd", {"shot", "%/v.mp4", "%/c.json", "-o", "%/p.png", "--at", "5:00"}, "lasts 2.0"}),
+		FRefusalCase{"ShotBehindEnd", {"shot", "%/v.mp4", "%/c.json", "-o", "%/p.png", "--at", "5:00"}, "only 2.0"}),
 	[](const auto& InCase) { return InCase.param.Name; });
 
 TEST(Burn, CtrlCLeavesNothing)

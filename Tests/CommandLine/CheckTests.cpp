@@ -144,7 +144,7 @@ TEST(Check, NamesTheFirstOfManyElements)
 	const FProgramResult Result = RunProgram({"check", Folder.Write("c.json", MakeDocument(Comments))});
 	EXPECT_EQ(Result.ExitCode, 1);
 	EXPECT_THAT(Result.Out, HasSubstr("25,000 comments, 24,999 will not be seen"));
-	EXPECT_THAT(Result.Out, HasSubstr("mode is none of 0 (scroll), 1 (top), 2 (bottom): elements 1, 2, 3, 4, 5, 6, 7, "
+	EXPECT_THAT(Result.Out, HasSubstr("mode is not 0 (scroll), 1 (top) or 2 (bottom): elements 1, 2, 3, 4, 5, 6, 7, "
 									  "8, 9, 10 and 24,989 more"));
 	EXPECT_THAT(Result.Out, HasSubstr("the first is element 0"));
 	EXPECT_LT(Result.Out.size(), 1000u);

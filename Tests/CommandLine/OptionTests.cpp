@@ -41,21 +41,21 @@ INSTANTIATE_TEST_SUITE_P(
 		FUsageCase{"ShotHelp", {"shot", "--help"}, 0, "--at", ""},
 		FUsageCase{"CheckHelp", {"check", "--help"}, 0, "Exit status", ""},
 		FUsageCase{"TraceHelp", {"trace", "--help"}, 0, "--script", ""},
-		FUsageCase{"Nothing", {}, 2, "", "flitmark: A subcommand is required"},
-		FUsageCase{"UnknownCommand", {"paint"}, 2, "", "no command \"paint\"; see \"flitmark --help\""},
-		FUsageCase{"UnknownFirstOption", {"--fast"}, 2, "", "no option \"--fast\""},
+		FUsageCase{"Nothing", {}, 2, "", "flitmark: no command given; see"},
+		FUsageCase{"UnknownCommand", {"paint"}, 2, "", "unknown command \"paint\"; see \"flitmark --help\""},
+		FUsageCase{"UnknownFirstOption", {"--fast"}, 2, "", "unknown option \"--fast\""},
 		FUsageCase{"UnknownOption", {"check", "x", "--fast"}, 2, "", "--fast"},
 		FUsageCase{"MissingFile", {"check"}, 2, "", "COMMENTS is required"},
 		FUsageCase{"MissingOutput", {"burn", "v", "c"}, 2, "", "--output is required"},
 		FUsageCase{"MissingTime", {"shot", "v", "c", "-o", "p.png"}, 2, "", "--at is required"},
-		FUsageCase{"WrongTime", {"shot", "v", "c", "-o", "p.png", "--at", "1:60"}, 2, "", "\"1:60\" is no time"},
-		FUsageCase{"NegativeTime", {"burn", "v", "c", "-o", "o.mp4", "--from=-3"}, 2, "", "\"-3\" is no time"},
+		FUsageCase{"WrongTime", {"shot", "v", "c", "-o", "p.png", "--at", "1:60"}, 2, "", "\"1:60\" is not a time"},
+		FUsageCase{"NegativeTime", {"burn", "v", "c", "-o", "o.mp4", "--from=-3"}, 2, "", "\"-3\" is not a time"},
 		FUsageCase{"EndBeforeBegin",
 				   {"burn", "v", "c", "-o", "o.mp4", "--from", "1:00", "--to", "60"},
 				   2,
 				   "",
-				   "--to: must be behind"},
-		FUsageCase{"WrongSize", {"check", "x", "--size", "0x5"}, 2, "", "\"0x5\" is no size"},
+				   "--to: must be after --from"},
+		FUsageCase{"WrongSize", {"check", "x", "--size", "0x5"}, 2, "", "\"0x5\" is not a size"},
 		FUsageCase{"Opacity", {"shot", "v", "c", "-o", "p.png", "--at", "1", "--opacity", "1.5"}, 2, "", "--opacity"},
 		FUsageCase{"Scale", {"burn", "v", "c", "-o", "o.mp4", "--scale", "0"}, 2, "", "--scale"},
 		FUsageCase{"Seed", {"burn", "v", "c", "-o", "o.mp4", "--seed", "x"}, 2, "", "--seed"},
@@ -63,16 +63,44 @@ INSTANTIATE_TEST_SUITE_P(
 		FUsageCase{"ConvertHelp", {"convert", "--help"}, 0, "--offset", ""},
 		FUsageCase{"StatsHelp", {"stats", "--help"}, 0, "density.svg", ""},
 		FUsageCase{
-			"Pattern", {"burn", "v", "c", "-o", "o.mp4", "--block", "*"}, 2, "", "\"*\" is no regular expression"},
-		FUsageCase{"NoUser", {"check", "c", "--block-user", ""}, 2, "", "--block-user: names no user"},
-		FUsageCase{"Modes", {"trace", "c", "--only", "scroll,left"}, 2, "", "\"scroll,left\" is no list of the modes"},
-		FUsageCase{"Window", {"shot", "v", "c", "--merge", "0"}, 2, "", "\"0\" is no number of seconds above 0"},
-		FUsageCase{"Most", {"stats", "c", "--max-per-second", "0"}, 2, "", "\"0\" is no whole number of 1 or more"},
+			"Pattern", {"burn", "v", "c", "-o", "o.mp4", "--block", "*"}, 2, "", "\"*\" is not a regular expression"},
+		FUsageCase{"NoUser", {"check", "c", "--block-user", ""}, 2, "", "--block-user: must not be empty"},
+		FUsageCase{"Modes", {"trace", "c", "--only", "scroll,left"}, 2, "", "\"scroll,left\" is not a list of modes"},
+		FUsageCase{"Window", {"shot", "v", "c", "--merge", "0"}, 2, "", "\"0\" is not a number of seconds above 0"},
+		FUsageCase{"Most", {"stats", "c", "--max-per-second", "0"}, 2, "", "\"0\" is not a whole number of 1 or more"},
 		FUsageCase{"Reverse", {"convert", "c", "-o", "o", "--reverse", "mirror"}, 2, "", "--reverse"},
 		FUsageCase{"NoSuchFile", {"check", "/nowhere/c.json"}, 1, "", "flitmark: /nowhere/c.json: cannot be opened"},
 		FUsageCase{"Folder", {"check", "/tmp"}, 1, "", "flitmark: /tmp: is a folder"},
 		FUsageCase{"NoVideo", {"burn", "/nowhere/v.mp4", "c", "-o", "/tmp/o.mp4"}, 1, "", "/nowhere/v.mp4"}),
 	[](const auto& InCase) { return InCase.param.Name; });
+
+/** Comparisons with NaN are false, and an infinite canvas never ends: no option takes either. */
+TEST(Usage, NoNumberIsNanOrInfinite)
+{
+	const std::pair<std::vector<std::string>, std::vector<const char*>> Commands[] = {
+		{{"burn", "v", "c", "-o", "o.mp4"},
+		 {"--scale", "--opacity", "--crf", "--seed", "--threads", "--from", "--to", "--merge", "--max-per-second"}},
+		{{"shot", "v", "c", "-o", "p.png"}, {"--at"}},
+		{{"check", "c"}, {"--size"}},
+		{{"convert", "c", "-o", "o.json"}, {"--offset"}},
+		{{"trace"}, {"--size", "--fps", "--start", "--frames", "--seed"}},
+	};
+	for (const auto& [Command, Options] : Commands)
+	{
+		for (const char* Option : Options)
+		{
+			for (const std::string Number : {"nan", "-nan", "inf", "-inf", "infinity", "1e999"})
+			{
+				std::vector<std::string> Arguments = Command;
+				const bool bSize = std::string_view(Option) == "--size";
+				Arguments.push_back(Option + ("=" + Number) + (bSize ? "x100" : ""));
+				const FProgramResult Result = RunProgram(Arguments);
+				EXPECT_EQ(Result.ExitCode, 2) << Arguments.back();
+				EXPECT_THAT(Result.Error, HasSubstr(Option));
+			}
+		}
+	}
+}
 
 TEST(Usage, AFullDiskUnderTheReportIsSaid)
 {

@@ -29,51 +29,63 @@ TEST(Detection, IsByContent)
 	struct FCase
 	{
 		std::string_view Head;
-		ECommentFormat Format;
+		std::string_view Format;
 	};
-	using enum ECommentFormat;
 	const FCase Cases[] = {
-		{"", Unknown},
-		{"   \n", Unknown},
-		{"plain text", Unknown},
-		{"[]", Unknown},
-		{"[1,2,3]", Unknown},
-		{"{}", Own},
-		{"\xEF\xBB\xBF {\"datas\":[]}", Own},
-		{"{\"x\":[{\"datas\":[]}]}", Own},
-		{R"({"datas":[{"vpos":1,"p":"","m":""}]})", Own},
-		{"<i></i>", ListXml},
-		{"<d p='1'>", ListXml},
-		{"<?xml version=\"1.0\"?><!-- x --><packet/>", ChatXml},
-		{"<!DOCTYPE html><html><i>x</i><d>y</d></html>", Unknown},
-		{"<packet><chat vpos=\"1\">", ChatXml},
-		{R"([{"m":"x","p":"1)", ParametersJson},
-		{R"({"m":1,"p":2})", Own},
-		{R"([{"c":"1","n":"x"}])", Unknown},
-		{R"({"data":[[1.5,0,"#FFF","u","x"]]})", RowsJson},
-		{R"({"data":[[1,2],[3,4]]})", Own},
-		{R"({"meta":{},"threads":[{"comments":[{"vposMs":1)", ChatJson},
-		{R"([{"vpos":1}])", ChatJson},
-		{R"({"chat":{"content":"x"}})", ChatJson},
-		{R"({"chat":"x"})", Own},
-		{R"([{"position":1,"content":"x"}])", ObjectsJson},
-		{R"([{"position":1}])", Unknown},
-		{"\n{\"datas\":[]}", Own},
-		{"f.g( [{\"vpos\":1}])", ChatJson},
+		{"", ""},
+		{"   \n", ""},
+		{"plain text", ""},
+		{"[]", ""},
+		{"[1,2,3]", ""},
+		{"{}", "document"},
+		{"\xEF\xBB\xBF {\"datas\":[]}", "document"},
+		{"{\"x\":[{\"datas\":[]}]}", "document"},
+		{R"({"datas":[{"vpos":1,"p":"","m":""}]})", "document"},
+		{"<i></i>", "list-xml"},
+		{"<d p='1'>", "list-xml"},
+		{"<?xml version=\"1.0\"?><!-- x --><packet/>", "chat-xml"},
+		{"<!DOCTYPE html><html><i>x</i><d>y</d></html>", ""},
+		{"<packet><chat vpos=\"1\">", "chat-xml"},
+		{R"([{"m":"x","p":"1)", "parameters-json"},
+		{R"({"m":1,"p":2})", "document"},
+		{R"([{"c":"1","n":"x"}])", ""},
+		{R"({"data":[[1.5,0,"#FFF","u","x"]]})", "rows-json"},
+		{R"({"data":[[1,2],[3,4]]})", "document"},
+		{R"({"meta":{},"threads":[{"comments":[{"vposMs":1)", "chat-json"},
+		{R"([{"vpos":1}])", "chat-json"},
+		{R"({"chat":{"content":"x"}})", "chat-json"},
+		{R"({"chat":"x"})", "document"},
+		{R"([{"position":1,"content":"x"}])", "objects-json"},
+		{R"([{"position":1}])", ""},
+		{"\n{\"datas\":[]}", "document"},
+		{"f.g( [{\"vpos\":1}])", "chat-json"},
 		{"\x0A\x05\x3A\x03"
 		 "abc",
-		 ListProtobuf},
+		 "list-protobuf"},
 		{"\x0A\x7F\x08\x01\x10\x02\x3A\x7E"
 		 "abc",
-		 ListProtobuf},
+		 "list-protobuf"},
 		{"\x0A\x03"
 		 "abc",
-		 Unknown},
+		 ""},
 	};
 	for (const FCase& Case : Cases)
 	{
-		EXPECT_EQ(ToText(DetectFormat(Case.Head)), ToText(Case.Format)) << Case.Head;
+		const FCommentFormat* const Format = DetectFormat(Case.Head);
+		EXPECT_EQ(Format != nullptr ? Format->Name : "", Case.Format) << Case.Head;
 	}
+}
+
+TEST(FormatTable, NamesAreUniqueAndTheGuideListsEachFormat)
+{
+	std::ifstream File(FORMATS_GUIDE);
+	const std::string Guide{std::istreambuf_iterator<char>(File), {}};
+	for (const FCommentFormat* const Format : GetCommentFormats())
+	{
+		EXPECT_EQ(FindCommentFormat(Format->Name), Format) << Format->Name;
+		EXPECT_NE(Guide.find("\n| " + std::string(Format->Title) + " |"), std::string::npos) << Format->Title;
+	}
+	EXPECT_EQ(FindCommentFormat("none"), nullptr);
 }
 
 TEST(Encoding, OfAnyKindIsRead)
@@ -129,7 +141,9 @@ TEST(Encoding, ReachesFarIntoAFile)
 TEST(Import, RefusesWhatItDoesNotKnow)
 {
 	EXPECT_EQ(ImportRefused(""), "is empty");
-	EXPECT_NE(ImportRefused("plain text").find("no comment file"), std::string::npos);
+	EXPECT_NE(ImportRefused("plain text")
+				  .find("not in any known format of comments; these are known: binary list, XML list,"),
+			  std::string::npos);
 	EXPECT_NE(ImportRefused("{\"x\":1}").find("\"datas\""), std::string::npos);
 	FImportResult Result;
 	std::string Error;

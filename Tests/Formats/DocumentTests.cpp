@@ -1,9 +1,6 @@
 #include "Formats/CommentDocumentWriter.h"
-#include "Filtering/CommentOrder.h"
 #include "ImportKit.h"
-#include "Filtering/KindPolicy.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace Flitmark
@@ -100,54 +97,6 @@ TEST(Writer, StopsWithItsOutput)
 	EXPECT_EQ(NumPieces, 2);
 }
 
-TEST(KindPolicy, SettlesEveryKind)
-{
-	using enum ECommentKind;
-	std::vector<FServiceComment> Comments = {
-		MakeComment(Scroll, "scroll"),
-		MakeComment(Reverse, "reverse"),
-		MakeComment(Positioned, R"([0.5,"0.1","1-0",4.5,"text/nmore",0,0])"),
-		MakeComment(Top, "top"),
-		MakeComment(Positioned, R"([0,0,"1-1",4])"),
-		MakeComment(Positioned, "[0,0,1,2,\"cut"),
-		MakeComment(Positioned, "plain"),
-		MakeComment(Positioned, R"([0,0,"1-1",4,"\u2588\u3000\u2588/n|_|"])"),
-		MakeComment(Positioned, R"([0,0,"1-1",4,"\ud83d\udc31"])"),
-		MakeComment(Script, "draw()"),
-		MakeComment(Unknown, "what"),
-	};
-	FServiceComment OfOurs = MakeComment(Unknown, "ours");
-	OfOurs.Source = "{}";
-	Comments.push_back(OfOurs);
-	struct FCase
-	{
-		FKindPolicy Policy;
-		std::string Left;
-		FKindCounts Counts;
-	};
-	const FCase Cases[] = {
-		{{true, true}, "0scroll 0reverse 1text\nmore 1top 1plain 1\U0001F431 6ours ", {1, 0, 3, 2, 1, 1, 1}},
-		{{false, false}, "0scroll 1top 6ours ", {0, 1, 0, 6, 0, 1, 1}},
-	};
-	for (const FCase& Case : Cases)
-	{
-		std::vector<FServiceComment> Left = Comments;
-		const FKindCounts Counts = ApplyKindPolicy(Left, Case.Policy);
-		std::string Text;
-		for (const FServiceComment& Comment : Left)
-		{
-			Text += std::to_string(static_cast<int>(Comment.Kind)) + Comment.Text + " ";
-		}
-		EXPECT_EQ(Text, Case.Left);
-		EXPECT_EQ(Counts.NumReverseTurned, Case.Counts.NumReverseTurned);
-		EXPECT_EQ(Counts.NumReverseDropped, Case.Counts.NumReverseDropped);
-		EXPECT_EQ(Counts.NumPositionedTurned, Case.Counts.NumPositionedTurned);
-		EXPECT_EQ(Counts.NumPositionedDropped, Case.Counts.NumPositionedDropped);
-		EXPECT_EQ(Counts.NumDrawingsDropped, Case.Counts.NumDrawingsDropped);
-		EXPECT_EQ(Counts.CountDropped(), Comments.size() - Left.size());
-	}
-}
-
 // So many that they are written in several slices.
 TEST(OwnDocument, HoldsManyCommentsInOrder)
 {
@@ -157,18 +106,14 @@ TEST(OwnDocument, HoldsManyCommentsInOrder)
 	{
 		FServiceComment& Comment = Comments.emplace_back();
 		Comment.Id = Id;
-		Comment.SpawnTicks = Id * 7919 % 1000;
 		Comment.Text = "\"" + std::to_string(Id);
 	}
-	std::vector<FServiceComment> Expected = Comments;
-	std::ranges::stable_sort(Expected, {}, &FServiceComment::SpawnTicks);
-	OrderByTime(Comments);
 	const FImportResult Result = ImportText(WriteCommentDocument(Comments));
 	EXPECT_EQ(DescribeFaults(Result), "");
-	ASSERT_EQ(Result.Comments.size(), Expected.size());
-	for (std::size_t Index = 0; Index < Expected.size(); ++Index)
+	ASSERT_EQ(Result.Comments.size(), Comments.size());
+	for (std::size_t Index = 0; Index < Comments.size(); ++Index)
 	{
-		ASSERT_EQ(Result.Comments[Index].Text, Expected[Index].Text) << Index;
+		ASSERT_EQ(Result.Comments[Index].Text, Comments[Index].Text) << Index;
 	}
 	int NumPieces = 0;
 	EXPECT_FALSE(WriteCommentDocument(Comments, [&NumPieces](std::string_view) { return ++NumPieces < 2; }));

@@ -44,7 +44,7 @@ TEST(ListProtobuf, IsRead)
 	const std::string Little = Number(2, -1) + Bytes(7, "\xFFx");
 	const FImportResult Result =
 		ImportText(Bytes(1, Full) + Bytes(3, "other") + Bytes(1, WithUnknown) + Bytes(1, Black) + Bytes(1, Little));
-	EXPECT_EQ(Result.Report.Format, ECommentFormat::ListProtobuf);
+	EXPECT_EQ(Result.Report.Format, FindCommentFormat("list-protobuf"));
 	EXPECT_EQ(Describe(Result), FullRead + FullRead + "0 s24 000000FF \"black\"\n-10000 s24 FFFFFFFF \"\uFFFDx\"\n");
 	EXPECT_EQ(DescribeOrigin(Result).substr(0, 40), "7000000000 1 1294271946 \"\" 1600000000\n70");
 	EXPECT_EQ(DescribeFaults(Result), "");
@@ -53,12 +53,12 @@ TEST(ListProtobuf, IsRead)
 TEST(ListProtobuf, BrokenEntriesCostThemselvesAlone)
 {
 	const std::string Textless = Number(1, 1) + Number(2, 5);
-	const std::string Mended = Full + Varint(12U << 3 | 2) + Varint(99) + "x";
+	const std::string Repaired = Full + Varint(12U << 3 | 2) + Varint(99) + "x";
 	const std::string Damaged = Number(1, 1) + std::string("\x3A\x7F") + "abc";
-	const FImportResult Result = ImportText(Bytes(1, Full) + Bytes(1, Textless) + Bytes(1, Mended) + Bytes(1, Damaged) +
-											Bytes(1, "") + Bytes(1, Full));
+	const FImportResult Result = ImportText(Bytes(1, Full) + Bytes(1, Textless) + Bytes(1, Repaired) +
+											Bytes(1, Damaged) + Bytes(1, "") + Bytes(1, Full));
 	EXPECT_EQ(Describe(Result), FullRead + FullRead + FullRead);
-	EXPECT_EQ(DescribeFaults(Result), "0/2 has no text\n0/3 is damaged; what stands before the fault was read\n"
+	EXPECT_EQ(DescribeFaults(Result), "0/2 has no text\n0/3 is damaged; everything before the damage was read\n"
 									  "0/4 is damaged, and no text can be read\n0/5 has no text\n");
 }
 
@@ -72,11 +72,11 @@ TEST(ListProtobuf, WhatFollowsWhereTheFileBreaksIsTold)
 	};
 	const FCase Cases[] = {
 		{"", ""},
-		{Entry.substr(0, Entry.size() - 1), "0/3 the file ends in the middle of it\n"},
-		{Entry.substr(0, 1), "0/3 has no length that can be; the rest of the file cannot be read\n"},
-		{"\x0A\xFF\xFF\xFF\xFF\x0F" + Entry, "0/3 has no length that can be; the rest of the file cannot be read\n"},
-		{std::string(1, '\0') + Entry, "0/3 is no field of a message; the rest of the file cannot be read\n"},
-		{"\x0F" + Entry, "0/3 is no field of a message; the rest of the file cannot be read\n"},
+		{Entry.substr(0, Entry.size() - 1), "0/3 the file ends in the middle of this entry\n"},
+		{Entry.substr(0, 1), "0/3 has an impossible length; the rest of the file cannot be read\n"},
+		{"\x0A\xFF\xFF\xFF\xFF\x0F" + Entry, "0/3 has an impossible length; the rest of the file cannot be read\n"},
+		{std::string(1, '\0') + Entry, "0/3 is not a message field; the rest of the file cannot be read\n"},
+		{"\x0F" + Entry, "0/3 is not a message field; the rest of the file cannot be read\n"},
 	};
 	for (const FCase& Case : Cases)
 	{

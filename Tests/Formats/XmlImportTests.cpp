@@ -85,7 +85,7 @@ TEST_P(ListXml, ReadsWhatCanBeRead)
 {
 	const FXmlCase& Case = GetParam();
 	const FImportResult Result = ImportText(Case.Xml);
-	EXPECT_EQ(Result.Report.Format, ECommentFormat::ListXml);
+	EXPECT_EQ(Result.Report.Format, FindCommentFormat("list-xml"));
 	EXPECT_EQ(Describe(Result), Case.Comments);
 	EXPECT_EQ(DescribeFaults(Result), Case.Faults);
 }
@@ -164,7 +164,7 @@ two</chat>
 <chat mail="ue">timeless</chat>
 <chat thread="12" no="9" vpos="10" deleted="1"/>
 <global_num_res thread="12"/></packet>)");
-	EXPECT_EQ(Result.Report.Format, ECommentFormat::ChatXml);
+	EXPECT_EQ(Result.Report.Format, FindCommentFormat("chat-xml"));
 	EXPECT_EQ(Describe(Result), "15000000 T39 FF0000FF \"top\"\n-2000000 B15 0080FFFF \"bottom & \"co\"\"\n"
 								"30000000 s24 999900FF \"scroll/n\ntwo\"\n30050000 s24 666666FF \"plain\"\n");
 	EXPECT_EQ(DescribeOrigin(Result), "1 12 440920331 \"\" 1600000000\n2 12 42 \"\" 0\n0 0 0 \"\" 0\n0 0 0 \"\" 0\n");

@@ -186,7 +186,7 @@ TEST_F(FOverlay, EndsWithItsWidget)
 	CollectGarbage();
 	RunFrames(2, 1.f);
 	// Put in again it stays without lanes, and without harm.
-	Cast<UPanelWidget>(Cast<UUserWidget>(Stage->GetBar().GetParent()->GetOuter())->GetRootWidget())->AddChild(Overlay);
+	Stage->GetBar().GetParent()->AddChild(Overlay);
 	GoTo(2.0);
 	EXPECT_EQ(CountNew(), 0u);
 }

@@ -21,6 +21,12 @@ protected:
 	void Toggle(bool bOn) { FindInBar<UCheckBox>(TEXT("OpenDanmakuButton"))->Toggle(bOn); }
 	bool IsBarOpen() const { return FindInBar<UButton>(TEXT("SendDanmakuButton"))->GetIsEnabled(); }
 	std::size_t NumMade() const { return Log.GetNodes().size(); }
+	UMediaPlayer* GetPlayer() const
+	{
+		const UUI_Danmaku& Overlay = Stage->GetOverlay();
+		return Cast<UMediaPlayer>(
+			Overlay.GetClass()->FindPropertyByName(TEXT("MediaPlayer"))->GetObjectValue(&Overlay));
+	}
 	UPanelWidget* GetScreen() const { return Stage->GetBar().GetParent(); }
 };
 
@@ -66,20 +72,53 @@ TEST_F(FWiring, ShowsAPausedCommentWhilePaused)
 	EXPECT_EQ(GetLastNode()->GetPosition().X, 1920.0 - 265.0);
 }
 
+TEST_F(FWiring, HoldsTheCheckBoxBackUntilThereAreLanes)
+{
+	const struct
+	{
+		std::vector<bool> Toggles;
+		bool bOpen;
+		ESlateVisibility Canvas;
+	} Cases[] = {
+		{{}, true, ESlateVisibility::Visible},
+		{{false}, false, ESlateVisibility::Hidden},
+		{{false, true}, true, ESlateVisibility::Visible},
+		{{false, true, false}, false, ESlateVisibility::Hidden},
+	};
+	for (const auto& Case : Cases)
+	{
+		SCOPED_TRACE(Case.Toggles.size());
+		Rebuild(MakeOptions(FVector2f(0.f, 0.f)));
+		RunFrames(2, 0.1f);
+		for (const bool bOn : Case.Toggles)
+		{
+			Toggle(bOn);
+			EXPECT_EQ(IsBarOpen(), bOn);
+		}
+		EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::Visible) << "no lanes yet";
+		Stage->SetCanvasSize(FVector2f(1920.f, 1080.f));
+		GoTo(0.0);
+		EXPECT_EQ(Stage->GetCanvas().GetVisibility(), Case.Canvas);
+		Load({{1.0}, {2.0}});
+		GoTo(1.0);
+		EXPECT_EQ(NumMade(), Case.bOpen ? 1u : 0u);
+		Toggle(false);
+		Toggle(true);
+		GoTo(2.0);
+		EXPECT_EQ(NumMade(), Case.bOpen ? 2u : 1u) << "switched on again";
+	}
+}
+
 TEST_F(FWiring, IgnoresWhatIsSentBeforeThereAreLanes)
 {
 	Rebuild(MakeOptions(FVector2f(0.f, 0.f)));
 	RunFrames(2, 0.1f);
 	Send();
 	EXPECT_EQ(ToUtf8(FindInBar<UEditableText>(TEXT("InputDanmakuText"))->GetText().ToString()), "");
-	Toggle(false);
-	EXPECT_FALSE(IsBarOpen());
-	Toggle(true);
-	EXPECT_TRUE(IsBarOpen());
 	Stage->SetCanvasSize(FVector2f(1920.f, 1080.f));
 	GoTo(1.0);
 	GoTo(0.0);
-	EXPECT_EQ(NumMade(), 0u) << "not held back either";
+	EXPECT_EQ(NumMade(), 0u) << "not held back";
 	Send();
 	EXPECT_EQ(NumMade(), 1u);
 }
@@ -132,13 +171,8 @@ TEST_F(FWiring, OutlivesACollectedOverlay)
 	EXPECT_EQ(NumMade(), 0u);
 }
 
-TEST_F(FWiring, SendsOnceHoweverOftenItIsConnected)
+TEST_F(FWiring, SendsOncePerInitHoweverOftenTheBarIsConstructed)
 {
-	UUI_Danmaku& Overlay = Stage->GetOverlay();
-	UObject* Player = Overlay.GetClass()->FindPropertyByName(TEXT("MediaPlayer"))->GetObjectValue(&Overlay);
-	Overlay.Init(Cast<UMediaPlayer>(Player), &Stage->GetBar(), &Stage->GetPanel());
-	Send();
-	EXPECT_EQ(NumMade(), 1u);
 	UUI_DanmakuBar* Bar = Keep(&Stage->GetBar());
 	UPanelWidget* Screen = GetScreen();
 	for (int32 Round = 0; Round < 2; ++Round)
@@ -147,12 +181,52 @@ TEST_F(FWiring, SendsOnceHoweverOftenItIsConnected)
 		Screen->AddChild(Bar);
 	}
 	Send();
-	EXPECT_EQ(NumMade(), 2u) << "constructed three times";
-	Overlay.Init(Cast<UMediaPlayer>(Player), nullptr, nullptr);
+	EXPECT_EQ(NumMade(), 1u) << "constructed three times";
+	UUI_Danmaku& Overlay = Stage->GetOverlay();
+	Overlay.Init(GetPlayer(), &Stage->GetBar(), &Stage->GetPanel());
 	Send();
-	EXPECT_EQ(NumMade(), 2u) << "a bar that was let go of";
+	EXPECT_EQ(NumMade(), 3u) << "bound twice";
+}
+
+TEST_F(FWiring, SurvivesInitWithNothing)
+{
+	UUI_Danmaku& Overlay = Stage->GetOverlay();
+	Overlay.Init(nullptr, &Stage->GetBar(), &Stage->GetPanel());
 	Toggle(false);
+	EXPECT_FALSE(IsBarOpen());
+	Toggle(true);
 	EXPECT_TRUE(IsBarOpen());
+	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::SelfHitTestInvisible);
+	Send();
+	EXPECT_EQ(NumMade(), 0u) << "no player, no URL";
+	// The bar that was given before is still bound, and the overlay no longer knows it.
+	Overlay.Init(nullptr, nullptr, nullptr);
+	Toggle(false);
+	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::Hidden);
+	Toggle(true);
+	RunFrames(2, 0.1f);
+}
+
+/** A class that no blueprint made has no bound widgets, and a widget without a player context is not initialized. */
+TEST_F(FWiring, SurvivesWidgetsThatAreNotBound)
+{
+	UPanelWidget* Screen = GetScreen();
+	UClass* const Natives[] = {UUI_Danmaku::StaticClass(), UUI_DanmakuBar::StaticClass(),
+							   UUI_DanmakuNodeSetting::StaticClass(), UUI_DanmakuNode::StaticClass()};
+	for (UClass* Native : Natives)
+	{
+		Screen->AddChild(CreateWidget<UUserWidget>(&Stage->GetOverlay(), Native));
+	}
+	RunFrames(2, 0.1f);
+	UUI_DanmakuNode* Node =
+		CreateWidget<UUI_DanmakuNode>(&Stage->GetOverlay(), TSubclassOf<UUserWidget>(UUI_DanmakuNode::StaticClass()));
+	Node->Init(MakeData("200x30"), &Stage->GetCanvas(), false);
+	EXPECT_EQ(Node->GetNodeSize().X, 0.0);
+
+	const UUI_DanmakuNodeSetting* Panel = Keep(NewObject<UUI_DanmakuNodeSetting>());
+	EXPECT_EQ(Panel->GetModel(), EDanmakuMode::SCROLL);
+	EXPECT_EQ(Panel->GetFontSize(), 24);
+	EXPECT_EQ(ToUtf8(Panel->GetFontColor()), "#FFFFFFFF");
 }
 
 TEST_F(FWiring, ClosesAndOpensTheLanes)

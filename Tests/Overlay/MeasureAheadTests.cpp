@@ -1,7 +1,5 @@
 #include "Overlay/MeasureAhead.h"
 
-#include "Files/FileText.h"
-
 #include <gtest/gtest.h>
 
 namespace Flitmark
@@ -11,25 +9,24 @@ namespace
 
 TEST(MeasureAhead, StopsAtOnceWhereverItIs)
 {
-	constexpr int NumComments = 30'000;
-	constexpr int64 TicksPerSecond = 10'000'000;
-	std::string Text;
-	for (int Index = 0; Index < NumComments; ++Index)
+	std::vector<FUpcomingText> Texts;
+	for (int Index = 0; Index < 30'000; ++Index)
 	{
-		Text += (Index > 0 ? "," : "") + std::string(R"({"danmaku_font_size":24,"danmaku_content":"comment )") +
-				std::to_string(Index) + R"(","danmaku_spawn_time":)" + std::to_string(Index % 60 * TicksPerSecond) +
-				"}";
+		std::u16string Text = u"comment ";
+		for (const char Digit : std::to_string(Index))
+		{
+			Text += static_cast<char16_t>(Digit);
+		}
+		Texts.push_back({Index % 60, 24.f, std::move(Text)});
 	}
 	std::string Error;
 	const std::unique_ptr<FTextEngine> Engine = FTextEngine::Create({}, Error);
-	const FCommentDocument Document = FCommentDocument::Read(FromUtf8("{\"datas\":[" + Text + "]}"));
-	ASSERT_EQ(Document.GetEntries().size(), static_cast<std::size_t>(NumComments));
 	const FTextSize Expected = FTextEngine::Create({}, Error)->Measure(u"comment 7", 24.f);
 	for (const int64 Second : {0, 30, 5, 59, 100'000, -1})
 	{
-		FMeasureAhead Ahead(*Engine, Document);
+		FMeasureAhead Ahead(*Engine, Texts);
 		Ahead.SetMediaTime(0);
-		Ahead.SetMediaTime(Second * TicksPerSecond);
+		Ahead.SetMediaTime(Second * ETimespan::TicksPerSecond);
 		// From this thread too, as a frame does.
 		EXPECT_EQ(Engine->Measure(u"comment 7", 24.f).Width, Expected.Width);
 	}

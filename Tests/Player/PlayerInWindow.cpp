@@ -40,7 +40,7 @@ void FPlayerInWindow::Open(const QString& InVideo, const QString& InComments)
 	{
 		QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().IsLoaded(), Patience);
 	}
-	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsLoadingComments(), Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().GetComments()->IsLoading(), Patience);
 }
 
 void FPlayerInWindow::PlayTo(double InPosition)

@@ -2,6 +2,9 @@
 #include "Utf8.h"
 
 #include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string_view>
 
 namespace
@@ -33,4 +36,23 @@ void FFileHelper::BufferToString(FString& Result, const uint8* Buffer, int32 Siz
 	}
 	const std::size_t MarkSize = StartsWith("\xEF\xBB\xBF") ? 3 : 0;
 	Result = FString(DecodeUtf8(Buffer + MarkSize, Bytes - MarkSize));
+}
+
+bool FFileHelper::LoadFileToString(FString& Result, const TCHAR* Filename)
+{
+	const std::filesystem::path Path(Filename);
+	std::error_code Error;
+	std::ifstream Stream(Path, std::ios::binary);
+	if (!Stream || std::filesystem::is_directory(Path, Error))
+	{
+		return false;
+	}
+	const std::string Bytes{std::istreambuf_iterator<char>(Stream), {}};
+	// An engine's string holds no more either.
+	if (Stream.bad() || Bytes.size() > static_cast<std::size_t>(MAX_int32))
+	{
+		return false;
+	}
+	BufferToString(Result, reinterpret_cast<const uint8*>(Bytes.data()), static_cast<int32>(Bytes.size()));
+	return true;
 }

@@ -20,10 +20,12 @@ std::string ToNarrow(FName Name)
 	return Narrow;
 }
 
-std::string GetProgramDirectory()
+/** The folder of the layer's own library: modules are built and installed beside it. */
+std::string GetLayerDirectory()
 {
-	std::error_code Error;
-	return std::filesystem::read_symlink("/proc/self/exe", Error).parent_path().string();
+	Dl_info Info{};
+	const bool bFound = dladdr(reinterpret_cast<const void*>(&GetLayerDirectory), &Info) != 0;
+	return bFound ? std::filesystem::path(Info.dli_fname).parent_path().lexically_normal().string() : std::string();
 }
 
 } // namespace
@@ -47,7 +49,7 @@ void FModuleManager::AddBinariesDirectory(const std::string& InDirectory)
 void* FModuleManager::OpenLibrary(const std::string& InFileName, std::string& OutError) const
 {
 	std::vector<std::string> Searched = Directories;
-	Searched.push_back(GetProgramDirectory());
+	Searched.push_back(GetLayerDirectory());
 	for (const std::string& Directory : Searched)
 	{
 		const std::filesystem::path Path = std::filesystem::path(Directory) / InFileName;

@@ -3,6 +3,7 @@
 #include "Containers/StringConv.h"
 #include "GarbageCollector.h"
 #include "UObject/GeneratedCppIncludes.h"
+#include "UObject/UnrealType.h"
 
 #include <algorithm>
 #include <cstring>
@@ -40,6 +41,19 @@ void CopyAt(UObject* To, const UObject* From, const FProperty& Property)
 	*Property.ContainerPtrToValuePtr<T>(To) = *Property.ContainerPtrToValuePtr<T>(From);
 }
 
+std::unique_ptr<FProperty> MakeProperty(const UECodeGen_Private::FPropertyParams& Params)
+{
+	switch (Params.Kind)
+	{
+	case EPropertyGenKind::Object:
+		return std::make_unique<FObjectProperty>(Params);
+	case EPropertyGenKind::Class:
+		return std::make_unique<FClassProperty>(Params);
+	default:
+		return std::make_unique<FProperty>(Params);
+	}
+}
+
 } // namespace
 
 FMetaData::FMetaData(const UECodeGen_Private::FMetaDataList& InList)
@@ -72,13 +86,13 @@ UClass* FProperty::GetReferencedClass() const
 	return Params.ClassGetter != nullptr ? Params.ClassGetter() : nullptr;
 }
 
-FString FProperty::GetEnumName() const
+FString FProperty::GetTypeName() const
 {
 	if (Params.EnumGetter != nullptr)
 	{
 		return Params.EnumGetter()->GetName();
 	}
-	return Params.EnumName != nullptr ? FromUtf8(Params.EnumName) : FString();
+	return Params.TypeName != nullptr ? FromUtf8(Params.TypeName) : FString();
 }
 
 void FProperty::CopyValue(UObject* To, const UObject* From) const
@@ -106,8 +120,10 @@ void FProperty::CopyValue(UObject* To, const UObject* From) const
 		std::memcpy(ContainerPtrToValuePtr<void>(To), ContainerPtrToValuePtr<void>(From), sizeof(void*));
 		return;
 	case EPropertyGenKind::Enum:
+	case EPropertyGenKind::Struct:
+	case EPropertyGenKind::MulticastDelegate:
 	case EPropertyGenKind::Array:
-		// Neither is editable in any class: nothing asks for a copy.
+		// None is editable in any class: nothing asks for a copy.
 		return;
 	}
 }
@@ -135,17 +151,28 @@ UFunction::UFunction(const UECodeGen_Private::FFunctionParams& InParams)
 	: Name(NameFromUtf8(InParams.Name))
 	, Flags(InParams.Flags)
 	, Native(InParams.Native)
-	, Parameters(InParams.Parameters, InParams.Parameters + InParams.NumParameters)
 	, MetaData(InParams.MetaData)
 {
+	for (int32 Index = 0; Index < InParams.NumParameters; ++Index)
+	{
+		const UECodeGen_Private::FPropertyParams& Each = InParams.Parameters[Index];
+		if ((Each.Flags & CPF_ReturnParm) != 0)
+		{
+			Result = std::make_unique<FProperty>(Each);
+		}
+		else
+		{
+			Parameters.emplace_back(Each);
+		}
+	}
 }
 
-void UFunction::Invoke(UObject* Context, const void* const* InParameters) const
+void UFunction::Invoke(UObject* Context, const void* const* InParameters, void* OutResult) const
 {
 	if (Native != nullptr)
 	{
 		FFrame Frame(InParameters);
-		Native(Context, Frame, nullptr);
+		Native(Context, Frame, OutResult);
 	}
 }
 
@@ -157,9 +184,12 @@ UClass::UClass(const UECodeGen_Private::FClassParams& InParams, UClass* InSuper)
 	, Size(InParams.Size)
 	, Alignment(InParams.Alignment)
 	, Construct(InParams.Construct)
-	, Properties(InParams.Properties, InParams.Properties + InParams.NumProperties)
 	, MetaData(InParams.MetaData)
 {
+	for (int32 Index = 0; Index < InParams.NumProperties; ++Index)
+	{
+		Properties.push_back(MakeProperty(InParams.Properties[Index]));
+	}
 	for (int32 Index = 0; Index < InParams.NumFunctions; ++Index)
 	{
 		Functions.push_back(std::make_unique<UFunction>(InParams.Functions[Index]));
@@ -212,25 +242,26 @@ void UClass::AddReferenceTokens()
 	{
 		References = Super->References;
 	}
-	for (const FProperty& Property : Properties)
+	for (const std::unique_ptr<FProperty>& Property : Properties)
 	{
-		const bool bArray = Property.GetKind() == EPropertyGenKind::Array;
-		if (Property.GetKind() == EPropertyGenKind::Object ||
-			(bArray && Property.GetInner()->GetKind() == EPropertyGenKind::Object))
+		const bool bArray = Property->GetKind() == EPropertyGenKind::Array;
+		if (Property->GetKind() == EPropertyGenKind::Object ||
+			(bArray && Property->GetInner()->GetKind() == EPropertyGenKind::Object))
 		{
-			References.push_back({Property.GetOffset(), bArray});
+			References.push_back({Property->GetOffset(), bArray});
 		}
 	}
 }
 
-const FProperty* UClass::FindPropertyByName(FName InName) const
+FProperty* UClass::FindPropertyByName(FName InName) const
 {
 	for (const UClass* Each = this; Each != nullptr; Each = Each->Super)
 	{
-		const auto Found = std::ranges::find(Each->Properties, InName, &FProperty::GetFName);
+		const auto Found =
+			std::ranges::find(Each->Properties, InName, [](const auto& Property) { return Property->GetFName(); });
 		if (Found != Each->Properties.end())
 		{
-			return &*Found;
+			return Found->get();
 		}
 	}
 	return nullptr;

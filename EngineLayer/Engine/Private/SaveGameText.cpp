@@ -201,10 +201,10 @@ bool WriteProperties(const UClass* Class, const UObject& Object, std::string& Te
 		return false;
 	}
 	return std::ranges::all_of(Class->GetOwnProperties(),
-							   [&](const FProperty& Property)
+							   [&](const std::unique_ptr<FProperty>& Property)
 							   {
-								   const std::optional<std::string> Value = WriteValue(Property, Object);
-								   Text += ToUtf8(Property.GetName()) + "=" + Value.value_or("") + "\n";
+								   const std::optional<std::string> Value = WriteValue(*Property, Object);
+								   Text += ToUtf8(Property->GetName()) + "=" + Value.value_or("") + "\n";
 								   return Value.has_value();
 							   });
 }

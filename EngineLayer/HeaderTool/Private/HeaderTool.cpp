@@ -29,11 +29,8 @@ void SetPaths(FHeader& Header, const std::string& Path)
 	}
 }
 
-} // namespace
-
-FGenerated GenerateReflection(const FModuleInfo& Module, const std::vector<FTextFile>& Files)
+std::vector<FHeader> ReadHeaders(const std::vector<FTextFile>& Files, std::vector<std::string>& Errors)
 {
-	FGenerated Generated;
 	std::vector<FHeader> Headers(Files.size());
 	for (std::size_t Index = 0; Index < Files.size(); ++Index)
 	{
@@ -44,14 +41,25 @@ FGenerated GenerateReflection(const FModuleInfo& Module, const std::vector<FText
 		}
 		catch (const FHeaderError& Error)
 		{
-			Generated.Errors.push_back(Files[Index].Path + ":" + std::to_string(Error.Line) + ": " + Error.Message);
+			Errors.push_back(Files[Index].Path + ":" + std::to_string(Error.Line) + ": " + Error.Message);
 		}
 	}
+	return Headers;
+}
+
+} // namespace
+
+FGenerated GenerateReflection(const FModuleInfo& Module, const std::vector<FTextFile>& Files,
+							  const std::vector<FTextFile>& Used)
+{
+	FGenerated Generated;
+	std::vector<FHeader> Headers = ReadHeaders(Files, Generated.Errors);
+	std::vector<FHeader> UsedHeaders = ReadHeaders(Used, Generated.Errors);
 	if (!Generated.Errors.empty())
 	{
 		return Generated;
 	}
-	const FSymbols Symbols = ResolveHeaders(Headers, Generated.Errors);
+	const FSymbols Symbols = ResolveHeaders(Headers, UsedHeaders, Generated.Errors);
 	for (std::size_t Index = 0; Generated.Errors.empty() && Index < Headers.size(); ++Index)
 	{
 		const FHeader& Header = Headers[Index];

@@ -11,12 +11,12 @@ namespace
 {
 
 constexpr const char* Usage =
-	R"(flitmark-header-tool --module NAME --package PACKAGE [--api MACRO] --output FOLDER HEADER...
+	R"(flitmark-header-tool --module NAME --package PACKAGE [--api MACRO] --output FOLDER [--uses HEADER]... HEADER...
 
 Reads the marks (UCLASS, UPROPERTY, UFUNCTION, UENUM, GENERATED_BODY, DECLARE_DYNAMIC_MULTICAST_DELEGATE...) of a module's
 headers and writes X.generated.h and X.gen.cpp of each header X.h into FOLDER, where their contents changed. Give all
-headers of a module in one run: its classes refer to each other. Faults are told as FILE:LINE: message, and then nothing
-is written.
+headers of a module in one run: its classes refer to each other; those of other modules that they refer to are named with
+--uses. Faults are reported as FILE:LINE: message, and then nothing is written.
 
 Exit status: 0, 1 for a fault in a header or a file, 2 for wrong use.
 )";
@@ -58,9 +58,10 @@ int main(int Count, char** Arguments)
 {
 	std::map<std::string, std::string> Options{{"--module", ""}, {"--package", ""}, {"--api", ""}, {"--output", ""}};
 	std::vector<FTextFile> Headers;
+	std::vector<FTextFile> Used;
 	for (int Index = 1; Index < Count; ++Index)
 	{
-		const std::string Argument = Arguments[Index];
+		std::string Argument = Arguments[Index];
 		if (Argument == "--help")
 		{
 			std::cout << Usage;
@@ -69,14 +70,17 @@ int main(int Count, char** Arguments)
 		if (const auto Option = Options.find(Argument); Option != Options.end() && Index + 1 < Count)
 		{
 			Option->second = Arguments[++Index];
+			continue;
 		}
-		else if (Argument.starts_with("--"))
+		const bool bUsed = Argument == "--uses" && Index + 1 < Count;
+		Argument = bUsed ? Arguments[++Index] : Argument;
+		if (Argument.starts_with("--"))
 		{
 			return FailUse("`" + Argument + "` is no option or lacks its value");
 		}
 		else if (const std::optional<std::string> Text = ReadFile(Argument))
 		{
-			Headers.push_back({Argument, *Text});
+			(bUsed ? Used : Headers).push_back({Argument, *Text});
 		}
 		else
 		{
@@ -89,7 +93,7 @@ int main(int Count, char** Arguments)
 		return FailUse("--module, --package, --output and a header are needed");
 	}
 	const FGenerated Generated =
-		GenerateReflection({Options["--module"], Options["--package"], Options["--api"]}, Headers);
+		GenerateReflection({Options["--module"], Options["--package"], Options["--api"]}, Headers, Used);
 	for (const std::string& Error : Generated.Errors)
 	{
 		std::cerr << Error << "\n";

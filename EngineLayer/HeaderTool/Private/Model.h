@@ -43,10 +43,14 @@ struct FProperty : FDeclared
 	FType Type;
 	/** Of what an array holds. */
 	std::vector<std::string> InnerFlags;
+
+	/** What a function returns, not a parameter. */
+	bool IsResult() const { return !Flags.empty() && Flags.back() == "CPF_ReturnParm"; }
 };
 
 struct FFunction : FDeclared
 {
+	/** The result, where there is one, comes last. */
 	std::vector<FProperty> Parameters;
 };
 

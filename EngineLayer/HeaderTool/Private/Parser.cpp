@@ -3,19 +3,38 @@
 #include "TokenReader.h"
 #include "ToolTip.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 namespace
 {
 
-const FSpecifiers TypeSpecifiers{{"meta", {}}};
-const FSpecifiers FunctionSpecifiers{{"Category", {}}, {"meta", {}}};
-const FSpecifiers PropertySpecifiers{{"BlueprintReadWrite", {"CPF_BlueprintVisible"}},
-									 {"Category", {}},
-									 {"EditAnywhere", {"CPF_Edit"}},
-									 {"EditDefaultsOnly", {"CPF_Edit", "CPF_DisableEditOnInstance"}},
-									 {"meta", {}}};
+const FSpecifiers ClassSpecifiers{
+	{"BlueprintType", {{}, {"BlueprintType"}}},
+	{"Blueprintable", {{}, {"BlueprintType", "IsBlueprintBase"}}},
+	{"meta", {}},
+};
+const FSpecifiers EnumSpecifiers{
+	{"BlueprintType", {{}, {"BlueprintType"}}},
+	{"meta", {}},
+};
+const FSpecifiers FunctionSpecifiers{
+	{"BlueprintCallable", {{"FUNC_BlueprintCallable"}, {}}},
+	{"BlueprintPure", {{"FUNC_BlueprintCallable", "FUNC_BlueprintPure"}, {}}},
+	{"Category", {}},
+	{"meta", {}},
+};
+const FSpecifiers PropertySpecifiers{
+	{"BlueprintAssignable", {{"CPF_BlueprintAssignable"}, {}}},
+	{"BlueprintReadOnly", {{"CPF_BlueprintVisible", "CPF_BlueprintReadOnly"}, {}}},
+	{"BlueprintReadWrite", {{"CPF_BlueprintVisible"}, {}}},
+	{"Category", {}},
+	{"EditAnywhere", {{"CPF_Edit"}, {}}},
+	{"EditDefaultsOnly", {{"CPF_Edit", "CPF_DisableEditOnInstance"}, {}}},
+	{"Transient", {{"CPF_Transient"}, {}}},
+	{"meta", {}},
+};
 
 constexpr std::string_view DelegateMacro = "DECLARE_DYNAMIC_MULTICAST_DELEGATE";
 /** What follows DelegateMacro, by the number of parameters. */
@@ -84,7 +103,7 @@ private:
 		FClass Class;
 		Begin(Class);
 		Class.MetaData["IncludePath"] = Header.IncludePath;
-		ReadSpecifiers(Class, TypeSpecifiers);
+		ReadSpecifiers(Class, ClassSpecifiers);
 		ParseClassHead(Class);
 		const std::size_t End = Now().Match;
 		Expect("{", "and the members of `" + Class.Name + "`");
@@ -201,21 +220,33 @@ private:
 		FFunction Function;
 		Begin(Function);
 		ReadSpecifiers(Function, FunctionSpecifiers);
-		std::vector<FToken> Result = ReadSpelling({"("}, "`void Name(...);` after UFUNCTION(...)");
+		std::vector<FToken> Result = ReadSpelling({"("}, "`Type Name(...);` after UFUNCTION(...)");
 		TakeName(Result, Function);
 		bool bVirtual = std::erase_if(Result, [](const FToken& Each) { return Each.Is("virtual"); }) > 0;
 		std::erase_if(Result,
 					  [](const FToken& Each) {
 						  return IsOneOf(Each.Text, {"inline", "FORCEINLINE"}) || Each.Text.ends_with("_API");
 					  });
-		if (Result.size() != 1 || !Result[0].Is("void"))
+		if (Result.empty() || std::ranges::any_of(Result,
+												  [](const FToken& Each) {
+													  return IsOneOf(Each.Text, {"static", "template", "constexpr"});
+												  }))
 		{
-			Fail("`" + Function.Name + "` must be a plain member function with result void to be a UFUNCTION");
+			Fail("`" + Function.Name + "` must be a plain member function to be a UFUNCTION");
 		}
 		ParseParameters(Function);
+		if (Result.size() != 1 || !Result[0].Is("void"))
+		{
+			FProperty& Returned = Function.Parameters.emplace_back();
+			Returned.Name = "ReturnValue";
+			Returned.Line = Function.Line;
+			Returned.Spelling = std::move(Result);
+			Returned.Flags = {"CPF_ReturnParm"};
+		}
+		const bool bConst = Accept("const");
 		while (!Now().Is(";") && !Now().Is("{"))
 		{
-			if (Now().Kind == ETokenKind::End || Now().IsMark() || Now().Is("}") || Now().Is("const"))
+			if (Now().Kind == ETokenKind::End || Now().IsMark() || Now().Is("}"))
 			{
 				FailExpected("`;` or a body after `" + Function.Name + "(...)`");
 			}
@@ -223,11 +254,17 @@ private:
 			Skip();
 		}
 		Skip();
-		Function.Flags = {"FUNC_Native", "FUNC_" + Access};
+		std::vector<std::string> Flags{"FUNC_Native", "FUNC_" + Access};
 		if (!bVirtual)
 		{
-			Function.Flags.insert(Function.Flags.begin(), "FUNC_Final");
+			Flags.insert(Flags.begin(), "FUNC_Final");
 		}
+		Flags.insert(Flags.end(), Function.Flags.begin(), Function.Flags.end());
+		if (bConst)
+		{
+			Flags.push_back("FUNC_Const");
+		}
+		Function.Flags = std::move(Flags);
 		Class.Functions.push_back(std::move(Function));
 	}
 
@@ -246,6 +283,10 @@ private:
 			{
 				FailExpected("`,` or `)` after `" + Parameter.Name + "`");
 			}
+			if (Now().Is("=") && Now(1).Is("nullptr"))
+			{
+				Function.MetaData["CPP_Default_" + Parameter.Name] = "None";
+			}
 			for (int Angles = 0; Pos < End && (Angles > 0 || !Now().Is(",")); Skip())
 			{
 				Angles += Now().Is("<") ? 1 : Now().Is(">") ? -1 : 0;
@@ -259,7 +300,7 @@ private:
 	{
 		FEnum Enum;
 		Begin(Enum);
-		ReadSpecifiers(Enum, TypeSpecifiers);
+		ReadSpecifiers(Enum, EnumSpecifiers);
 		constexpr std::string_view Shape = "of `enum class Name : int32 {` (or `: uint8`) after UENUM()";
 		Expect("enum", Shape);
 		Expect("class", Shape);

@@ -8,12 +8,13 @@ std::string PropertyValue(const FProperty& Property, const FType& Type, const FL
 						  const std::string& Inner, const std::string& MetaData)
 {
 	const bool bEnum = Type.Kind == "Enum";
+	const bool bNamed = bEnum || Type.Kind == "Struct" || Type.Kind == "MulticastDelegate";
 	const bool bClass = Type.Kind == "Object" || Type.Kind == "Class";
 	return Fill("{$1, EPropertyGenKind::$2, $3, $4, $5, $6, $7, $8, $9}",
 				{Literal(Property.Name), Type.Kind, Join(Flags, " | ", "CPF_None"), Offset,
 				 bClass ? "&" + Type.Referred + "::StaticClass" : "nullptr",
 				 bEnum && !Type.Referred.empty() ? "&StaticEnum<" + Type.Referred + ">" : "nullptr",
-				 bEnum ? Literal(Type.CppName.substr(0, Type.CppName.find("::"))) : "nullptr", Inner, MetaData});
+				 bNamed ? Literal(Type.CppName.substr(0, Type.CppName.find("::"))) : "nullptr", Inner, MetaData});
 }
 
 } // namespace

@@ -13,6 +13,7 @@ const FSymbols EngineClasses{
 	{"USaveGame", {"UObject", "GameFramework/SaveGame.h"}},
 	{"UWorld", {"UObject", "Engine/World.h"}},
 	{"UMediaPlayer", {"UObject", "MediaPlayer.h"}},
+	{"UMediaTexture", {"UObject", "MediaTexture.h"}},
 	{"UVisual", {"UObject", "Components/Widget.h"}},
 	{"UPanelSlot", {"UVisual", "Components/PanelWidget.h"}},
 	{"UCanvasPanelSlot", {"UPanelSlot", "Components/CanvasPanelSlot.h"}},
@@ -38,8 +39,13 @@ public:
 	{
 	}
 
-	FSymbols Run()
+	FSymbols Run(std::vector<FHeader>& Used)
 	{
+		for (FHeader& Header : Used)
+		{
+			Current = &Header;
+			DeclareTypes(Header);
+		}
 		for (FHeader& Header : Headers)
 		{
 			Current = &Header;
@@ -239,6 +245,15 @@ private:
 					  "`, which is no user widget: derive that from UUserWidget");
 		}
 		ResolveEditing(Class, Property);
+		const bool bAssignable = std::ranges::find(Property.Flags, "CPF_BlueprintAssignable") != Property.Flags.end();
+		Check(bAssignable == (Type.Kind == "MulticastDelegate"), Property,
+			  "`" + Property.Name +
+				  (bAssignable ? "` is BlueprintAssignable but no dynamic multicast delegate: remove the specifier"
+							   : "` is a dynamic multicast delegate: mark it BlueprintAssignable, or not at all"));
+		if (bAssignable)
+		{
+			Property.Flags.push_back("CPF_InstancedReference");
+		}
 		if (Element.bObjectPtr)
 		{
 			Property.Flags.push_back("CPF_TObjectPtr");
@@ -269,8 +284,8 @@ private:
 		const bool bVisible = Count("CPF_BlueprintVisible") > 0;
 		Check(!bVisible || Property.Access != "Private", Property,
 			  "`" + Property.Name +
-				  "` is private but BlueprintReadWrite: remove the specifier or make it protected or public");
-		if (bVisible || Count("CPF_Edit") > 0)
+				  "` is private but visible to blueprints: remove the specifier or make it protected or public");
+		if (bVisible || Count("CPF_Edit") > 0 || Count("CPF_BlueprintAssignable") > 0)
 		{
 			Property.MetaData.emplace("Category", Class.Name.substr(1));
 		}
@@ -287,7 +302,7 @@ private:
 			{
 				ResolveParameter(Parameter);
 				bOut |=
-					std::find(Parameter.Flags.begin(), Parameter.Flags.end(), "CPF_OutParm") != Parameter.Flags.end();
+					!Parameter.IsResult() && std::ranges::find(Parameter.Flags, "CPF_OutParm") != Parameter.Flags.end();
 			}
 		}
 		// A delegate's signature has no native entry that could write to its parameters.
@@ -303,6 +318,14 @@ private:
 	{
 		const FType& Type = Parameter.Type;
 		const FType& Element = Type.Inner.empty() ? Type : Type.Inner[0];
+		if (Parameter.IsResult())
+		{
+			Check(!Type.bReference && !Type.bConst, Parameter, "the result is const or a reference: return a value");
+			Parameter.Flags = {"CPF_Parm", "CPF_OutParm", "CPF_ReturnParm"};
+			return;
+		}
+		Check(Type.Kind != "MulticastDelegate", Parameter,
+			  "`" + Parameter.Name + "` is a dynamic multicast delegate, which no parameter can be");
 		Check(!Type.bReference || Type.bConst, Parameter,
 			  "`" + Parameter.Name + "` is a reference that is not const: take it by value or constant reference");
 		Check(!Element.bObjectPtr, Parameter,
@@ -337,7 +360,7 @@ private:
 
 } // namespace
 
-FSymbols ResolveHeaders(std::vector<FHeader>& Headers, std::vector<std::string>& Errors)
+FSymbols ResolveHeaders(std::vector<FHeader>& Headers, std::vector<FHeader>& Used, std::vector<std::string>& Errors)
 {
-	return FResolver(Headers, Errors).Run();
+	return FResolver(Headers, Errors).Run(Used);
 }

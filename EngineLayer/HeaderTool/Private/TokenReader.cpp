@@ -107,8 +107,13 @@ void FTokenReader::ReadSpecifiers(FDeclared& Record, const FSpecifiers& Known)
 		}
 		Seen.push_back(Name);
 		++Pos;
-		Record.Flags.insert(Record.Flags.end(), Specifier->second.begin(), Specifier->second.end());
-		if (Specifier->second.empty())
+		const auto& [Flags, Keys] = Specifier->second;
+		Record.Flags.insert(Record.Flags.end(), Flags.begin(), Flags.end());
+		for (const std::string& Key : Keys)
+		{
+			Record.MetaData[Key] = "true";
+		}
+		if (Flags.empty() && Keys.empty())
 		{
 			Expect("=", "after `" + Name + "`");
 			Name == "meta" ? ReadMetaData(Record, "") : void(Record.MetaData[Name] = ReadValue());

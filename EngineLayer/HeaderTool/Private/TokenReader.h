@@ -2,8 +2,16 @@
 
 #include "Model.h"
 
-/** The flags that each specifier of a mark stands for; one that stands for none takes a value. */
-using FSpecifiers = std::map<std::string, std::vector<std::string>>;
+/** What a specifier of a mark stands for. */
+struct FSpecifier
+{
+	std::vector<std::string> Flags;
+	/** Metadata keys, each "true". */
+	std::vector<std::string> Keys;
+};
+
+/** The specifiers that a mark takes; one that stands for nothing takes a value. */
+using FSpecifiers = std::map<std::string, FSpecifier>;
 
 /** Walks through a header's tokens; what the parser's rules are made of. Failures throw FHeaderError. */
 class FTokenReader

@@ -5,13 +5,14 @@ namespace
 
 /** Types that stand for themselves, with their EPropertyGenKind. */
 const std::map<std::string, std::string> PlainTypes{
-	{"bool", "Bool"},	{"int32", "Int32"},	  {"int64", "Int64"},
-	{"float", "Float"}, {"double", "Double"}, {"FString", "String"},
-	{"FText", "Text"},	{"FName", "Name"},	  {"ETextCommit::Type", "Enum"},
+	{"bool", "Bool"},		 {"int32", "Int32"},		 {"int64", "Int64"},
+	{"float", "Float"},		 {"double", "Double"},		 {"FString", "String"},
+	{"FText", "Text"},		 {"FName", "Name"},			 {"ETextCommit::Type", "Enum"},
+	{"FTimespan", "Struct"}, {"FLinearColor", "Struct"},
 };
 
 constexpr const char* ReflectableTypes =
-	"take bool, int32, int64, float, double, FString, FText, FName, a UENUM, a pointer "
+	"take bool, int32, int64, float, double, FString, FText, FName, FTimespan, FLinearColor, a UENUM, a pointer "
 	"or TObjectPtr to a UCLASS, a TSubclassOf, "
 	"or a TArray of one of these";
 
@@ -103,6 +104,11 @@ private:
 		{
 			Type.Kind = "Enum";
 			Type.Referred = Name;
+			return true;
+		}
+		if (Symbol != Symbols.end() && Symbol->second.Prefix == 'F')
+		{
+			Type.Kind = "MulticastDelegate";
 			return true;
 		}
 		Type.Kind = "Object";

@@ -26,14 +26,22 @@ std::string WriteThunk(const FClass& Class, const FFunction& Function)
 {
 	FList Values;
 	std::string Steps;
+	std::string Store;
 	for (const FProperty& Parameter : Function.Parameters)
 	{
+		if (Parameter.IsResult())
+		{
+			Store = Fill("*static_cast<$1*>(Z_Param__Result) = ", {Parameter.Type.CppName});
+			continue;
+		}
 		Values.push_back("Z_Param_" + Parameter.Name);
 		Steps += Fill("\tconst auto& $1 = Stack.StepParam<$2>();\n", {Values.back(), Parameter.Type.CppName});
 	}
 	return Fill(
-		"void $1::exec$2(UObject* Context, FFrame&$3, void* const)\n{\n$4\tstatic_cast<$1*>(Context)->$2($5);\n}\n\n",
-		{Class.Name, Function.Name, Values.empty() ? "" : " Stack", Steps, Join(Values, ", ", "")});
+		"void $1::exec$2(UObject* Context, FFrame&$3, void* const$6)\n{\n$4\t$7static_cast<$1*>(Context)->$2($5);"
+		"\n}\n\n",
+		{Class.Name, Function.Name, Values.empty() ? "" : " Stack", Steps, Join(Values, ", ", ""),
+		 Store.empty() ? "" : " Z_Param__Result", Store});
 }
 
 std::string WriteClass(const FClass& Class)

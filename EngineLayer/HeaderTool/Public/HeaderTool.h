@@ -28,5 +28,9 @@ struct FGenerated
 	std::vector<std::string> Errors;
 };
 
-/** Reads the marks of a module's headers, all in one go because classes refer to each other, and writes their records. */
-FGenerated GenerateReflection(const FModuleInfo& Module, const std::vector<FTextFile>& Headers);
+/**
+ * Reads the marks of a module's headers, all in one go because classes refer to each other, and writes their records. Used:
+ * headers of other modules that these refer to; nothing is written for them.
+ */
+FGenerated GenerateReflection(const FModuleInfo& Module, const std::vector<FTextFile>& Headers,
+							  const std::vector<FTextFile>& Used = {});

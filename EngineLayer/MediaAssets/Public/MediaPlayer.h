@@ -2,8 +2,9 @@
 
 #include "CoreMinimal.h"
 #include "UObject/Object.h"
+#include "UObject/ScriptDelegates.h"
 
-/** What a host's player tells of itself. Outlives the media player that reads it, or is taken away from it before. */
+/** What a host's player reports of itself, and what it can be asked to do. Outlives the media player that reads it, or is taken away from it before. */
 class ENGINELAYER_API IMediaSource
 {
 public:
@@ -12,7 +13,14 @@ public:
 	virtual FTimespan GetTime() const = 0;
 	virtual bool IsPlaying() const = 0;
 	virtual const FString& GetUrl() const = 0;
+
+	/** Each is false where the source can't, or where it does so already. */
+	virtual bool Play() { return false; }
+	virtual bool Pause() { return false; }
+	virtual bool Seek([[maybe_unused]] const FTimespan& Time) { return false; }
 };
+
+DECLARE_DYNAMIC_MULTICAST_DELEGATE(FOnMediaPlayerMediaEvent);
 
 /** The media player as the module sees it: it reads the host's. Without one: time 0, not playing, no URL. */
 class ENGINELAYER_API UMediaPlayer : public UObject
@@ -25,12 +33,21 @@ public:
 	{
 	}
 
-	void SetSource(const IMediaSource* InSource) { Source = InSource; }
+	FOnMediaPlayerMediaEvent OnPlaybackResumed;
+	FOnMediaPlayerMediaEvent OnPlaybackSuspended;
+	FOnMediaPlayerMediaEvent OnSeekCompleted;
+
+	void SetSource(IMediaSource* InSource) { Source = InSource; }
 
 	FTimespan GetTime() const;
 	bool IsPlaying() const;
 	const FString& GetUrl() const;
 
+	/** False where it can't be done, or is so already; else the event is raised. */
+	bool Play();
+	bool Pause();
+	bool Seek(const FTimespan& Time);
+
 private:
-	const IMediaSource* Source = nullptr;
+	IMediaSource* Source = nullptr;
 };

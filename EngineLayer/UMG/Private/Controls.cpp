@@ -44,22 +44,12 @@ void UCheckBox::Toggle(bool bInIsChecked)
 	}
 }
 
-void UEditableText::SetText(FText InText)
-{
-	const bool bChanged = !Text.ToString().Equals(InText.ToString());
-	Text = InText;
-	if (bChanged && bWasDisplayed)
-	{
-		// Not the member: a subscriber may set another text.
-		OnTextChanged.Broadcast(InText);
-	}
-}
-
 void UEditableText::TypeText(const FText& InText)
 {
-	if (IsUsable())
+	if (IsUsable() && !Text.ToString().Equals(InText.ToString()))
 	{
-		SetText(InText);
+		Text = InText;
+		OnTextChanged.Broadcast(InText);
 	}
 }
 
@@ -73,12 +63,13 @@ void UEditableText::Commit(ETextCommit::Type InCommitMethod)
 	{
 		ClearFocus();
 	}
+	// A copy, because a subscriber may set another text.
 	const FText Committed = Text;
 	OnTextCommitted.Broadcast(Committed, InCommitMethod);
-}
-
-void UEditableText::ConstructTree()
-{
-	Super::ConstructTree();
-	bWasDisplayed = true;
+	if (InCommitMethod == ETextCommit::OnEnter && ClearKeyboardFocusOnCommit && HasKeyboardFocus())
+	{
+		ClearFocus();
+		const FText Left = Text;
+		OnTextCommitted.Broadcast(Left, ETextCommit::OnCleared);
+	}
 }

@@ -17,7 +17,7 @@ void UPanelSlot::VisitReferences(FReferenceCollector& Collector)
 
 UPanelSlot* UPanelWidget::AddChild(UWidget* Content)
 {
-	if (Content == nullptr)
+	if (Content == nullptr || (!CanHaveMultipleChildren() && GetChildrenCount() > 0))
 	{
 		return nullptr;
 	}

@@ -2,12 +2,11 @@
 
 #include "Blueprint/WidgetBlueprintGeneratedClass.h"
 #include "Blueprint/WidgetObserver.h"
+#include "Blueprint/WidgetTree.h"
 #include "Components/PanelWidget.h"
 #include "Engine/World.h"
 #include "Input/Events.h"
 #include "UObject/GeneratedCppIncludes.h"
-
-#include <vector>
 
 IMPLEMENT_LAYER_CLASS(UUserWidget, "UserWidget")
 
@@ -23,19 +22,44 @@ UUserWidget* UUserWidget::Create(UObject& InOuter, UClass* InClass, FName InName
 	{
 		Observer->OnWidgetCreated(*Widget);
 	}
-	if (const auto* Blueprint = dynamic_cast<const UWidgetBlueprintGeneratedClass*>(Widget->GetClass()))
-	{
-		Blueprint->InitializeWidget(*Widget);
-	}
-	Widget->NativeOnInitialized();
+	Widget->Initialize();
 	return Widget;
+}
+
+bool UUserWidget::Initialize()
+{
+	if (bInitialized)
+	{
+		return false;
+	}
+	bInitialized = true;
+	if (const auto* Blueprint = dynamic_cast<const UWidgetBlueprintGeneratedClass*>(GetClass()))
+	{
+		Blueprint->InitializeWidget(*this);
+	}
+	else
+	{
+		InitializeNativeClassData();
+	}
+	if (WidgetTree == nullptr)
+	{
+		static const FName TreeName(TEXT("WidgetTree"));
+		WidgetTree = NewObject<UWidgetTree>(this, UWidgetTree::StaticClass(), TreeName, RF_Transient);
+	}
+	NativeOnInitialized();
+	return true;
 }
 
 UUserWidget* UUserWidget::CreateWidgetInstance(UWidget& InOwner, TSubclassOf<UUserWidget> InClass, FName InName)
 {
 	UUserWidget* Owner = Cast<UUserWidget>(&InOwner);
 	Owner = Owner != nullptr ? Owner : InOwner.GetOwningUserWidget();
-	return Owner != nullptr ? Create(*Owner, InClass, InName) : nullptr;
+	return Owner != nullptr && Owner->WidgetTree != nullptr ? Create(*Owner->WidgetTree, InClass, InName) : nullptr;
+}
+
+UUserWidget* UUserWidget::CreateWidgetInstance(UWidgetTree& InOwner, TSubclassOf<UUserWidget> InClass, FName InName)
+{
+	return Create(InOwner, InClass, InName);
 }
 
 UUserWidget* UUserWidget::CreateWidgetInstance(UWorld& InOwner, TSubclassOf<UUserWidget> InClass, FName InName)
@@ -45,32 +69,20 @@ UUserWidget* UUserWidget::CreateWidgetInstance(UWorld& InOwner, TSubclassOf<UUse
 
 UWidget* UUserWidget::GetWidgetFromName(FName InName) const
 {
-	std::vector<UWidget*> Open{RootWidget.Get()};
-	while (!Open.empty())
-	{
-		UWidget* Each = Open.back();
-		Open.pop_back();
-		if (Each != nullptr && Each->GetFName() == InName)
-		{
-			return Each;
-		}
-		if (const UPanelWidget* Panel = Cast<UPanelWidget>(Each))
-		{
-			for (int32 Index = 0; Index < Panel->GetChildrenCount(); ++Index)
-			{
-				Open.push_back(Panel->GetChildAt(Index));
-			}
-		}
-	}
-	return nullptr;
+	return WidgetTree != nullptr ? WidgetTree->FindWidget(InName) : nullptr;
+}
+
+UWidget* UUserWidget::GetRootWidget() const
+{
+	return WidgetTree != nullptr ? WidgetTree->RootWidget.Get() : nullptr;
 }
 
 void UUserWidget::Arrange(const FVector2f& InSize)
 {
 	Super::Arrange(InSize);
-	if (RootWidget != nullptr)
+	if (UWidget* Root = GetRootWidget())
 	{
-		RootWidget->Arrange(InSize);
+		Root->Arrange(InSize);
 	}
 }
 
@@ -82,17 +94,17 @@ void UUserWidget::TickTree(float InDeltaTime)
 	}
 	const bool bWasRoot = Slot == nullptr;
 	NativeTick(GetCachedGeometry(), InDeltaTime);
-	if (RootWidget != nullptr && (bWasRoot || Slot != nullptr))
+	if (UWidget* Root = GetRootWidget(); Root != nullptr && (bWasRoot || Slot != nullptr))
 	{
-		RootWidget->TickTree(InDeltaTime);
+		Root->TickTree(InDeltaTime);
 	}
 }
 
 void UUserWidget::ConstructTree()
 {
-	if (RootWidget != nullptr)
+	if (UWidget* Root = GetRootWidget())
 	{
-		RootWidget->ConstructTree();
+		Root->ConstructTree();
 	}
 	Super::ConstructTree();
 	NativePreConstruct();
@@ -103,16 +115,16 @@ void UUserWidget::DestructTree()
 {
 	Super::DestructTree();
 	NativeDestruct();
-	if (RootWidget != nullptr)
+	if (UWidget* Root = GetRootWidget())
 	{
-		RootWidget->DestructTree();
+		Root->DestructTree();
 	}
 }
 
 void UUserWidget::VisitReferences(FReferenceCollector& Collector)
 {
 	Super::VisitReferences(Collector);
-	Collector.AddReferencedObject(RootWidget);
+	Collector.AddReferencedObject(WidgetTree);
 }
 
 void UUserWidget::PointerEnter()
@@ -141,10 +153,11 @@ void UUserWidget::NativeOnMouseLeave(const FPointerEvent&)
 
 FVector2D UUserWidget::ComputeDesiredSize()
 {
-	if (RootWidget == nullptr)
+	UWidget* Root = GetRootWidget();
+	if (Root == nullptr)
 	{
 		return FVector2D::ZeroVector;
 	}
-	RootWidget->ForceLayoutPrepass();
-	return RootWidget->GetDesiredSize();
+	Root->ForceLayoutPrepass();
+	return Root->GetDesiredSize();
 }

@@ -1,5 +1,6 @@
 #include "Blueprint/WidgetBlueprintBuilder.h"
-#include "Components/PanelWidget.h"
+#include "Blueprint/WidgetTree.h"
+#include "Components/ContentWidget.h"
 #include "Containers/StringConv.h"
 #include "UObject/GeneratedCppIncludes.h"
 
@@ -19,6 +20,11 @@ bool IsBindWidget(const FProperty& Property)
 	return Property.GetMetaData().Find("BindWidget") != nullptr;
 }
 
+bool IsBindWidgetOptional(const FProperty& Property)
+{
+	return Property.GetMetaData().Find("BindWidgetOptional") != nullptr;
+}
+
 } // namespace
 
 UWidgetBlueprintGeneratedClass::UWidgetBlueprintGeneratedClass(FName InName, UClass* InParent,
@@ -28,11 +34,11 @@ UWidgetBlueprintGeneratedClass::UWidgetBlueprintGeneratedClass(FName InName, UCl
 {
 	for (const UClass* Each = InParent; Each != nullptr; Each = Each->GetSuperClass())
 	{
-		for (const FProperty& Property : Each->GetOwnProperties())
+		for (const std::unique_ptr<FProperty>& Property : Each->GetOwnProperties())
 		{
-			if (Property.HasAnyFlags(CPF_Edit))
+			if (Property->HasAnyFlags(CPF_Edit))
 			{
-				EditableProperties.push_back(&Property);
+				EditableProperties.push_back(Property.get());
 			}
 		}
 	}
@@ -40,15 +46,18 @@ UWidgetBlueprintGeneratedClass::UWidgetBlueprintGeneratedClass(FName InName, UCl
 
 void UWidgetBlueprintGeneratedClass::InitializeWidget(UUserWidget& Widget) const
 {
+	UWidgetTree* Widgets =
+		NewObject<UWidgetTree>(&Widget, UWidgetTree::StaticClass(), TEXT("WidgetTree"), RF_Transient);
+	Widget.WidgetTree = Widgets;
 	std::vector<UWidget*> Made;
 	Made.reserve(Tree.size());
 	for (const FWidgetTemplate& Template : Tree)
 	{
-		UWidget* Each = NewObject<UWidget>(&Widget, Template.Class, Template.Name);
+		UWidget* Each = Widgets->ConstructWidget<UWidget>(Template.Class, Template.Name);
 		Made.push_back(Each);
 		if (Template.Parent == INDEX_NONE)
 		{
-			Widget.RootWidget = Each;
+			Widgets->RootWidget = Each;
 		}
 		else
 		{
@@ -100,6 +109,14 @@ const char* FWidgetBlueprintBuilder::FindFault(const UClass* InClass, FName InNa
 	{
 		return "is put into something that is no panel";
 	}
+	const auto IsInPanel = [&](const FWidgetTemplate& Each)
+	{
+		return Each.Parent == static_cast<int32>(Panel - Tree.begin());
+	};
+	if (!bRoot && Panel->Class->IsChildOf(UContentWidget::StaticClass()) && std::ranges::any_of(Tree, IsInPanel))
+	{
+		return "is put into something that has its only child";
+	}
 	return nullptr;
 }
 
@@ -126,9 +143,10 @@ bool FWidgetBlueprintBuilder::BindMembers(std::string& OutError)
 {
 	for (const UClass* Each = ParentClass; Each != nullptr; Each = Each->GetSuperClass())
 	{
-		for (const FProperty& Property : Each->GetOwnProperties())
+		for (const std::unique_ptr<FProperty>& Declared : Each->GetOwnProperties())
 		{
-			if (!IsBindWidget(Property))
+			const FProperty& Property = *Declared;
+			if (!IsBindWidget(Property) && !IsBindWidgetOptional(Property))
 			{
 				continue;
 			}
@@ -136,6 +154,10 @@ bool FWidgetBlueprintBuilder::BindMembers(std::string& OutError)
 			const std::string Wanted = "widget blueprint " + ToUtf8(Name.ToString()) + ": class " + Each->GetCppName() +
 									   " needs a widget named \"" + ToUtf8(Property.GetName()) + "\" of type " +
 									   Property.GetReferencedClass()->GetCppName();
+			if (Found == Tree.end() && IsBindWidgetOptional(Property))
+			{
+				continue;
+			}
 			if (Found == Tree.end())
 			{
 				OutError = Wanted + ", and the tree has none: add it";

@@ -1,12 +1,12 @@
-#include "BurnCommand.h"
+#include "Commands.h"
 
 #include "BurnProgress.h"
 #include "ExitCodes.h"
 #include "Message.h"
-#include "OptionChecks.h"
-#include "OptionValues.h"
 #include "PaintSession.h"
 #include "StopSignals.h"
+#include "Values/OptionChecks.h"
+#include "Values/TimeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -40,7 +40,6 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 	Options.Threads = InArguments.Paint.Threads;
 	Options.From = ParseTime(InArguments.From);
 	Options.To = ParseTime(InArguments.To);
-	Options.Opacity = InArguments.Paint.Opacity;
 	return Options;
 }
 
@@ -55,7 +54,7 @@ int RunBurn(const FBurnArguments& InArguments)
 	const FStopSignals Signals;
 	FBurnProgress Progress;
 	const FVideoResult Result =
-		Session->Library().Burn(MakeOptions(InArguments), Session->Overlay(), Progress, Signals.GetFlag());
+		Session->Library().Burn(MakeOptions(InArguments), *Session, Progress, Signals.GetFlag());
 	Progress.Clear();
 	switch (Result.Outcome)
 	{
@@ -67,14 +66,14 @@ int RunBurn(const FBurnArguments& InArguments)
 	case EVideoOutcome::Done:
 		break;
 	}
-	Session->TellCuts();
+	Session->ReportCuts();
 	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), Progress.Summary().c_str());
 	return ExitSuccess;
 }
 
 constexpr const char* Footer =
-	R"(Sound and subtitles are copied. Times are given in seconds or as [hh:]mm:ss[.fff].
-OUT appears under its name only when it is whole; an earlier file of that name is replaced then.
+	R"(Audio and subtitles are copied. Times are in seconds or [hh:]mm:ss[.fff].
+OUT appears only once it is complete; until then an existing file of that name stays as it is.
 
 Examples:
   flitmark burn film.mp4 comments.json -o out.mp4
@@ -83,21 +82,24 @@ Examples:
 
 } // namespace
 
-void AddBurnCommand(CLI::App& App, int& OutExitCode)
+void AddBurnCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FBurnArguments>();
-	CLI::App* const Command = App.add_subcommand("burn", "Make a video with the comments painted into it");
+	CLI::App* const Command = InApp.add_subcommand("burn", "Burn comments into a new video");
 	AddPaintOptions(*Command, Arguments->Paint);
-	const CLI::Validator Time = MakeCheck(&ParseTime, "is no time such as 90, 1:30 or 0:01:30.5");
-	Command->add_option("-o,--output", Arguments->Paint.Output, "The video to make; its ending names the container")
+	const CLI::Validator Time = MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5");
+	Command->add_option("-o,--output", Arguments->Paint.Output, "The new video; its extension picks the container")
 		->type_name("OUT")
 		->required();
-	Command->add_option("--codec", Arguments->Codec, "Encoder, by FFmpeg's name")->capture_default_str();
-	Command->add_option("--crf", Arguments->Crf, "The encoder's quality: less is better and larger (default: its own)")
-		->check(CLI::NonNegativeNumber);
-	Command->add_option("--preset", Arguments->Preset, "The encoder's preset, such as ultrafast (default: its own)");
-	Command->add_option("--from", Arguments->From, "Time to begin at")->check(Time)->type_name("TIME");
-	Command->add_option("--to", Arguments->To, "Time to end at")->check(Time)->type_name("TIME");
+	Command->add_option("--codec", Arguments->Codec, "Video encoder, as FFmpeg names it")->capture_default_str();
+	Command
+		->add_option("--crf", Arguments->Crf,
+					 "Encoder quality; lower is better and larger (default: the encoder's own)")
+		->check(MakeNumberCheck(0.0));
+	Command->add_option("--preset", Arguments->Preset,
+						"Encoder preset, such as ultrafast (default: the encoder's own)");
+	Command->add_option("--from", Arguments->From, "Start at this time")->check(Time)->type_name("TIME");
+	Command->add_option("--to", Arguments->To, "Stop at this time")->check(Time)->type_name("TIME");
 	Command->footer(Footer);
 	Command->callback(
 		[Arguments, &OutExitCode]
@@ -105,7 +107,7 @@ void AddBurnCommand(CLI::App& App, int& OutExitCode)
 			const std::optional<double> To = ParseTime(Arguments->To);
 			if (To && *To <= ParseTime(Arguments->From).value_or(0.0))
 			{
-				throw CLI::ValidationError("--to", "must be behind the time to begin at");
+				throw CLI::ValidationError("--to", "must be after --from");
 			}
 			OutExitCode = RunBurn(*Arguments);
 		});

@@ -2,8 +2,8 @@
 
 #include "Comments/CommentsReport.h"
 #include "Message.h"
-#include "OptionValues.h"
 #include "TerminalText.h"
+#include "Values/TimeText.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -60,20 +60,20 @@ std::string FBurnProgress::Pace() const
 
 std::string FBurnProgress::Bar() const
 {
-	const std::string Behind = State.TotalSeconds > 0.0 ? Format(" %3.0f %%  ", 100.0 * DoneShare(State)) + Pace()
-														: " " + FormatTime(State.DoneSeconds) + "  " + Pace();
+	const std::string Rest = State.TotalSeconds > 0.0 ? Format(" %3.0f %%  ", 100.0 * DoneShare(State)) + Pace()
+													  : " " + FormatTime(State.DoneSeconds) + "  " + Pace();
 	// Brackets, and a last column that stays free, since writing there breaks the line on some terminals.
 	constexpr std::size_t Frame = 3;
 	constexpr std::size_t Longest = 40;
 	constexpr std::size_t UsualWidth = 80;
 	const std::size_t Width = GetTerminalWidth(stderr).value_or(UsualWidth);
-	const std::size_t Room = Width > Behind.size() + Frame ? std::min(Longest, Width - Behind.size() - Frame) : 0;
+	const std::size_t Room = Width > Rest.size() + Frame ? std::min(Longest, Width - Rest.size() - Frame) : 0;
 	if (Room == 0 || State.TotalSeconds <= 0.0)
 	{
-		return Behind.substr(0, Width - 1);
+		return Rest.substr(0, Width - 1);
 	}
 	const auto Filled = static_cast<std::size_t>(DoneShare(State) * static_cast<double>(Room));
-	return "[" + std::string(Filled, '#') + std::string(Room - Filled, '.') + "]" + Behind;
+	return "[" + std::string(Filled, '#') + std::string(Room - Filled, '.') + "]" + Rest;
 }
 
 void FBurnProgress::OnFrame(const FBurnState& InState)

@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-/** Tells on standard error how far a burn has come: a bar on a terminal, a line every few seconds elsewhere. */
+/** Reports the progress of a burn on standard error: a bar on a terminal, a line every few seconds elsewhere. */
 class FBurnProgress final : public IBurnProgress
 {
 public:
@@ -20,14 +20,14 @@ public:
 	/** Takes the bar off the terminal. */
 	void Clear();
 
-	/** "900 frames, 00:30, in 2.9 s (310 frames/s, 10.3 x)". */
+	/** "900 frames, 0:30, in 2.9 s (310 frames/s, 10.3 x)". */
 	std::string Summary() const;
 
 private:
 	using FClock = std::chrono::steady_clock;
 
 	double Elapsed() const;
-	/** "312 frames/s, 10.4 x, 00:12 left". */
+	/** "312 frames/s, 10.4 x, 0:12 left". */
 	std::string Pace() const;
 	std::string Bar() const;
 

@@ -1,4 +1,4 @@
-#include "CheckCommand.h"
+#include "Commands.h"
 
 #include "CommentOptions.h"
 #include "DocumentReview.h"
@@ -6,10 +6,11 @@
 #include "Files/FileText.h"
 #include "JsonLine.h"
 #include "Message.h"
-#include "OptionChecks.h"
 #include "OptionValues.h"
 #include "SizeProbe.h"
 #include "Overlay/TextMeasure.h"
+#include "Values/OptionChecks.h"
+#include "Values/TimeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -76,18 +77,18 @@ void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
 	std::printf("%s: %s, ", InFile.Report.Path.c_str(), CountComments(InReview.NumComments).c_str());
 	if (InReview.NumUnseen == 0)
 	{
-		std::printf("nothing that keeps one from being seen\n");
+		std::printf("all can be seen\n");
 	}
 	else
 	{
 		std::printf("%s will not be seen\n", FormatCount(InReview.NumUnseen).c_str());
 	}
 	PrintFindings(InReview, false, "\nNot seen:\n");
-	PrintFindings(InReview, true, "\nSeen, but perhaps not as it was meant:\n");
+	PrintFindings(InReview, true, "\nSeen, but perhaps not as intended:\n");
 	if (!InReview.Findings.empty())
 	{
-		std::printf("(%s, the first is element 0)\n",
-					InFile.Report.bImported ? "counted among the comments that are left" : "elements of \"datas\"");
+		std::printf("(%s; the first is element 0)\n",
+					InFile.Report.bImported ? "numbered among the comments that are left" : "elements of \"datas\"");
 	}
 	if (InReview.NumComments > 0)
 	{
@@ -101,7 +102,7 @@ void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
 		{
 			return FormatTime(static_cast<double>(InSecond));
 		};
-		std::printf("times    %s to %s, in %s second%s of it\n", Time(InReview.FirstSecond).c_str(),
+		std::printf("times    %s to %s, %s second%s with comments\n", Time(InReview.FirstSecond).c_str(),
 					Time(InReview.LastSecond).c_str(), FormatCount(InReview.NumSeconds).c_str(),
 					InReview.NumSeconds == 1 ? "" : "s");
 		std::printf("busiest  %s with %s comment%s\n", Time(InReview.BusiestSecond).c_str(),
@@ -160,7 +161,7 @@ void AddReview(FJsonLine& Line, const FDocumentReview& InReview)
 	}
 }
 
-/** The error of a text that is no comment document, as a JSON object. */
+/** The error of a text that is not a comment document, as a JSON object. */
 void PrintFaultAsJson(const std::string& InPath, const FDocumentFault& InFault)
 {
 	FJsonLine Line;
@@ -189,7 +190,7 @@ void AddLoading(FJsonLine& Line, const FCommentsFile& InFile)
 	AddText(Line, "format", ToText(Import.Format));
 	Line.Add("read", static_cast<int64>(Import.NumRead));
 	Line.Add("broken", static_cast<int64>(Import.NumBroken));
-	Line.Add("mended", static_cast<int64>(Import.NumMended));
+	Line.Add("repaired", static_cast<int64>(Import.NumRepaired));
 	Line.Add("not_served", static_cast<int64>(InFile.Report.Kinds.CountDropped()));
 	Line.BeginArray("notes");
 	for (const std::string& Note : DescribeLosses(InFile.Report))
@@ -255,8 +256,8 @@ int RunCheck(const FCheckArguments& InArguments)
 }
 
 constexpr const char* Footer =
-	R"(Exit status: 0 when every comment can be seen, 1 when some or all can't, 2 for wrong use.
-Comments that find no free lane among the others are not foretold; "flitmark trace" tells them.
+	R"(Exit status: 0 if every comment can be seen, 1 if some or all can't, 2 for wrong usage.
+Whether a comment finds a free lane among the others is not checked; "flitmark trace" shows that.
 
 Examples:
   flitmark check comments.json
@@ -272,15 +273,16 @@ std::optional<FVector2f> ParseShownSize(std::string_view InText)
 
 } // namespace
 
-void AddCheckCommand(CLI::App& App, int& OutExitCode)
+void AddCheckCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FCheckArguments>();
 	CLI::App* const Command =
-		App.add_subcommand("check", "Tell which comments of a file a viewer will not see, and why");
-	Command->add_option("COMMENTS", Arguments->Comments, "File of comments, in any known format")->required();
+		InApp.add_subcommand("check", "List the comments of a file that a viewer will not see, and why");
+	Command->add_option("COMMENTS", Arguments->Comments, "Comment file, in any known format")->required();
 	Command->add_flag("--json", Arguments->bJson, "Print one JSON object, for programs");
-	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT; decides which sizes fit")
-		->check(MakeCheck(&ParseShownSize, "is no size such as 1920x1080"))
+	Command->add_option("--size", Arguments->Size, "Canvas size in canvas units; decides which font sizes fit")
+		->type_name("WIDTHxHEIGHT")
+		->check(MakeCheck(&ParseShownSize, "is not a size; try 1920x1080"))
 		->capture_default_str();
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);

@@ -1,8 +1,8 @@
 #include "CommentOptions.h"
 
 #include "Message.h"
-#include "OptionChecks.h"
-#include "OptionValues.h"
+#include "Values/OptionChecks.h"
+#include "Values/TimeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,13 +14,13 @@ namespace Flitmark
 namespace
 {
 
-constexpr const char* FormatGroup = "Comments of other formats";
-constexpr const char* FilterGroup = "Filters (in this order)";
+constexpr const char* FormatGroup = "Comments in other formats";
+constexpr const char* FilterGroup = "Filters (applied in this order)";
 
 std::string CheckPattern(const std::string& InText)
 {
 	const std::optional<std::string> Fault = FindPatternFault(InText);
-	return Fault ? "\"" + InText + "\" is no regular expression: " + *Fault : std::string();
+	return Fault ? "\"" + InText + "\" is not a regular expression: " + *Fault : std::string();
 }
 
 std::optional<double> ParseWindow(std::string_view InText)
@@ -41,47 +41,46 @@ std::optional<int64> ParseMost(std::string_view InText)
 
 void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 {
-	InCommand.add_option("--reverse", InOutArguments.Reverse, "Comments that move from left to right: scroll or drop")
+	InCommand.add_option("--reverse", InOutArguments.Reverse, "Comments that move left to right: scroll or drop")
 		->check(CLI::IsMember({"scroll", "drop"}))
 		->type_name("HOW")
 		->capture_default_str()
 		->group(FormatGroup);
 	InCommand
-		.add_option(
-			"--positioned", InOutArguments.Positioned,
-			"Comments that their authors placed: text (stands at the top; pieces of drawings are dropped) or drop")
+		.add_option("--positioned", InOutArguments.Positioned,
+					"Comments placed by their authors: text (shown at the top, drawings dropped) or drop")
 		->check(CLI::IsMember({"text", "drop"}))
 		->type_name("HOW")
 		->capture_default_str()
 		->group(FormatGroup);
-	// One value each time, or they would swallow the files behind them.
-	InCommand.add_option("--block", InOutArguments.Block, "Leave out texts that match; may be given several times")
+	// One value each time, or they would swallow the files after them.
+	InCommand.add_option("--block", InOutArguments.Block, "Drop comments whose text matches; repeatable")
 		->type_name("REGEX")
 		->allow_extra_args(false)
 		->check(CLI::Validator(&CheckPattern, ""))
 		->group(FilterGroup);
 	InCommand
 		.add_option("--block-user", InOutArguments.BlockUsers,
-					"Leave out what a user wrote, by number or the service's own name; may be given several times")
+					"Drop a user's comments, by number or by the service's own name; repeatable")
 		->type_name("ID")
 		->allow_extra_args(false)
-		->check(CLI::Validator([](const std::string& InUser) { return InUser.empty() ? "names no user" : ""; }, ""))
+		->check(CLI::Validator([](const std::string& InUser) { return InUser.empty() ? "must not be empty" : ""; }, ""))
 		->group(FilterGroup);
-	InCommand.add_option("--only", InOutArguments.Only, "Leave only these modes, such as top,bottom")
+	InCommand.add_option("--only", InOutArguments.Only, "Keep only these modes, such as top,bottom")
 		->type_name("MODES")
-		->check(MakeCheck(&ParseKinds, "is no list of the modes scroll, top and bottom, parted by commas"))
+		->check(MakeCheck(&ParseKinds, "is not a list of modes; try scroll,top,bottom or a part of it"))
 		->group(FilterGroup);
 	InCommand
 		.add_option("--merge", InOutArguments.Merge,
-					"Make one of equal texts that come within so many seconds of the first, with their count")
+					"Merge equal texts that come within this many seconds of the first, and show the count")
 		->type_name("SECONDS")
-		->check(MakeCheck(&ParseWindow, "is no number of seconds above 0 and up to a day"))
+		->check(MakeCheck(&ParseWindow, "is not a number of seconds above 0 and up to a day"))
 		->group(FilterGroup);
 	InCommand
 		.add_option("--max-per-second", InOutArguments.MaxPerSecond,
-					"Leave so many comments of each second, spread evenly")
+					"Keep at most N comments per second, spread evenly")
 		->type_name("N")
-		->check(MakeCheck(&ParseMost, "is no whole number of 1 or more"))
+		->check(MakeCheck(&ParseMost, "is not a whole number of 1 or more"))
 		->group(FilterGroup);
 }
 

@@ -15,7 +15,7 @@ class App;
 namespace Flitmark
 {
 
-/** What every command that reads comments is told about them. */
+/** The options of every command that reads comments. */
 struct FCommentArguments
 {
 	std::string Reverse = "scroll";
@@ -27,21 +27,21 @@ struct FCommentArguments
 	std::string MaxPerSecond;
 };
 
-/** Adds the options of other formats and the filters. */
+/** Adds the options for other formats and the filters. */
 void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments);
 
-/** The options as they are used, with the filter that they name. */
+/** The same options parsed, with the filter they make up. */
 struct FCommentSettings
 {
 	FCommentsOptions Options;
 	/** Null where no filter is asked for. */
 	std::unique_ptr<FCommentFilter> Filter;
 
-	/** Empty with OutError set where a filter is not understood; the command line's checks leave little of that. */
+	/** Empty with OutError set where a filter is wrong, which the options' own checks mostly catch. */
 	static std::optional<FCommentSettings> Make(const FCommentArguments& InArguments, std::string& OutError);
 };
 
-/** LoadComments, with what it has to tell on standard error. */
+/** LoadComments, with its notes printed on standard error. */
 std::optional<FCommentsFile> LoadCommentsAloud(const std::string& InPath, const FCommentArguments& InArguments,
 											   std::string& OutError);
 

@@ -1,4 +1,4 @@
-#include "ConvertCommand.h"
+#include "Commands.h"
 
 #include "Formats/CommentChange.h"
 #include "Formats/CommentDocumentWriter.h"
@@ -7,9 +7,9 @@
 #include "Formats/CommentTraits.h"
 #include "ExitCodes.h"
 #include "Message.h"
-#include "OptionChecks.h"
 #include "OptionValues.h"
 #include "Files/TemporaryFile.h"
+#include "Values/OptionChecks.h"
 
 #include <CLI/CLI.hpp>
 
@@ -38,18 +38,18 @@ struct FConvertArguments
 	int64 GetOffset(std::size_t InInput) const { return InInput < Offsets.size() ? *ParseOffset(Offsets[InInput]) : 0; }
 };
 
-/** Moves all comments of a file; those that it moves to where no media time is, are left out. */
+/** Shifts all comments of a file; those that end up outside the media time are dropped. */
 void Move(std::vector<FServiceComment>& InOutComments, int64 InOffset, const std::string& InPath)
 {
 	int64 NumEarly = 0;
 	int64 NumBefore = 0;
-	int64 NumBehind = 0;
+	int64 NumLate = 0;
 	for (FServiceComment& Comment : InOutComments)
 	{
 		SetSpawnTicks(Comment, Comment.SpawnTicks + InOffset);
 		if (!IsReached(Comment))
 		{
-			++(Comment.SpawnTicks < 0 ? NumBefore : NumBehind);
+			++(Comment.SpawnTicks < 0 ? NumBefore : NumLate);
 		}
 		else if (Comment.SpawnTicks < 0)
 		{
@@ -57,19 +57,19 @@ void Move(std::vector<FServiceComment>& InOutComments, int64 InOffset, const std
 		}
 	}
 	std::erase_if(InOutComments, [](const FServiceComment& InComment) { return !IsReached(InComment); });
-	const auto Tell = [&InPath](int64 InCount, const char* InWhere)
+	const auto Report = [&InPath](int64 InCount, const char* InWhere)
 	{
 		if (InCount > 0)
 		{
-			PrintNote(InPath + ": --offset moves " + CountComments(InCount) + " " + InWhere);
+			PrintNote(InPath + ": --offset shifts " + CountComments(InCount) + " " + InWhere);
 		}
 	};
-	Tell(NumEarly, "less than a second before 0 s, which come at the start");
-	Tell(NumBefore, "before 0 s, which is never reached: left out");
-	Tell(NumBehind, "to 24 h or later, which is never reached: left out");
+	Report(NumEarly, "to less than a second before 0 s; shown at the start");
+	Report(NumBefore, "before 0 s, where nothing is shown; dropped");
+	Report(NumLate, "to 24 h or later, where nothing is shown; dropped");
 }
 
-/** The n-th input's comments, with what there is to tell of them told. */
+/** Makes an input's comments ready, and prints what there is to report about them. */
 bool Gather(FCommentsInput& InOutInput, int64 InOffset, std::string& OutError)
 {
 	if (InOutInput.Bytes && !InOutInput.ImportOwn(OutError))
@@ -113,7 +113,7 @@ bool WriteOutput(const std::string& InPath, const FWriteText& InWrite, std::stri
 {
 	if (InPath == StandardOutput)
 	{
-		// That it cannot be written shows when the program ends, as with every other output.
+		// A failure is reported when the program ends, as for every command.
 		InWrite([](std::string_view InPiece)
 				{ return std::fwrite(InPiece.data(), 1, InPiece.size(), stdout) == InPiece.size(); });
 		return true;
@@ -123,14 +123,14 @@ bool WriteOutput(const std::string& InPath, const FWriteText& InWrite, std::stri
 		   File->Commit(OutError);
 }
 
-/** Our own document without any wish for a change keeps its bytes. */
+/** A document of ours that nothing is to change keeps its bytes. */
 bool CopyDocument(const FConvertArguments& InArguments, FCommentsInput& InOutInput, std::string& OutError)
 {
 	if (!InOutInput.ReadDocument(OutError))
 	{
 		return false;
 	}
-	PrintNote(InOutInput.Report.Path + ": is a comment document already, and is copied as it is");
+	PrintNote(InOutInput.Report.Path + ": is already a comment document; copied unchanged");
 	return WriteOutput(
 		InArguments.Output, [&](const FTextOutput& InOutput) { return InOutput(*InOutInput.Bytes); }, OutError);
 }
@@ -195,9 +195,9 @@ int RunConvert(const FConvertArguments& InArguments)
 }
 
 constexpr const char* Footer =
-	R"(Several files become one document, ordered by time; the n-th --offset belongs to the n-th file, and those without
-one are not moved. What was read, left out and written is told on standard error.
-OUT appears under its name only when it is whole; an earlier file of that name is replaced then.
+	R"(Several files become one document, sorted by time. The n-th --offset belongs to the n-th file; files without one are
+not shifted. What was read, dropped and written is reported on standard error.
+OUT appears only once it is complete; until then an existing file of that name stays as it is.
 
 Examples:
   flitmark convert comments.xml -o comments.json
@@ -207,21 +207,21 @@ Examples:
 
 } // namespace
 
-void AddConvertCommand(CLI::App& App, int& OutExitCode)
+void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FConvertArguments>();
 	CLI::App* const Command =
-		App.add_subcommand("convert", "Make a comment document of files of comments in any known format");
-	Command->add_option("IN", Arguments->Inputs, "Files of comments")->required();
-	Command->add_option("-o,--output", Arguments->Output, "The document to make; - for standard output")
+		InApp.add_subcommand("convert", "Convert comment files in any known format into one document");
+	Command->add_option("IN", Arguments->Inputs, "Comment files")->required();
+	Command->add_option("-o,--output", Arguments->Output, "The document; - for standard output")
 		->type_name("OUT")
 		->required();
 	Command
 		->add_option("--offset", Arguments->Offsets,
-					 "Move a file's comments by this time, back with a minus sign; one for each file")
+					 "Shift a file's comments by this time, back with a minus sign; one per file")
 		->type_name("TIME")
 		->allow_extra_args(false)
-		->check(MakeCheck(&ParseOffset, "is no time such as 90, 1:30 or -0:05.5, of a day at most"));
+		->check(MakeCheck(&ParseOffset, "is not a time of up to a day; try 90, 1:30 or -0:05.5"));
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);
 	Command->callback(

@@ -43,7 +43,7 @@ int32 CountLines(std::u16string_view InText)
 	return Lines;
 }
 
-/** What comes of a key that can't be read; whether the comment is seen all the same. */
+/** What a key that can't be read is taken for, and whether the comment is seen anyway. */
 struct FKeyEffect
 {
 	std::string_view Text;
@@ -55,17 +55,17 @@ FKeyEffect GetEffect(ECommentKey InKey)
 	switch (InKey)
 	{
 	case ECommentKey::SpawnTime:
-		return {"taken as 0, so the comment comes at the start"};
+		return {"read as 0, so the comment comes at the start"};
 	case ECommentKey::Mode:
-		return {"taken as 0, so the comment scrolls"};
+		return {"read as 0, so the comment scrolls"};
 	case ECommentKey::Content:
-		return {"taken as empty", false};
+		return {"read as empty", false};
 	case ECommentKey::FontSize:
-		return {"taken as 0", false};
+		return {"read as 0", false};
 	case ECommentKey::FontColor:
-		return {"taken as transparent", false};
+		return {"read as transparent", false};
 	default:
-		return {"but nothing that is shown depends on it"};
+		return {"which changes nothing on the screen"};
 	}
 }
 
@@ -111,14 +111,14 @@ private:
 		{
 			Found[static_cast<std::size_t>(InFinding)] = {InKind, {}, std::move(InText), bInSeen, 0, {}};
 		};
-		Name(EFinding::NotAnObject, "not-an-object", "is no JSON object, so no comment");
+		Name(EFinding::NotAnObject, "not-an-object", "is not a JSON object, so not a comment");
 		Name(EFinding::EmptyText, "empty-text", "text is empty or blank");
-		Name(EFinding::UnservedMode, "unserved-mode", "mode is none of 0 (scroll), 1 (top), 2 (bottom)");
-		Name(EFinding::InvisibleColor, "invisible-color", "colour is transparent, or none such as #FFFFFF");
-		Name(EFinding::SizeNotPositive, "size-not-positive", "font size is 0 or below");
+		Name(EFinding::UnservedMode, "unserved-mode", "mode is not 0 (scroll), 1 (top) or 2 (bottom)");
+		Name(EFinding::InvisibleColor, "invisible-color", "color is transparent, or not a color such as #FFFFFF");
+		Name(EFinding::SizeNotPositive, "size-not-positive", "font size is 0 or less");
 		Name(EFinding::SizeTooLarge, "size-too-large",
 			 std::string("font size needs more lanes than a canvas of ") + Canvas + " has");
-		Name(EFinding::NeverReached, "never-reached", "spawn time is before 0, or 24 hours or more");
+		Name(EFinding::NeverReached, "never-reached", "spawn time is before 0, or 24 hours or later");
 		Name(EFinding::TextCut, "text-cut",
 			 "text is cut: only " + FormatCount(static_cast<int64>(FTextLimits::MaxCodeUnits)) + " characters and " +
 				 FormatCount(FTextLimits::MaxLines) + " lines are painted",
@@ -170,7 +170,7 @@ private:
 		}
 	}
 
-	/** What was read; a value that was not is not told a second time. */
+	/** What was read; a value that was not is not reported twice. */
 	void ReviewLook(const FCommentEntry& InEntry)
 	{
 		const FCommentKeys& Keys = InEntry.Keys;

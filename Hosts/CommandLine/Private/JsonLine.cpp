@@ -1,5 +1,7 @@
 #include "JsonLine.h"
 
+#include "Containers/StringConv.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -10,197 +12,188 @@ namespace Flitmark
 namespace
 {
 
-void AppendEscape(std::string& Text, char16_t Unit)
+void AppendEscape(std::string& InOutText, char16_t InUnit)
 {
 	constexpr std::string_view Digits = "0123456789abcdef";
-	Text += "\\u";
+	InOutText += "\\u";
 	for (int Shift = 12; Shift >= 0; Shift -= 4)
 	{
-		Text += Digits[static_cast<std::size_t>(Unit >> Shift & 0xF)];
+		InOutText += Digits[static_cast<std::size_t>(InUnit >> Shift & 0xF)];
 	}
 }
 
 /** Appends one code unit below U+0080. */
-void AppendAscii(std::string& Text, char16_t Unit)
+void AppendAscii(std::string& InOutText, char16_t InUnit)
 {
-	switch (Unit)
+	switch (InUnit)
 	{
 	case u'"':
-		Text += "\\\"";
+		InOutText += "\\\"";
 		break;
 	case u'\\':
-		Text += "\\\\";
+		InOutText += "\\\\";
 		break;
 	case u'\b':
-		Text += "\\b";
+		InOutText += "\\b";
 		break;
 	case u'\f':
-		Text += "\\f";
+		InOutText += "\\f";
 		break;
 	case u'\n':
-		Text += "\\n";
+		InOutText += "\\n";
 		break;
 	case u'\r':
-		Text += "\\r";
+		InOutText += "\\r";
 		break;
 	case u'\t':
-		Text += "\\t";
+		InOutText += "\\t";
 		break;
 	default:
-		if (Unit < 0x20)
+		if (InUnit < 0x20)
 		{
-			AppendEscape(Text, Unit);
+			AppendEscape(InOutText, InUnit);
 		}
 		else
 		{
-			Text += static_cast<char>(Unit);
+			InOutText += static_cast<char>(InUnit);
 		}
 	}
 }
 
-void AppendUtf8(std::string& Text, char32_t CodePoint)
+void AppendUtf8(std::string& InOutText, char32_t InCodePoint)
 {
-	const auto Byte = [&Text](char32_t Value)
+	const auto Byte = [&InOutText](char32_t Value)
 	{
-		Text += static_cast<char>(static_cast<unsigned char>(Value));
+		InOutText += static_cast<char>(static_cast<unsigned char>(Value));
 	};
-	if (CodePoint < 0x800)
+	if (InCodePoint < 0x800)
 	{
-		Byte(0xC0 | CodePoint >> 6);
+		Byte(0xC0 | InCodePoint >> 6);
 	}
-	else if (CodePoint < 0x10000)
+	else if (InCodePoint < 0x10000)
 	{
-		Byte(0xE0 | CodePoint >> 12);
-		Byte(0x80 | (CodePoint >> 6 & 0x3F));
+		Byte(0xE0 | InCodePoint >> 12);
+		Byte(0x80 | (InCodePoint >> 6 & 0x3F));
 	}
 	else
 	{
-		Byte(0xF0 | CodePoint >> 18);
-		Byte(0x80 | (CodePoint >> 12 & 0x3F));
-		Byte(0x80 | (CodePoint >> 6 & 0x3F));
+		Byte(0xF0 | InCodePoint >> 18);
+		Byte(0x80 | (InCodePoint >> 12 & 0x3F));
+		Byte(0x80 | (InCodePoint >> 6 & 0x3F));
 	}
-	Byte(0x80 | (CodePoint & 0x3F));
+	Byte(0x80 | (InCodePoint & 0x3F));
 }
 
-constexpr bool IsHighSurrogate(char16_t Unit)
+void AppendString(std::string& InOutText, const std::u16string& InUnits)
 {
-	return Unit >= 0xD800 && Unit <= 0xDBFF;
-}
-
-constexpr bool IsLowSurrogate(char16_t Unit)
-{
-	return Unit >= 0xDC00 && Unit <= 0xDFFF;
-}
-
-void AppendString(std::string& Text, const std::u16string& Units)
-{
-	for (std::size_t Index = 0; Index < Units.size(); ++Index)
+	for (std::size_t Index = 0; Index < InUnits.size(); ++Index)
 	{
-		const char16_t Unit = Units[Index];
+		const char16_t Unit = InUnits[Index];
 		if (Unit < 0x80)
 		{
-			AppendAscii(Text, Unit);
+			AppendAscii(InOutText, Unit);
 		}
-		else if (IsHighSurrogate(Unit) && Index + 1 < Units.size() && IsLowSurrogate(Units[Index + 1]))
+		else if (StringConv::IsHighSurrogate(Unit) && Index + 1 < InUnits.size() &&
+				 StringConv::IsLowSurrogate(InUnits[Index + 1]))
 		{
 			++Index;
-			AppendUtf8(Text, 0x10000u + (static_cast<char32_t>(Unit - 0xD800) << 10) +
-								 static_cast<char32_t>(Units[Index] - 0xDC00));
+			AppendUtf8(InOutText, 0x10000u + (static_cast<char32_t>(Unit - 0xD800) << 10) +
+									  static_cast<char32_t>(InUnits[Index] - 0xDC00));
 		}
-		else if (IsHighSurrogate(Unit) || IsLowSurrogate(Unit))
+		else if (StringConv::IsHighSurrogate(Unit) || StringConv::IsLowSurrogate(Unit))
 		{
-			AppendEscape(Text, Unit);
+			AppendEscape(InOutText, Unit);
 		}
 		else
 		{
-			AppendUtf8(Text, Unit);
+			AppendUtf8(InOutText, Unit);
 		}
 	}
 }
 
 } // namespace
 
-void FJsonLine::Begin(std::string_view Key)
+void FJsonLine::Begin(std::string_view InKey)
 {
 	if (bNeedsComma)
 	{
 		Text += ',';
 	}
-	if (!Key.empty())
+	if (!InKey.empty())
 	{
 		Text += '"';
-		Text += Key;
+		Text += InKey;
 		Text += "\":";
 	}
 	bNeedsComma = true;
 }
 
-void FJsonLine::Open(char Bracket, std::string_view Key)
+void FJsonLine::Open(char InBracket, std::string_view InKey)
 {
-	Begin(Key);
-	Text += Bracket;
+	Begin(InKey);
+	Text += InBracket;
 	bNeedsComma = false;
 }
 
-void FJsonLine::Close(char Bracket)
+void FJsonLine::Close(char InBracket)
 {
-	Text += Bracket;
+	Text += InBracket;
 	bNeedsComma = true;
 }
 
-void FJsonLine::Add(std::string_view Key, int64 Value)
+void FJsonLine::Add(std::string_view InKey, int64 InValue)
 {
-	Begin(Key);
-	Text += std::to_string(Value);
+	Begin(InKey);
+	Text += std::to_string(InValue);
 }
 
 template <class T>
-void FJsonLine::AddFloating(std::string_view Key, T Value)
+void FJsonLine::AddFloating(std::string_view InKey, T InValue)
 {
-	if (!std::isfinite(Value))
+	if (!std::isfinite(InValue))
 	{
-		Add(Key, std::string_view(std::isnan(Value) ? "nan" : Value < 0 ? "-inf" : "inf"));
+		Add(InKey, std::string_view(std::isnan(InValue) ? "nan" : InValue < 0 ? "-inf" : "inf"));
 		return;
 	}
-	Begin(Key);
+	Begin(InKey);
 	// Whole numbers are written as such; the largest double has 309 digits.
 	std::array<char, 320> Digits{};
 	const std::to_chars_result Result =
-		Value == std::trunc(Value)
-			? std::to_chars(Digits.data(), Digits.data() + Digits.size(), Value, std::chars_format::fixed)
-			: std::to_chars(Digits.data(), Digits.data() + Digits.size(), Value);
+		InValue == std::trunc(InValue)
+			? std::to_chars(Digits.data(), Digits.data() + Digits.size(), InValue, std::chars_format::fixed)
+			: std::to_chars(Digits.data(), Digits.data() + Digits.size(), InValue);
 	Text.append(Digits.data(), Result.ptr);
 }
 
-void FJsonLine::Add(std::string_view Key, float Value)
+void FJsonLine::Add(std::string_view InKey, float InValue)
 {
-	AddFloating(Key, Value);
+	AddFloating(InKey, InValue);
 }
 
-void FJsonLine::Add(std::string_view Key, double Value)
+void FJsonLine::Add(std::string_view InKey, double InValue)
 {
-	AddFloating(Key, Value);
+	AddFloating(InKey, InValue);
 }
 
-void FJsonLine::Add(std::string_view Key, bool bValue)
+void FJsonLine::Add(std::string_view InKey, bool bInValue)
 {
-	Begin(Key);
-	Text += bValue ? "true" : "false";
+	Begin(InKey);
+	Text += bInValue ? "true" : "false";
 }
 
-void FJsonLine::Add(std::string_view Key, const FString& Value)
+void FJsonLine::Add(std::string_view InKey, const FString& InValue)
 {
-	Begin(Key);
+	Begin(InKey);
 	Text += '"';
-	AppendString(Text, Value.GetStd());
+	AppendString(Text, InValue.GetStd());
 	Text += '"';
 }
 
-void FJsonLine::Add(std::string_view Key, std::string_view Value)
+void FJsonLine::Add(std::string_view InKey, std::string_view InValue)
 {
-	Begin(Key);
+	Begin(InKey);
 	Text += '"';
-	Text += Value;
+	Text += InValue;
 	Text += '"';
 }
 

@@ -15,30 +15,30 @@ namespace Flitmark
 class FJsonLine
 {
 public:
-	void BeginObject(std::string_view Key = {}) { Open('{', Key); }
+	void BeginObject(std::string_view InKey = {}) { Open('{', InKey); }
 	void EndObject() { Close('}'); }
-	void BeginArray(std::string_view Key = {}) { Open('[', Key); }
+	void BeginArray(std::string_view InKey = {}) { Open('[', InKey); }
 	void EndArray() { Close(']'); }
 
 	/** Without a key: an element of an array. */
-	void Add(std::string_view Key, int64 Value);
-	void Add(std::string_view Key, int32 Value) { Add(Key, static_cast<int64>(Value)); }
-	void Add(std::string_view Key, float Value);
-	void Add(std::string_view Key, double Value);
-	void Add(std::string_view Key, bool bValue);
-	void Add(std::string_view Key, const FString& Value);
-	void Add(std::string_view Key, std::string_view Value);
+	void Add(std::string_view InKey, int64 InValue);
+	void Add(std::string_view InKey, int32 InValue) { Add(InKey, static_cast<int64>(InValue)); }
+	void Add(std::string_view InKey, float InValue);
+	void Add(std::string_view InKey, double InValue);
+	void Add(std::string_view InKey, bool bInValue);
+	void Add(std::string_view InKey, const FString& InValue);
+	void Add(std::string_view InKey, std::string_view InValue);
 
 	/** The text so far. */
 	const std::string& GetText() const { return Text; }
 	void Clear();
 
 private:
-	void Open(char Bracket, std::string_view Key);
-	void Close(char Bracket);
-	void Begin(std::string_view Key);
+	void Open(char InBracket, std::string_view InKey);
+	void Close(char InBracket);
+	void Begin(std::string_view InKey);
 	template <class T>
-	void AddFloating(std::string_view Key, T Value);
+	void AddFloating(std::string_view InKey, T InValue);
 
 	std::string Text;
 	bool bNeedsComma = false;

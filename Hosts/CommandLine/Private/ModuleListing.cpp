@@ -32,6 +32,9 @@ constexpr FFlagName PropertyFlagNames[] = {
 	{CPF_Edit, "Edit"},
 	{CPF_DisableEditOnInstance, "DisableEditOnInstance"},
 	{CPF_BlueprintVisible, "BlueprintVisible"},
+	{CPF_BlueprintReadOnly, "BlueprintReadOnly"},
+	{CPF_BlueprintAssignable, "BlueprintAssignable"},
+	{CPF_Transient, "Transient"},
 	{CPF_InstancedReference, "InstancedReference"},
 	{CPF_TObjectPtr, "TObjectPtr"},
 	{CPF_ConstParm, "ConstParm"},
@@ -40,9 +43,17 @@ constexpr FFlagName PropertyFlagNames[] = {
 };
 
 constexpr FFlagName FunctionFlagNames[] = {
-	{FUNC_Final, "Final"},		   {FUNC_Native, "Native"},			  {FUNC_Private, "Private"},
-	{FUNC_Protected, "Protected"}, {FUNC_Public, "Public"},			  {FUNC_MulticastDelegate, "MulticastDelegate"},
-	{FUNC_Delegate, "Delegate"},   {FUNC_HasOutParms, "HasOutParms"},
+	{FUNC_Final, "Final"},
+	{FUNC_Native, "Native"},
+	{FUNC_Private, "Private"},
+	{FUNC_Protected, "Protected"},
+	{FUNC_Public, "Public"},
+	{FUNC_MulticastDelegate, "MulticastDelegate"},
+	{FUNC_Delegate, "Delegate"},
+	{FUNC_HasOutParms, "HasOutParms"},
+	{FUNC_BlueprintCallable, "BlueprintCallable"},
+	{FUNC_BlueprintPure, "BlueprintPure"},
+	{FUNC_Const, "Const"},
 };
 
 template <std::size_t Count>
@@ -80,7 +91,9 @@ std::string NameType(const FProperty& Property)
 	case EPropertyGenKind::Name:
 		return "FName";
 	case EPropertyGenKind::Enum:
-		return ToUtf8(Property.GetEnumName());
+	case EPropertyGenKind::Struct:
+	case EPropertyGenKind::MulticastDelegate:
+		return ToUtf8(Property.GetTypeName());
 	case EPropertyGenKind::Object:
 	{
 		const std::string Class = Property.GetReferencedClass()->GetCppName();
@@ -99,6 +112,14 @@ std::string NameKind(const FProperty& Property)
 	if (Property.GetMetaData().Find("BindWidget") != nullptr)
 	{
 		return "bound widget";
+	}
+	if (Property.GetMetaData().Find("BindWidgetOptional") != nullptr)
+	{
+		return "bound widget, optional";
+	}
+	if (Property.GetKind() == EPropertyGenKind::MulticastDelegate)
+	{
+		return "event";
 	}
 	if (!Property.HasAnyFlags(CPF_Edit))
 	{
@@ -124,6 +145,10 @@ FModuleListing::FFunctionEntry ListFunction(const UFunction& Function)
 	Entry.Name = ToUtf8(Function.GetName());
 	Entry.Flags = NameFlags(Function.GetFunctionFlags(), FunctionFlagNames);
 	Entry.MetaData = Function.GetMetaData().GetAll();
+	if (const FProperty* Result = Function.GetReturnProperty())
+	{
+		Entry.Result = NameType(*Result);
+	}
 	for (const FProperty& Parameter : Function.GetParameters())
 	{
 		Entry.Parameters.push_back(ListProperty(Parameter));
@@ -138,13 +163,13 @@ FModuleListing::FClassEntry ListClass(UClass& Class)
 	Entry.Base = Class.GetSuperClass() != nullptr ? Class.GetSuperClass()->GetCppName() : std::string();
 	Entry.Flags = NameFlags(Class.GetClassFlags(), ClassFlagNames);
 	Entry.MetaData = Class.GetMetaData().GetAll();
-	for (const FProperty& Property : Class.GetOwnProperties())
+	for (const std::unique_ptr<FProperty>& Property : Class.GetOwnProperties())
 	{
-		FModuleListing::FPropertyEntry& Listed = Entry.Properties.emplace_back(ListProperty(Property));
-		Listed.Kind = NameKind(Property);
-		if (Property.HasAnyFlags(CPF_Edit) && Property.GetKind() == EPropertyGenKind::Int32)
+		FModuleListing::FPropertyEntry& Listed = Entry.Properties.emplace_back(ListProperty(*Property));
+		Listed.Kind = NameKind(*Property);
+		if (Property->HasAnyFlags(CPF_Edit) && Property->GetKind() == EPropertyGenKind::Int32)
 		{
-			Listed.Default = *Property.ContainerPtrToValuePtr<int32>(Class.GetDefaultObject());
+			Listed.Default = *Property->ContainerPtrToValuePtr<int32>(Class.GetDefaultObject());
 		}
 	}
 	for (const std::unique_ptr<UFunction>& Function : Class.GetOwnFunctions())

@@ -22,7 +22,10 @@ struct FModuleListing
 		std::string Name;
 		/** As it is written in C++. */
 		std::string Type;
-		/** "bound widget", "editable anywhere", "editable on defaults only" or "reflected only"; empty for a parameter. */
+		/**
+		 * "bound widget" (", optional"), "event", "editable anywhere", "editable on defaults only" or "reflected only"; empty for a
+		 * parameter.
+		 */
 		std::string Kind;
 		/** Of an editable number, on the class's defaults. */
 		std::optional<int32> Default;
@@ -35,6 +38,8 @@ struct FModuleListing
 	struct FFunctionEntry
 	{
 		std::string Name;
+		/** Type of what it returns; empty for nothing. */
+		std::string Result;
 		std::vector<std::string> Flags;
 		std::vector<FPropertyEntry> Parameters;
 		FMetaDataMap MetaData;
@@ -72,7 +77,8 @@ struct FModuleListing
 
 	/** For a person; without a member's place in memory, so that it is the same everywhere. */
 	std::string ToText() const;
-	std::string ToJson() const;
+	/** ReadyMade: listed inside as "ready_made"; may be null. */
+	std::string ToJson(const FModuleListing* ReadyMade) const;
 };
 
 } // namespace Flitmark

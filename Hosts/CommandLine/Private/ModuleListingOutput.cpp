@@ -44,7 +44,7 @@ void AppendFunction(std::string& Text, const FModuleListing::FFunctionEntry& Fun
 		Text += Comma + Type + " " + Parameter.Name;
 		Comma = ", ";
 	}
-	Text += ") [" + Join(Function.Flags) + "]\n";
+	Text += ")" + (Function.Result.empty() ? "" : " -> " + Function.Result) + " [" + Join(Function.Flags) + "]\n";
 	AppendMetaData(Text, Function.MetaData, Indent + "    ");
 }
 
@@ -122,6 +122,10 @@ void AddFunction(FJsonLine& Json, const FModuleListing::FFunctionEntry& Function
 		AddProperty(Json, Parameter);
 	}
 	Json.EndArray();
+	if (!Function.Result.empty())
+	{
+		Json.Add("result", std::string_view(Function.Result));
+	}
 	AddMetaData(Json, Function.MetaData);
 	Json.EndObject();
 }
@@ -166,6 +170,33 @@ void AddEnum(FJsonLine& Json, const FModuleListing::FEnumEntry& Enum)
 	Json.EndObject();
 }
 
+void AddModule(FJsonLine& Json, const FModuleListing& Listing)
+{
+	Json.Add("module", std::string_view(Listing.Module));
+	Json.Add("package", std::string_view(Listing.Package));
+	Json.Add("supports_dynamic_reloading", Listing.bSupportsDynamicReloading);
+	Json.Add("supports_automatic_shutdown", Listing.bSupportsAutomaticShutdown);
+	Json.Add("is_game_module", Listing.bGameModule);
+	Json.BeginArray("classes");
+	for (const FModuleListing::FClassEntry& Class : Listing.Classes)
+	{
+		AddClass(Json, Class);
+	}
+	Json.EndArray();
+	Json.BeginArray("enums");
+	for (const FModuleListing::FEnumEntry& Enum : Listing.Enums)
+	{
+		AddEnum(Json, Enum);
+	}
+	Json.EndArray();
+	Json.BeginArray("delegates");
+	for (const FModuleListing::FFunctionEntry& Delegate : Listing.Delegates)
+	{
+		AddFunction(Json, Delegate);
+	}
+	Json.EndArray();
+}
+
 } // namespace
 
 std::string FModuleListing::ToText() const
@@ -199,33 +230,17 @@ std::string FModuleListing::ToText() const
 	return Text;
 }
 
-std::string FModuleListing::ToJson() const
+std::string FModuleListing::ToJson(const FModuleListing* ReadyMade) const
 {
 	FJsonLine Json;
 	Json.BeginObject();
-	Json.Add("module", std::string_view(Module));
-	Json.Add("package", std::string_view(Package));
-	Json.Add("supports_dynamic_reloading", bSupportsDynamicReloading);
-	Json.Add("supports_automatic_shutdown", bSupportsAutomaticShutdown);
-	Json.Add("is_game_module", bGameModule);
-	Json.BeginArray("classes");
-	for (const FClassEntry& Class : Classes)
+	AddModule(Json, *this);
+	if (ReadyMade != nullptr)
 	{
-		AddClass(Json, Class);
+		Json.BeginObject("ready_made");
+		AddModule(Json, *ReadyMade);
+		Json.EndObject();
 	}
-	Json.EndArray();
-	Json.BeginArray("enums");
-	for (const FEnumEntry& Enum : Enums)
-	{
-		AddEnum(Json, Enum);
-	}
-	Json.EndArray();
-	Json.BeginArray("delegates");
-	for (const FFunctionEntry& Delegate : Delegates)
-	{
-		AddFunction(Json, Delegate);
-	}
-	Json.EndArray();
 	Json.EndObject();
 	return Json.GetText() + "\n";
 }

@@ -9,12 +9,6 @@
 namespace Flitmark
 {
 
-/** "90", "90.5", "1:30" or "0:01:30.25" as seconds; empty for anything else. */
-std::optional<double> ParseTime(std::string_view InText);
-
-/** "01:30", or "1:01:30" from an hour on; fractions are left out. */
-std::string FormatTime(double InSeconds);
-
 /** "1920x1080", each 0 or more, also with a fraction, and within what a canvas can be; empty for anything else. */
 std::optional<FVector2f> ParseCanvasSize(std::string_view InText);
 

@@ -3,8 +3,8 @@
 #include "Comments/CommentsReport.h"
 #include "DocumentReview.h"
 #include "Message.h"
-#include "OptionValues.h"
 #include "SizeProbe.h"
+#include "Values/OptionChecks.h"
 
 #include <CLI/CLI.hpp>
 
@@ -46,18 +46,18 @@ void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
 		.add_option("--scale", InOutArguments.Scale,
 					"Canvas units per video pixel; twice as many make comments half as large (default: a canvas 1080 "
 					"units high, so that comments look the same on every video)")
-		->check(CLI::Range(MinScale, MaxScale));
+		->check(MakeNumberCheck(MinScale, MaxScale));
 	InCommand.add_option("--font", InOutArguments.Font,
 						 "Font family, also with a style as in \"Noto Sans:bold\" (default: the system's sans-serif)");
 	InCommand.add_option("--opacity", InOutArguments.Opacity, "Opacity of the comments, from 0 to 1")
-		->check(CLI::Range(0.0, 1.0))
+		->check(MakeNumberCheck(0.0, 1.0))
 		->capture_default_str();
 	InCommand
 		.add_option("--seed", InOutArguments.Seed, "Seed of the comments' speeds; the same seed gives the same picture")
 		->capture_default_str();
 	InCommand
 		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and encoding each; 0: as they see fit")
-		->check(CLI::Range(0, 256))
+		->check(MakeNumberCheck(0, 256))
 		->capture_default_str();
 	AddCommentOptions(InCommand, InOutArguments.CommentOptions);
 }
@@ -66,6 +66,7 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 {
 	auto Session = std::make_unique<FPaintSession>();
 	Session->CommentsPath = InArguments.Comments;
+	Session->UnitsPerPixel = InArguments.Scale;
 	std::error_code Ignored;
 	if (std::filesystem::equivalent(InArguments.Output, InArguments.Comments, Ignored))
 	{
@@ -78,13 +79,37 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	std::optional<FCommentsFile> Comments =
 		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
 	if (!Comments || !Session->LoadFont(InArguments.Font, OutError) ||
-		!Session->TellUnseen(Comments->Document, FCanvasView::Cover(Info->Shape, InArguments.Scale), OutError))
+		!Session->ReportUnseen(Comments->Document, Session->Cover(Info->Shape), OutError))
 	{
 		return nullptr;
 	}
-	Session->Painted =
-		FStageOverlay::Create(std::move(*Comments), InArguments.Scale, InArguments.Seed, *Session->Measure, OutError);
-	return Session->Painted ? std::move(Session) : nullptr;
+	Session->Runner = FOverlayRunner::Create(*Session->Measure, InArguments.Seed, OutError);
+	if (!Session->Runner)
+	{
+		return nullptr;
+	}
+	Session->Runner->GetSettings().Opacity = InArguments.Opacity;
+	Session->Runner->Load(std::move(Comments->Text), ListTexts(Comments->Document));
+	return Session;
+}
+
+FOverlayView FPaintSession::Cover(const FVideoShape& InShape) const
+{
+	return FOverlayView::Cover(FVector2D(InShape.Width, InShape.Height), InShape.PixelAspect,
+							   UnitsPerPixel ? InShape.Height * *UnitsPerPixel : FOverlayView::UsualHeight);
+}
+
+void FPaintSession::Open(const FVideoShape& InShape)
+{
+	Runner->SetView(Cover(InShape));
+	Sprites.emplace(Measure->GetEngine(), Runner->GetView().Scale);
+}
+
+void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
+{
+	Runner->SetMediaTime(InTicks);
+	Runner->RunFrame(InDeltaSeconds);
+	Sprites->Place(Runner->GetScene(), Runner->GetSettings(), OutSprites);
 }
 
 bool FPaintSession::LoadFont(const std::string& InFont, std::string& OutError)
@@ -105,8 +130,8 @@ bool FPaintSession::LoadFont(const std::string& InFont, std::string& OutError)
 	return true;
 }
 
-bool FPaintSession::TellUnseen(const FCommentDocument& InDocument, const FCanvasView& InView,
-							   std::string& OutError) const
+bool FPaintSession::ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView,
+								 std::string& OutError) const
 {
 	const std::unique_ptr<FSizeProbe> Probe = FSizeProbe::Create(InView.CanvasSize, *Measure, OutError);
 	if (!Probe)
@@ -123,9 +148,9 @@ bool FPaintSession::TellUnseen(const FCommentDocument& InDocument, const FCanvas
 	return true;
 }
 
-void FPaintSession::TellCuts() const
+void FPaintSession::ReportCuts() const
 {
-	if (Painted->WasCut())
+	if (Sprites && Sprites->WasCut())
 	{
 		PrintNote(CommentsPath + ": parts of some comments are not painted, because they are too long or too large");
 	}

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "CommentOptions.h"
-#include "StageOverlay.h"
+#include "Overlay/OverlayRunner.h"
+#include "Overlay/SceneSprites.h"
 #include "Overlay/TextMeasure.h"
 #include "VideoLibrary.h"
 
@@ -17,7 +18,7 @@ class App;
 namespace Flitmark
 {
 
-/** What burn and shot are told alike. */
+/** The arguments that burn and shot share. */
 struct FPaintArguments
 {
 	std::string Video;
@@ -33,30 +34,37 @@ struct FPaintArguments
 	int32 Threads = 0;
 };
 
-/** Adds VIDEO, COMMENTS and the options of the comments' look. */
+/** Adds VIDEO, COMMENTS and the options for what the comments look like. */
 void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments);
 
-/** All that is needed to paint a file's comments into a video. Tells on standard error what will not be seen. */
-class FPaintSession
+/** Paints a file's comments into a video. Notes on standard error what will not be seen. */
+class FPaintSession final : public IOverlaySource
 {
 public:
 	/** Null with OutError set where one of the files cannot be read, or the output is the file of the comments. */
 	static std::unique_ptr<FPaintSession> Open(const FPaintArguments& InArguments, std::string& OutError);
 
 	const FVideoLibrary& Library() const { return *Video; }
-	IOverlaySource& Overlay() { return *Painted; }
 
-	/** Tells what the painting left out. */
-	void TellCuts() const;
+	/** Notes what was not painted in full. */
+	void ReportCuts() const;
+
+	void Open(const FVideoShape& InShape) override;
+	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
 
 private:
+	FOverlayView Cover(const FVideoShape& InShape) const;
 	bool LoadFont(const std::string& InFont, std::string& OutError);
-	bool TellUnseen(const FCommentDocument& InDocument, const FCanvasView& InView, std::string& OutError) const;
+	bool ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView, std::string& OutError) const;
 
 	std::string CommentsPath;
+	/** Canvas units per pixel of the picture's height; the usual canvas without it. */
+	std::optional<double> UnitsPerPixel;
 	const FVideoLibrary* Video = nullptr;
 	std::unique_ptr<FTextMeasure> Measure;
-	std::unique_ptr<FStageOverlay> Painted;
+	std::unique_ptr<FOverlayRunner> Runner;
+	/** Set from Open on. */
+	std::optional<FSceneSprites> Sprites;
 };
 
 } // namespace Flitmark

@@ -1,13 +1,16 @@
-#include "ReflectCommand.h"
+#include "Commands.h"
 
 #include "ExitCodes.h"
+#include "Files/FileText.h"
+#include "Message.h"
 #include "ModuleListing.h"
 #include "Modules/ModuleManager.h"
 
 #include <CLI/CLI.hpp>
 
-#include <iostream>
+#include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace Flitmark
 {
@@ -15,36 +18,35 @@ namespace Flitmark
 namespace
 {
 
-int RunReflect(bool bJson)
+int RunReflect(bool bInJson)
 {
-	std::string Error;
-	IModuleInterface* Module = FModuleManager::Get().LoadModule(TEXT("Flitmark"), Error);
-	if (Module == nullptr)
+	std::vector<FModuleListing> Listings;
+	for (const char* Name : {"Flitmark", "FlitmarkWidgets"})
 	{
-		std::cerr << "flitmark: " << Error << "\n";
-		return ExitFailure;
+		std::string Error;
+		IModuleInterface* Module = FModuleManager::Get().LoadModule(*FromUtf8(Name), Error);
+		if (Module == nullptr)
+		{
+			return PrintError(Error);
+		}
+		Listings.push_back(FModuleListing::Make(Name, *Module));
 	}
-	const FModuleListing Listing = FModuleListing::Make("Flitmark", *Module);
-	std::cout << (bJson ? Listing.ToJson() : Listing.ToText()) << std::flush;
-	if (!std::cout)
-	{
-		std::cerr << "flitmark: the listing cannot be written to the standard output\n";
-		return ExitFailure;
-	}
+	const std::string Listing =
+		bInJson ? Listings[0].ToJson(&Listings[1]) : Listings[0].ToText() + "\n" + Listings[1].ToText();
+	std::fputs(Listing.c_str(), stdout);
 	return ExitSuccess;
 }
 
 } // namespace
 
-void AddReflectCommand(CLI::App& App, int& OutExitCode)
+void AddReflectCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto bJson = std::make_shared<bool>(false);
-	CLI::App* Command = App.add_subcommand(
-		"reflect", "List the module's classes, bound widgets, settings and handlers, as the engine sees them");
-	Command->add_flag("--json", *bJson, "One JSON object, for programs");
+	CLI::App* Command = InApp.add_subcommand(
+		"reflect", "List the modules' classes, bound widgets, settings and handlers as the engine sees them");
+	Command->add_flag("--json", *bJson, "Print one JSON object, for programs");
 	Command->footer(
-		"Use it to check a widget blueprint: every \"bound widget\" must stand in its tree by that name and\n"
-		"with that type.");
+		"Use it to check a widget blueprint: every \"bound widget\" must be in its tree by that name and type.");
 	Command->callback([bJson, &OutExitCode] { OutExitCode = RunReflect(*bJson); });
 }
 

@@ -1,10 +1,10 @@
-#include "ShotCommand.h"
+#include "Commands.h"
 
 #include "ExitCodes.h"
 #include "Message.h"
-#include "OptionChecks.h"
-#include "OptionValues.h"
 #include "PaintSession.h"
+#include "Values/OptionChecks.h"
+#include "Values/TimeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -36,14 +36,13 @@ int RunShot(const FShotArguments& InArguments)
 	Options.Input = InArguments.Paint.Video;
 	Options.Output = InArguments.Paint.Output;
 	Options.At = *ParseTime(InArguments.At);
-	Options.Opacity = InArguments.Paint.Opacity;
 	Options.Threads = InArguments.Paint.Threads;
-	const FVideoResult Result = Session->Library().Shot(Options, Session->Overlay());
+	const FVideoResult Result = Session->Library().Shot(Options, *Session);
 	if (!Result.IsDone())
 	{
 		return PrintError(Result.Error);
 	}
-	Session->TellCuts();
+	Session->ReportCuts();
 	std::printf("%s: the frame at %s\n", Options.Output.c_str(), InArguments.At.c_str());
 	return ExitSuccess;
 }
@@ -55,8 +54,8 @@ bool IsPictureName(const std::string& InName)
 }
 
 constexpr const char* Footer =
-	R"(TIME is given in seconds or as [hh:]mm:ss[.fff]. The picture is the frame that "flitmark burn" would paint at that
-time with the same options. An earlier file of its name is replaced when it is whole.
+	R"(TIME is in seconds or [hh:]mm:ss[.fff]. The picture is the frame that "flitmark burn" would paint at that time with
+the same options. An existing picture is replaced only once the new one is complete.
 
 Examples:
   flitmark shot film.mp4 comments.json --at 83 -o picture.png
@@ -64,24 +63,24 @@ Examples:
 
 } // namespace
 
-void AddShotCommand(CLI::App& App, int& OutExitCode)
+void AddShotCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FShotArguments>();
-	CLI::App* const Command = App.add_subcommand("shot", "Make a picture of one frame with its comments");
+	CLI::App* const Command = InApp.add_subcommand("shot", "Save one frame with its comments as a picture");
 	AddPaintOptions(*Command, Arguments->Paint);
-	Command->add_option("-o,--output", Arguments->Paint.Output, "The picture to make, *.png")
+	Command->add_option("-o,--output", Arguments->Paint.Output, "The picture, *.png")
 		->type_name("PICTURE")
 		->required()
 		->check(CLI::Validator(
 			[](const std::string& InName) {
 				return IsPictureName(InName) ? std::string()
-											 : "\"" + InName + "\" must end in .png: only PNG is written";
+											 : "\"" + InName + "\" must end in .png; only PNG is supported";
 			},
 			""));
 	Command->add_option("--at", Arguments->At, "Time of the frame")
 		->type_name("TIME")
 		->required()
-		->check(MakeCheck(&ParseTime, "is no time such as 90, 1:30 or 0:01:30.5"));
+		->check(MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5"));
 	Command->footer(Footer);
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunShot(*Arguments); });
 }

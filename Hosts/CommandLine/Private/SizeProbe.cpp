@@ -1,6 +1,7 @@
 #include "SizeProbe.h"
 
 #include "Files/FileText.h"
+#include "Misc/Timespan.h"
 #include "UI_Danmaku.h"
 
 namespace Flitmark
@@ -8,8 +9,6 @@ namespace Flitmark
 
 namespace
 {
-
-constexpr int64 TicksPerSecond = 10'000'000;
 
 /** A document of one comment. */
 FString MakeDocument(int64 InTicks, int32 InMode, int32 InLines, int32 InSize)
@@ -45,8 +44,8 @@ std::unique_ptr<FSizeProbe> FSizeProbe::Create(FVector2f InCanvasSize, FSlateFon
 bool FSizeProbe::IsShown(int32 InMode, int32 InLines, int32 InSize)
 {
 	Second = 1 - Second;
-	Stage->GetOverlay().LoadDanmaku(MakeDocument(Second * TicksPerSecond, InMode, InLines, InSize));
-	Stage->SetMediaTime(Second * TicksPerSecond);
+	Stage->GetOverlay().LoadDanmaku(MakeDocument(Second * ETimespan::TicksPerSecond, InMode, InLines, InSize));
+	Stage->SetMediaTime(Second * ETimespan::TicksPerSecond);
 	Stage->RunFrame(0.f);
 	std::vector<FPaintComment> Painted;
 	Stage->CollectPaint(Painted);

@@ -11,8 +11,8 @@ namespace Flitmark
 {
 
 /**
- * Finds out which font sizes find room on a canvas, by asking the overlay itself: a stage of its own places one comment
- * after the other. There may be no other stage meanwhile.
+ * Finds the font sizes that fit a canvas by asking the overlay itself: a stage of its own places one comment after the
+ * other. No other stage may exist meanwhile.
  */
 class FSizeProbe
 {
@@ -22,7 +22,7 @@ public:
 											  std::string& OutError);
 
 	/**
-	 * The largest font size of which a comment of that mode and so many lines is shown on the empty canvas; 0 where none
+	 * The largest font size at which a comment of that mode with InLines lines is shown on the empty canvas; 0 where none
 	 * is.
 	 */
 	int32 GetLargest(int32 InMode, int32 InLines);
@@ -38,7 +38,7 @@ private:
 
 	std::unique_ptr<FStage> Stage;
 	std::map<std::pair<int32, int32>, int32> Known;
-	/** The second in which the comment tried last was due: the next one is due in the next. */
+	/** The second in which the last comment tried was due; the next one is due in the other. */
 	int64 Second = 0;
 };
 

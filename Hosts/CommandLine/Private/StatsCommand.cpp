@@ -1,4 +1,4 @@
-#include "StatsCommand.h"
+#include "Commands.h"
 
 #include "CommentOptions.h"
 #include "Insight/DensityPicture.h"
@@ -6,6 +6,7 @@
 #include "Message.h"
 #include "StatsReport.h"
 #include "Files/TemporaryFile.h"
+#include "Values/TimeText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -29,23 +30,16 @@ struct FStatsArguments
 /** How many entries the lists of minutes and texts have. */
 constexpr std::size_t MostListed = 5;
 
-/** Of the picture. */
-constexpr std::size_t MostMarks = 6;
-
 bool WritePicture(const FStatsArguments& InArguments, const FCommentStats& InStats,
 				  const std::vector<FServiceComment>& InComments, std::string& OutError)
 {
-	FDensityPicture Picture;
-	Picture.Title = std::filesystem::path(InArguments.Comments).filename().string();
-	Picture.SpawnTicks = GatherSpawnTicks(InComments);
-	Picture.DurationTicks = InStats.LastTicks + 1;
-	Picture.Subtitle = CountComments(InStats.NumComments) + " in " + FormatMediaTime(InStats.LastTicks);
+	const std::string Title = std::filesystem::path(InArguments.Comments).filename().string();
+	std::string Subtitle = CountComments(InStats.NumComments) + " in " + FormatTime(FTimespan(InStats.LastTicks));
 	if (InStats.NumUsers > 1)
 	{
-		Picture.Subtitle += " by " + FormatCount(InStats.NumUsers) + " users";
+		Subtitle += " by " + FormatCount(InStats.NumUsers) + " users";
 	}
-	Picture.Marks = FindBusyMoments(InComments, Picture.DurationTicks, MostMarks);
-	return WriteWholeFile(InArguments.Picture, DrawDensityPicture(Picture), OutError);
+	return WriteWholeFile(InArguments.Picture, DrawDensityPicture(InComments, Title, Subtitle), OutError);
 }
 
 int RunStats(const FStatsArguments& InArguments)
@@ -70,7 +64,7 @@ int RunStats(const FStatsArguments& InArguments)
 		std::printf("%s\n", DescribeRule(Rule).c_str());
 	}
 	const FCommentStats Stats = GatherStats(Input->Comments, MostListed);
-	const std::string Report = DescribeStats(Stats, GatherSpawnTicks(Input->Comments), FStatsLook::OfStandardOutput());
+	const std::string Report = DescribeStats(Stats, GatherSpawnTicks(Input->Comments), FStatsStyle::OfStandardOutput());
 	std::printf("%s%s", Report.empty() ? "" : "\n", Report.c_str());
 	if (!InArguments.Picture.empty())
 	{
@@ -84,7 +78,7 @@ int RunStats(const FStatsArguments& InArguments)
 }
 
 constexpr const char* Footer =
-	R"(Words and texts that several comments of a minute have are told with how many have them; case does not matter.
+	R"(Words and texts that several comments in a minute share are listed with their counts, ignoring case.
 
 Examples:
   flitmark stats comments.xml
@@ -92,20 +86,19 @@ Examples:
 
 } // namespace
 
-void AddStatsCommand(CLI::App& App, int& OutExitCode)
+void AddStatsCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FStatsArguments>();
-	CLI::App* const Command =
-		App.add_subcommand("stats", "Tell what is in a file of comments: when, what, how, by how many");
-	Command->add_option("COMMENTS", Arguments->Comments, "File of comments, in any known format")->required();
-	Command->add_option("-o,--output", Arguments->Picture, "Also draw the density over time, *.svg")
+	CLI::App* const Command = InApp.add_subcommand("stats", "Summarize a comment file: when, what, how, by how many");
+	Command->add_option("COMMENTS", Arguments->Comments, "Comment file, in any known format")->required();
+	Command->add_option("-o,--output", Arguments->Picture, "Also draw the density over time as a picture, *.svg")
 		->type_name("PICTURE")
 		->check(CLI::Validator(
 			[](const std::string& InName)
 			{
 				return InName.ends_with(".svg") || InName.ends_with(".SVG")
 						   ? std::string()
-						   : "\"" + InName + "\" must end in .svg: only SVG is drawn";
+						   : "\"" + InName + "\" must end in .svg; only SVG is supported";
 			},
 			""));
 	AddCommentOptions(*Command, Arguments->CommentOptions);

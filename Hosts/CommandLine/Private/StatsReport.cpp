@@ -5,6 +5,7 @@
 #include "Comments/CommentsReport.h"
 #include "Insight/DensityPicture.h"
 #include "TerminalText.h"
+#include "Values/TimeText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -16,7 +17,7 @@ namespace Flitmark
 namespace
 {
 
-/** Where the lines' texts begin, behind their heads. */
+/** Where the lines' texts begin, after their heads. */
 constexpr std::size_t Indent = 10;
 
 constexpr int64 SecondsPerMinute = 60;
@@ -34,10 +35,10 @@ std::string PadLeft(const std::string& InText, std::size_t InWidth)
 class FStatsWriter
 {
 public:
-	FStatsWriter(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks, const FStatsLook& InLook)
+	FStatsWriter(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks, const FStatsStyle& InStyle)
 		: Stats(InStats)
 		, SpawnTicks(InSpawnTicks)
-		, Look(InLook)
+		, Style(InStyle)
 	{
 	}
 
@@ -50,7 +51,7 @@ public:
 		AddDensity();
 		AddTotals();
 		AddMinutes();
-		AddLooks();
+		AddStyles();
 		AddTexts();
 		return std::move(Text);
 	}
@@ -59,7 +60,7 @@ private:
 	/** A line, cut where it would be too long. */
 	void Add(const char* InHead, const std::string& InLine)
 	{
-		const std::size_t Room = Look.Width > Indent + 1 ? Look.Width - Indent - 1 : 1;
+		const std::size_t Room = Style.Width > Indent + 1 ? Style.Width - Indent - 1 : 1;
 		Text += Pad(InHead, Indent) + CutToColumns(InLine, Room) + "\n";
 	}
 
@@ -69,7 +70,7 @@ private:
 		constexpr const char* Blocks[] = {" ", "▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
 		constexpr float Highest = std::size(Blocks) - 1;
 		// The last column stays free, since writing there breaks the line on some terminals.
-		const std::size_t Columns = std::max<std::size_t>(Look.Width, 12) - 1;
+		const std::size_t Columns = std::max<std::size_t>(Style.Width, 12) - 1;
 		const int64 Duration = Stats.LastTicks + 1;
 		const std::vector<float> Density = ComputeDensity(SpawnTicks, Duration, Columns, 0.0);
 		const float Most = Density.empty() ? 0.f : *std::ranges::max_element(Density);
@@ -81,7 +82,7 @@ private:
 		{
 			Text += Blocks[static_cast<std::size_t>(std::ceil(Count / Most * Highest))];
 		}
-		const std::string End = FormatMediaTime(Stats.LastTicks);
+		const std::string End = FormatTime(FTimespan(Stats.LastTicks));
 		Text += "\n0:00" + PadLeft(End, Columns - 4) + "\n\n";
 	}
 
@@ -96,18 +97,19 @@ private:
 		Add("total", Total);
 		if (!SpawnTicks.empty())
 		{
-			Add("length", FormatMediaTime(Stats.FirstTicks) + " to " + FormatMediaTime(Stats.LastTicks) + TellRate());
+			Add("length", FormatTime(FTimespan(Stats.FirstTicks)) + " to " + FormatTime(FTimespan(Stats.LastTicks)) +
+							  DescribeRate());
 		}
-		std::string Users = Stats.NumUsers > 0 ? FormatCount(Stats.NumUsers) : "none are told";
+		std::string Users = Stats.NumUsers > 0 ? FormatCount(Stats.NumUsers) : "unknown";
 		if (Stats.NumUsers > 0 && Stats.NumWithoutUser > 0)
 		{
-			Users += ", and " + CountComments(Stats.NumWithoutUser) + " of which no user is told";
+			Users += ", and " + CountComments(Stats.NumWithoutUser) + " without one";
 		}
 		Add("users", Users);
 	}
 
-	/** Of less than a minute there is none. */
-	std::string TellRate() const
+	/** Empty for less than a minute. */
+	std::string DescribeRate() const
 	{
 		const double Minutes = static_cast<double>(Stats.LastTicks) / (SecondsPerMinute * TicksPerSecond);
 		char Rate[64] = "";
@@ -123,7 +125,7 @@ private:
 		const char* Head = "busiest";
 		for (const FBusyMinute& Busy : Stats.BusyMinutes)
 		{
-			std::string Line = PadLeft(FormatMediaTime(Busy.Minute * SecondsPerMinute * TicksPerSecond), 7) +
+			std::string Line = PadLeft(FormatTime(static_cast<double>(Busy.Minute * SecondsPerMinute)), 7) +
 							   PadLeft(FormatCount(Busy.NumComments), 8);
 			for (const FCommentTerm& Term : Busy.Terms)
 			{
@@ -134,7 +136,7 @@ private:
 		}
 	}
 
-	void AddLooks()
+	void AddStyles()
 	{
 		constexpr std::string_view Names[] = {"scroll",		"top",	   "bottom", "from left to right",
 											  "positioned", "scripts", "unknown"};
@@ -149,7 +151,7 @@ private:
 		}
 		Add("modes", Modes);
 		Add("sizes", List(Stats.Sizes, [](int32 InSize) { return std::to_string(InSize) + " pt"; }));
-		Text += Pad("colours", Indent) + List(Stats.Colors, [this](uint32 InColor) { return DescribeColor(InColor); }) +
+		Text += Pad("colors", Indent) + List(Stats.Colors, [this](uint32 InColor) { return DescribeColor(InColor); }) +
 				"\n";
 	}
 
@@ -172,7 +174,7 @@ private:
 		char Name[16];
 		const bool bOpaque = (InColor & 0xFF) == 0xFF;
 		std::snprintf(Name, sizeof(Name), bOpaque ? "#%06X" : "#%08X", bOpaque ? InColor >> 8 : InColor);
-		if (!Look.bColors)
+		if (!Style.bColors)
 		{
 			return Name;
 		}
@@ -193,7 +195,7 @@ private:
 		Head = "longest";
 		for (const FLongText& Long : Stats.Longest)
 		{
-			Add(Head, PadLeft(FormatMediaTime(Long.SpawnTicks), 7) + "  " + FormatCount(Long.NumCharacters) +
+			Add(Head, PadLeft(FormatTime(FTimespan(Long.SpawnTicks)), 7) + "  " + FormatCount(Long.NumCharacters) +
 						  (Long.NumCharacters == 1 ? " character: " : " characters: ") + Long.Text);
 			Head = "";
 		}
@@ -201,22 +203,22 @@ private:
 
 	const FCommentStats& Stats;
 	const std::vector<int64>& SpawnTicks;
-	const FStatsLook& Look;
+	const FStatsStyle& Style;
 	std::string Text;
 };
 
 } // namespace
 
-FStatsLook FStatsLook::OfStandardOutput()
+FStatsStyle FStatsStyle::OfStandardOutput()
 {
 	const std::optional<std::size_t> Width = GetTerminalWidth(stdout);
-	return Width ? FStatsLook{*Width, true} : FStatsLook{};
+	return Width ? FStatsStyle{*Width, true} : FStatsStyle{};
 }
 
 std::string DescribeStats(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks,
-						  const FStatsLook& InLook)
+						  const FStatsStyle& InStyle)
 {
-	return FStatsWriter(InStats, InSpawnTicks, InLook).Write();
+	return FStatsWriter(InStats, InSpawnTicks, InStyle).Write();
 }
 
 } // namespace Flitmark

@@ -10,20 +10,20 @@
 namespace Flitmark
 {
 
-/** How the report is to look. */
-struct FStatsLook
+/** How the report is laid out. */
+struct FStatsStyle
 {
 	/** Columns. */
 	std::size_t Width = 80;
-	/** Whether colours are shown as such. */
+	/** Whether colors are shown, not only named. */
 	bool bColors = false;
 
-	/** Standard output's: 80 columns without colours where it is no terminal. */
-	static FStatsLook OfStandardOutput();
+	/** For standard output: 80 columns and no colors unless it is a terminal. */
+	static FStatsStyle OfStandardOutput();
 };
 
-/** What there is to tell, in lines. InSpawnTicks: of the comments that are reached. */
+/** The report, in lines. InSpawnTicks: of the comments that are reached. */
 std::string DescribeStats(const FCommentStats& InStats, const std::vector<int64>& InSpawnTicks,
-						  const FStatsLook& InLook);
+						  const FStatsStyle& InStyle);
 
 } // namespace Flitmark

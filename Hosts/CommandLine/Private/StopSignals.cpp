@@ -38,13 +38,13 @@ FStopSignals::FStopSignals()
 	for (std::size_t Index = 0; Index < NumStopSignals; ++Index)
 	{
 		sigaction(StopSignals[Index], &Action, &Earlier[Index]);
-		// Who starts a program with a signal ignored, as nohup does, wants it to go on.
+		// Whoever starts a program with a signal ignored, as nohup does, wants it to keep running.
 		if (Earlier[Index].sa_handler == SIG_IGN)
 		{
 			sigaction(StopSignals[Index], &Earlier[Index], nullptr);
 		}
 	}
-	// A reader of the messages that goes away is no reason to leave a half file behind.
+	// Losing the reader of our messages is no reason to leave a partial file.
 	Action.sa_handler = SIG_IGN;
 	sigaction(SIGPIPE, &Action, &EarlierPipe);
 }

@@ -23,7 +23,7 @@ std::size_t CountColumns(UChar32 InCharacter)
 	return Width == U_EA_WIDE || Width == U_EA_FULLWIDTH ? 2 : 1;
 }
 
-/** Controls, and marks that turn the direction of what stands behind them. */
+/** Controls, and marks that change the direction of what follows. */
 bool IsActedOn(UChar32 InCharacter)
 {
 	return u_iscntrl(InCharacter) || (InCharacter >= 0x202A && InCharacter <= 0x202E) ||

@@ -1,4 +1,4 @@
-#include "TraceCommand.h"
+#include "Commands.h"
 
 #include "Overlay/CellMeasure.h"
 #include "CommentOptions.h"
@@ -9,12 +9,13 @@
 #include "Files/SaveSlots.h"
 #include "Overlay/TextMeasure.h"
 #include "TraceRunner.h"
+#include "Values/OptionChecks.h"
 
 #include <CLI/CLI.hpp>
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <unistd.h>
 
@@ -24,23 +25,19 @@ namespace Flitmark
 namespace
 {
 
-/** What the command line said, before it is looked at. */
 struct FTraceArguments
 {
 	std::string Comments;
 	FCommentArguments CommentOptions;
 	std::string Size = "1920x1080";
-	int32 Fps = 60;
-	int64 Start = 0;
-	std::optional<int64> Frames;
-	uint32 Seed = 1;
 	std::string Script;
-	bool bPositions = false;
 	std::string Measure = "cells";
 	std::string SaveDir;
+	/** What the command line sets directly. */
+	FTraceOptions Options;
 };
 
-/** A folder of one's own that goes away with its owner. */
+/** A folder that is deleted with its owner. */
 class FTemporaryFolder
 {
 public:
@@ -61,124 +58,105 @@ public:
 	std::filesystem::path Path;
 };
 
-/** Whether slots can be kept in the folder, which is made where it is not there. */
-bool CanKeepSlots(const std::filesystem::path& Folder, std::string& Error)
+/** Creates the folder where it is missing; false with OutError set where no slots can be kept in it. */
+bool CanKeepSlots(const std::filesystem::path& InFolder, std::string& OutError)
 {
-	std::error_code Code;
-	std::filesystem::create_directories(Folder, Code);
-	if (!std::filesystem::is_directory(Folder) || ::access(Folder.c_str(), R_OK | W_OK | X_OK) != 0)
+	std::error_code Ignored;
+	std::filesystem::create_directories(InFolder, Ignored);
+	if (!std::filesystem::is_directory(InFolder, Ignored) || ::access(InFolder.c_str(), R_OK | W_OK | X_OK) != 0)
 	{
-		Error = "--save-dir: " + Folder.string() + ": no folder that can be written to: choose another";
+		OutError = "--save-dir: " + InFolder.string() + ": is not a writable folder; choose another";
 		return false;
 	}
 	return true;
 }
 
-/** Fills the options from the arguments; false with an error for a file or value that is not understood. */
-bool ReadArguments(const FTraceArguments& Arguments, FTraceOptions& Options, std::string& Error)
+bool LoadDocument(const FTraceArguments& InArguments, FTraceOptions& OutOptions, std::string& OutError)
 {
-	const std::optional<FVector2f> Size = ParseCanvasSize(Arguments.Size);
-	if (!Size)
+	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments.CommentOptions, OutError);
+	std::optional<FCommentsFile> File =
+		Settings ? LoadAnyText(InArguments.Comments, Settings->Options, OutError) : std::nullopt;
+	if (!File)
 	{
-		Error = "flitmark: --size: \"" + Arguments.Size + "\" is no size: give width and height as in 1920x1080";
 		return false;
 	}
-	Options.Size = *Size;
-	Options.Fps = Arguments.Fps;
-	Options.Start = Arguments.Start;
-	Options.Frames = Arguments.Frames;
-	Options.Seed = Arguments.Seed;
-	Options.bPositions = Arguments.bPositions;
-	if (!Arguments.Comments.empty())
-	{
-		const std::optional<FCommentSettings> Settings = FCommentSettings::Make(Arguments.CommentOptions, Error);
-		std::optional<FCommentsFile> File =
-			Settings ? LoadAnyText(Arguments.Comments, Settings->Options, Error) : std::nullopt;
-		if (!File)
-		{
-			Error = "flitmark: " + Error;
-			return false;
-		}
-		PrintNotes(File->MakeNotes());
-		Options.Document = std::move(File->Text);
-	}
-	if (!Arguments.Script.empty())
-	{
-		const std::optional<std::string> Bytes = LoadBytes(Arguments.Script, Error);
-		if (!Bytes)
-		{
-			Error = "flitmark: " + Error;
-			return false;
-		}
-		std::optional<FTraceScript> Script = FTraceScript::Parse(*Bytes, Arguments.Script, Error);
-		if (!Script)
-		{
-			return false;
-		}
-		Options.Script = std::move(*Script);
-	}
+	PrintNotes(File->MakeNotes());
+	OutOptions.Document = std::move(File->Text);
 	return true;
 }
 
-int RunTrace(const FTraceArguments& Arguments)
+bool LoadScript(const std::string& InFile, FTraceScript& OutScript, std::string& OutError)
 {
-	FTraceOptions Options;
+	const std::optional<std::string> Bytes = LoadBytes(InFile, OutError);
+	std::optional<FTraceScript> Script = Bytes ? FTraceScript::Parse(*Bytes, InFile, OutError) : std::nullopt;
+	if (Script)
+	{
+		OutScript = std::move(*Script);
+	}
+	return Script.has_value();
+}
+
+/** A file that is not understood counts as wrong usage. */
+int RunTrace(const FTraceArguments& InArguments)
+{
+	FTraceOptions Options = InArguments.Options;
+	Options.Size = *ParseCanvasSize(InArguments.Size);
+	const FTemporaryFolder Temporary;
+	const std::filesystem::path SaveDir =
+		InArguments.SaveDir.empty() ? Temporary.Path : std::filesystem::path(InArguments.SaveDir);
 	std::string Error;
-	if (!ReadArguments(Arguments, Options, Error))
+	if ((!InArguments.Comments.empty() && !LoadDocument(InArguments, Options, Error)) || !CanKeepSlots(SaveDir, Error))
 	{
-		std::cerr << Error << "\n";
+		PrintNote(Error);
+		return ExitWrongUse;
+	}
+	if (!InArguments.Script.empty() && !LoadScript(InArguments.Script, Options.Script, Error))
+	{
+		// In the form of a compiler's message, which editors find the line by.
+		std::fprintf(stderr, "%s\n", Error.c_str());
 		return ExitWrongUse;
 	}
 	std::unique_ptr<FSlateFontMeasure> Measure = std::make_unique<FCellMeasure>();
-	if (Arguments.Measure == "fonts")
+	if (InArguments.Measure == "fonts")
 	{
 		Measure = FTextMeasure::Create({}, Error);
-	}
-	const FTemporaryFolder Temporary;
-	const std::filesystem::path SaveDir =
-		Arguments.SaveDir.empty() ? Temporary.Path : std::filesystem::path(Arguments.SaveDir);
-	if (!CanKeepSlots(SaveDir, Error))
-	{
-		std::cerr << "flitmark: " << Error << "\n";
-		return ExitWrongUse;
 	}
 	FSaveSlots Slots(SaveDir);
 	ISaveGameSystem::Install(&Slots);
 	Options.Measure = Measure.get();
 	const bool bRan = Measure != nullptr && FTraceRunner(std::move(Options), stdout).Run(Error);
 	ISaveGameSystem::Install(nullptr);
-	if (!bRan)
-	{
-		std::cerr << "flitmark: " << Error << "\n";
-		return ExitFailure;
-	}
-	return ExitSuccess;
+	return bRan ? ExitSuccess : PrintError(Error);
 }
 
 } // namespace
 
-void AddTraceCommand(CLI::App& App, int& OutExitCode)
+void AddTraceCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FTraceArguments>();
-	CLI::App* Command = App.add_subcommand(
-		"trace", "Run the overlay without a video or a screen and write what happens, a JSON line an event");
+	CLI::App* Command =
+		InApp.add_subcommand("trace", "Run the overlay without a video or a screen and log what happens as JSON lines");
 	Command->add_option("COMMENTS", Arguments->Comments,
-						"File of comments, in any known format; without it the schedule is empty");
-	Command->add_option("--size", Arguments->Size, "Canvas in canvas units, WIDTHxHEIGHT")->capture_default_str();
-	Command->add_option("--fps", Arguments->Fps, "Frames per second")
-		->check(CLI::Range(1, 1000))
+						"Comment file, in any known format; without it nothing is scheduled");
+	Command->add_option("--size", Arguments->Size, "Canvas size in canvas units")
+		->type_name("WIDTHxHEIGHT")
+		->check(MakeCheck(&ParseCanvasSize, "is not a size; try 1920x1080"))
 		->capture_default_str();
-	Command->add_option("--start", Arguments->Start, "Media time of the first frame, in ticks of 100 ns")
-		->check(CLI::NonNegativeNumber);
-	Command->add_option("--frames", Arguments->Frames, "How many frames to run (default: until all is over)")
-		->check(CLI::NonNegativeNumber);
-	Command->add_option("--seed", Arguments->Seed, "Seed of the overlay's two draws")->capture_default_str();
-	Command->add_option("--script", Arguments->Script, "What the host and the viewer do, JSON lines");
-	Command->add_flag("--positions", Arguments->bPositions, "Also write where each comment stands, every frame");
-	Command->add_option("--measure", Arguments->Measure, "How texts are measured")
+	Command->add_option("--fps", Arguments->Options.Fps, "Frames per second")
+		->check(MakeNumberCheck(1, 1000))
+		->capture_default_str();
+	Command->add_option("--start", Arguments->Options.Start, "Media time of the first frame, in 100-ns ticks")
+		->check(MakeNumberCheck(0));
+	Command->add_option("--frames", Arguments->Options.Frames, "Number of frames (default: until everything is over)")
+		->check(MakeNumberCheck(0));
+	Command->add_option("--seed", Arguments->Options.Seed, "Seed for the overlay's random numbers")
+		->capture_default_str();
+	Command->add_option("--script", Arguments->Script, "What the host and the viewer do, a file of JSON lines");
+	Command->add_flag("--positions", Arguments->Options.bPositions, "Also log every comment's position in every frame");
+	Command->add_option("--measure", Arguments->Measure, "How text is measured")
 		->check(CLI::IsMember({"cells", "fonts"}))
 		->capture_default_str();
-	Command->add_option("--save-dir", Arguments->SaveDir, "Folder of the save slots (default: a temporary one)");
+	Command->add_option("--save-dir", Arguments->SaveDir, "Folder for the save slots (default: a temporary one)");
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer("Example: flitmark trace Samples/demo.json --size 1280x720 --positions > trace.jsonl");
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunTrace(*Arguments); });

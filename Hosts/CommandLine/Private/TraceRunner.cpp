@@ -4,6 +4,7 @@
 #include "Components/CanvasPanel.h"
 #include "DanmakuTrack.h"
 #include "DanmakuTrackManager.h"
+#include "TraceViewer.h"
 #include "UI_Danmaku.h"
 #include "UI_DanmakuNode.h"
 
@@ -16,7 +17,6 @@ namespace Flitmark
 namespace
 {
 
-constexpr int64 TicksPerSecond = 10'000'000;
 constexpr int64 SecondsPerDay = 86'400;
 
 } // namespace
@@ -37,7 +37,7 @@ FTraceRunner::~FTraceRunner()
 
 int64 FTraceRunner::GetMediaTime() const
 {
-	return Base + PlayedFrames * TicksPerSecond / Options.Fps;
+	return Base + PlayedFrames * ETimespan::TicksPerSecond / Options.Fps;
 }
 
 bool FTraceRunner::Run(std::string& OutError)
@@ -84,7 +84,7 @@ bool FTraceRunner::Run(std::string& OutError)
 	return true;
 }
 
-bool FTraceRunner::RunFrame(int64 LastSecond, bool bEndless)
+bool FTraceRunner::RunFrame(int64 InLastSecond, bool bInEndless)
 {
 	PendingReports = 0;
 	Stage->SetMediaTime(GetMediaTime());
@@ -105,43 +105,44 @@ bool FTraceRunner::RunFrame(int64 LastSecond, bool bEndless)
 	{
 		WritePositions();
 	}
-	const bool bIdle = GetMediaTime() / TicksPerSecond > LastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
+	const bool bIdle =
+		GetMediaTime() / ETimespan::TicksPerSecond > InLastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
 	IdleFrames = bIdle ? IdleFrames + 1 : 0;
 	PlayedFrames += bPlaying ? 1 : 0;
-	return !bEndless || IdleFrames < Options.Fps;
+	return !bInEndless || IdleFrames < Options.Fps;
 }
 
-void FTraceRunner::Execute(const FTraceStep& Step)
+void FTraceRunner::Execute(const FTraceStep& InStep)
 {
-	switch (Step.Action)
+	switch (InStep.Action)
 	{
 	case ETraceAction::Pause:
 	case ETraceAction::PlayerPause:
 	case ETraceAction::Resume:
 	case ETraceAction::PlayerResume:
-		bPlaying = Step.Action == ETraceAction::Resume || Step.Action == ETraceAction::PlayerResume;
+		bPlaying = InStep.Action == ETraceAction::Resume || InStep.Action == ETraceAction::PlayerResume;
 		Stage->SetPlaying(bPlaying);
-		if (Step.Action == ETraceAction::Pause)
+		if (InStep.Action == ETraceAction::Pause)
 		{
 			Stage->GetOverlay().Pause();
 		}
-		else if (Step.Action == ETraceAction::Resume)
+		else if (InStep.Action == ETraceAction::Resume)
 		{
 			Stage->GetOverlay().Resume();
 		}
 		break;
 	case ETraceAction::Seek:
-		Base = Step.Number;
+		Base = InStep.Number;
 		PlayedFrames = 0;
 		break;
 	case ETraceAction::Url:
-		Stage->SetUrl(Step.Text);
+		Stage->SetUrl(InStep.Text);
 		break;
 	case ETraceAction::Resize:
-		Stage->SetCanvasSize(Step.Size);
+		Stage->SetCanvasSize(InStep.Size);
 		break;
 	case ETraceAction::Load:
-		Stage->GetOverlay().LoadDanmaku(Step.Text);
+		Stage->GetOverlay().LoadDanmaku(InStep.Text);
 		break;
 	case ETraceAction::Empty:
 		Stage->GetOverlay().Empty();
@@ -150,14 +151,14 @@ void FTraceRunner::Execute(const FTraceStep& Step)
 		++PendingReports;
 		break;
 	default:
-		ExecuteViewer(Step);
+		ActAsViewer(InStep, *Stage);
 		break;
 	}
 }
 
-void FTraceRunner::OnWidgetCreated(UUserWidget& Widget)
+void FTraceRunner::OnWidgetCreated(UUserWidget& InWidget)
 {
-	UUI_DanmakuNode* Node = Cast<UUI_DanmakuNode>(&Widget);
+	UUI_DanmakuNode* Node = Cast<UUI_DanmakuNode>(&InWidget);
 	if (bTracing && Node != nullptr)
 	{
 		Nodes[Node] = {++LastId, false};
@@ -166,9 +167,9 @@ void FTraceRunner::OnWidgetCreated(UUserWidget& Widget)
 	}
 }
 
-void FTraceRunner::OnPositionSet(UCanvasPanelSlot& Slot)
+void FTraceRunner::OnPositionSet(UCanvasPanelSlot& InSlot)
 {
-	const auto Entry = Nodes.find(static_cast<const UUserWidget*>(Slot.Content.Get()));
+	const auto Entry = Nodes.find(static_cast<const UUserWidget*>(InSlot.Content.Get()));
 	if (!bTracing || Entry == Nodes.end() || Entry->second.bPlaced)
 	{
 		return;
@@ -191,9 +192,9 @@ void FTraceRunner::OnPositionSet(UCanvasPanelSlot& Slot)
 	EndLine();
 }
 
-void FTraceRunner::OnWidgetLeaving(UWidget& Widget)
+void FTraceRunner::OnWidgetLeaving(UWidget& InWidget)
 {
-	const auto Entry = Nodes.find(static_cast<const UUserWidget*>(&Widget));
+	const auto Entry = Nodes.find(static_cast<const UUserWidget*>(&InWidget));
 	if (!bTracing || Entry == Nodes.end() || Entry->second.bPlaced)
 	{
 		return;
@@ -207,35 +208,35 @@ void FTraceRunner::OnWidgetLeaving(UWidget& Widget)
 	EndLine();
 }
 
-void FTraceRunner::OnNodeEnded(UUI_DanmakuNode* Node)
+void FTraceRunner::OnNodeEnded(UUI_DanmakuNode* InNode)
 {
-	WriteIdLine("ended", Node);
+	WriteIdLine("ended", InNode);
 }
 
-void FTraceRunner::OnNodeCanceled(UUI_DanmakuNode* Node)
+void FTraceRunner::OnNodeCanceled(UUI_DanmakuNode* InNode)
 {
-	WriteIdLine("canceled", Node);
-	Nodes.erase(Node);
+	WriteIdLine("canceled", InNode);
+	Nodes.erase(InNode);
 }
 
-void FTraceRunner::WriteIdLine(std::string_view Event, const UUI_DanmakuNode* Node)
+void FTraceRunner::WriteIdLine(std::string_view InEvent, const UUI_DanmakuNode* InNode)
 {
-	const auto Entry = Nodes.find(Node);
+	const auto Entry = Nodes.find(InNode);
 	if (bTracing && Entry != Nodes.end())
 	{
-		BeginLine(Event);
+		BeginLine(InEvent);
 		Line.Add("id", Entry->second.Id);
 		EndLine();
 	}
 }
 
-void FTraceRunner::BeginLine(std::string_view Event)
+void FTraceRunner::BeginLine(std::string_view InEvent)
 {
 	Line.Clear();
 	Line.BeginObject();
 	Line.Add("frame", Frame);
 	Line.Add("media", GetMediaTime());
-	Line.Add("event", Event);
+	Line.Add("event", InEvent);
 }
 
 void FTraceRunner::EndLine()
@@ -245,22 +246,37 @@ void FTraceRunner::EndLine()
 	std::fputc('\n', Output);
 }
 
-void FTraceRunner::AddRecord(const UUI_DanmakuNode& Node, const FNodeInfo& Info)
+void FTraceRunner::AddRecord(const UUI_DanmakuNode& InNode, const FNodeInfo& InInfo)
 {
-	Line.Add("id", Info.Id);
-	Line.Add("viewer", Stage->IsViewerComment(Node));
-	Line.Add("content", Node.GetData().Content);
-	Line.Add("mode", static_cast<int32>(Node.GetData().Mode));
+	Line.Add("id", InInfo.Id);
+	Line.Add("viewer", Stage->IsViewerComment(InNode));
+	Line.Add("content", InNode.GetData().Content);
+	Line.Add("mode", static_cast<int32>(InNode.GetData().Mode));
 }
 
-int64 FTraceRunner::FindLane(const UUI_DanmakuNode& Node) const
+int64 FTraceRunner::FindLane(const UUI_DanmakuNode& InNode) const
 {
 	// Off the position: a comment without height has a place and no lane that lists it.
-	const double FromEdge = Node.GetData().Mode == EDanmakuMode::BOTTOM
+	const double FromEdge = InNode.GetData().Mode == EDanmakuMode::BOTTOM
 								? static_cast<double>(Stage->GetCanvas().GetCachedGeometry().GetLocalSize().Y) -
-									  Node.GetPosition().Y - Node.GetNodeSize().Y
-								: Node.GetPosition().Y;
+									  InNode.GetPosition().Y - InNode.GetNodeSize().Y
+								: InNode.GetPosition().Y;
 	return std::llround(FromEdge / UDanmakuTrackManager::TrackHeight);
+}
+
+void FTraceRunner::WriteReport()
+{
+	const FTrackCounts Tracks = Stage->GetTrackCounts();
+	BeginLine("report");
+	Line.BeginObject("tracks");
+	Line.Add("scroll", Tracks.Scroll);
+	Line.Add("top", Tracks.Top);
+	Line.Add("bottom", Tracks.Bottom);
+	Line.Add("reverse", Tracks.Reverse);
+	Line.EndObject();
+	Line.Add("alive", Stage->GetCanvas().GetChildrenCount());
+	AddViewerState(Line, *Stage);
+	EndLine();
 }
 
 void FTraceRunner::WritePositions()

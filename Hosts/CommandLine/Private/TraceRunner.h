@@ -50,22 +50,21 @@ private:
 	};
 
 	int64 GetMediaTime() const;
-	bool RunFrame(int64 LastSecond, bool bEndless);
-	void Execute(const FTraceStep& Step);
-	void ExecuteViewer(const FTraceStep& Step);
+	bool RunFrame(int64 InLastSecond, bool bInEndless);
+	void Execute(const FTraceStep& InStep);
 
-	void OnWidgetCreated(UUserWidget& Widget) override;
-	void OnPositionSet(UCanvasPanelSlot& Slot) override;
-	void OnWidgetLeaving(UWidget& Widget) override;
-	void OnNodeEnded(UUI_DanmakuNode* Node);
-	void OnNodeCanceled(UUI_DanmakuNode* Node);
+	void OnWidgetCreated(UUserWidget& InWidget) override;
+	void OnPositionSet(UCanvasPanelSlot& InSlot) override;
+	void OnWidgetLeaving(UWidget& InWidget) override;
+	void OnNodeEnded(UUI_DanmakuNode* InNode);
+	void OnNodeCanceled(UUI_DanmakuNode* InNode);
 
 	/** Begins a line; the event's own members follow. */
-	void BeginLine(std::string_view Event);
+	void BeginLine(std::string_view InEvent);
 	void EndLine();
-	void WriteIdLine(std::string_view Event, const UUI_DanmakuNode* Node);
-	void AddRecord(const UUI_DanmakuNode& Node, const FNodeInfo& Info);
-	int64 FindLane(const UUI_DanmakuNode& Node) const;
+	void WriteIdLine(std::string_view InEvent, const UUI_DanmakuNode* InNode);
+	void AddRecord(const UUI_DanmakuNode& InNode, const FNodeInfo& InInfo);
+	int64 FindLane(const UUI_DanmakuNode& InNode) const;
 	void WriteReport();
 	void WritePositions();
 

@@ -32,50 +32,50 @@ public:
 	{
 	}
 
-	double Number(const TCHAR* Name, double Min, double Max)
+	double Number(const TCHAR* InName, double InMin, double InMax)
 	{
-		const TSharedPtr<FJsonValue> Value = Object.TryGetField(Name);
+		const TSharedPtr<FJsonValue> Value = Object.TryGetField(InName);
 		if (!Value.IsValid() || Value->Type != EJson::Number)
 		{
-			Fail(Name, "must be a number");
-			return Min;
+			Fail(InName, "must be a number");
+			return InMin;
 		}
 		const double Found = Value->AsNumber();
-		if (!(Found >= Min && Found <= Max))
+		if (!(Found >= InMin && Found <= InMax))
 		{
-			Fail(Name, "is out of range");
-			return Min;
+			Fail(InName, "is out of range");
+			return InMin;
 		}
 		return Found;
 	}
 
-	int64 WholeNumber(const TCHAR* Name, double Min, double Max)
+	int64 WholeNumber(const TCHAR* InName, double InMin, double InMax)
 	{
-		const double Found = Number(Name, Min, Max);
+		const double Found = Number(InName, InMin, InMax);
 		if (Found != std::floor(Found))
 		{
-			Fail(Name, "must be a whole number");
+			Fail(InName, "must be a whole number");
 		}
 		return Found < MaxTicks ? static_cast<int64>(Found) : std::numeric_limits<int64>::max();
 	}
 
-	FString Text(const TCHAR* Name)
+	FString Text(const TCHAR* InName)
 	{
-		const TSharedPtr<FJsonValue> Value = Object.TryGetField(Name);
+		const TSharedPtr<FJsonValue> Value = Object.TryGetField(InName);
 		if (!Value.IsValid() || Value->Type != EJson::String)
 		{
-			Fail(Name, "must be a text");
+			Fail(InName, "must be a string");
 			return FString();
 		}
 		return Value->AsString();
 	}
 
-	bool Bool(const TCHAR* Name)
+	bool Bool(const TCHAR* InName)
 	{
-		const TSharedPtr<FJsonValue> Value = Object.TryGetField(Name);
+		const TSharedPtr<FJsonValue> Value = Object.TryGetField(InName);
 		if (!Value.IsValid() || Value->Type != EJson::Boolean)
 		{
-			Fail(Name, "must be true or false");
+			Fail(InName, "must be true or false");
 			return false;
 		}
 		double Found = 0.0;
@@ -84,22 +84,22 @@ public:
 
 	/** One of the names of a table. */
 	template <class T>
-	T Choice(const TCHAR* Name, const std::map<std::u16string_view, T>& Choices)
+	T Choice(const TCHAR* InName, const std::map<std::u16string_view, T>& InChoices)
 	{
-		const FString Found = Text(Name);
-		const auto Entry = Choices.find(std::u16string_view(Found.GetStd()));
-		if (Entry == Choices.end())
+		const FString Found = Text(InName);
+		const auto Entry = InChoices.find(std::u16string_view(Found.GetStd()));
+		if (Entry == InChoices.end())
 		{
-			Fail(Name, "is none of the known names");
+			Fail(InName, "is not a known name");
 			return T();
 		}
 		return Entry->second;
 	}
 
 	/** The text of a document beside the script. */
-	FString Document(const TCHAR* Name)
+	FString Document(const TCHAR* InName)
 	{
-		const FString File = Text(Name);
+		const FString File = Text(InName);
 		if (!Error.empty())
 		{
 			return FString();
@@ -108,17 +108,17 @@ public:
 		std::optional<FString> Read = LoadText(ScriptFolder / ToUtf8(File), ReadError);
 		if (!Read)
 		{
-			Fail(Name, ReadError.c_str());
+			Fail(InName, ReadError.c_str());
 			return FString();
 		}
 		return std::move(*Read);
 	}
 
-	void Fail(const TCHAR* Name, const char* What)
+	void Fail(const TCHAR* InName, const char* InWhat)
 	{
 		if (Error.empty())
 		{
-			Error = "\"" + ToUtf8(FString(Name)) + "\" " + What;
+			Error = "\"" + ToUtf8(FString(InName)) + "\" " + InWhat;
 		}
 	}
 
@@ -142,52 +142,52 @@ struct FActionEntry
 	FReadMembers Read;
 };
 
-void ReadSave(FLineReader& Line, FTraceStep& Step)
+void ReadSave(FLineReader& InOutLine, FTraceStep& OutStep)
 {
-	Step.Action = Line.Choice<ETraceAction>(TEXT("what"), {{u"FontSize", ETraceAction::SaveFontSize},
-														   {u"SpeedScale", ETraceAction::SaveSpeedScale},
-														   {u"bIsOpened", ETraceAction::SaveIsOpened}});
-	switch (Step.Action)
+	OutStep.Action = InOutLine.Choice<ETraceAction>(TEXT("what"), {{u"FontSize", ETraceAction::SaveFontSize},
+																   {u"SpeedScale", ETraceAction::SaveSpeedScale},
+																   {u"bIsOpened", ETraceAction::SaveIsOpened}});
+	switch (OutStep.Action)
 	{
 	case ETraceAction::SaveFontSize:
-		Step.Number = Line.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
+		OutStep.Number = InOutLine.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
 		break;
 	case ETraceAction::SaveSpeedScale:
-		Step.Scale = static_cast<float>(
-			Line.Number(TEXT("value"), -std::numeric_limits<float>::max(), std::numeric_limits<float>::max()));
+		OutStep.Scale = static_cast<float>(
+			InOutLine.Number(TEXT("value"), -std::numeric_limits<float>::max(), std::numeric_limits<float>::max()));
 		break;
 	case ETraceAction::SaveIsOpened:
-		Step.bFlag = Line.Bool(TEXT("value"));
+		OutStep.bFlag = InOutLine.Bool(TEXT("value"));
 		break;
 	default:
 		break;
 	}
 }
 
-void ReadCheck(FLineReader& Line, FTraceStep& Step)
+void ReadCheck(FLineReader& InOutLine, FTraceStep& OutStep)
 {
-	Step.Text = Line.Text(TEXT("box"));
-	Step.bFlag = Line.Bool(TEXT("checked"));
+	OutStep.Text = InOutLine.Text(TEXT("box"));
+	OutStep.bFlag = InOutLine.Bool(TEXT("checked"));
 	for (const TCHAR* Box : {TEXT("OpenDanmakuButton"), TEXT("Scroll"), TEXT("Top"), TEXT("Bottom"), TEXT("Small"),
 							 TEXT("Normal"), TEXT("C_FE0302"), TEXT("C_00CD00"), TEXT("C_4266BE"), TEXT("C_FFFFFF")})
 	{
-		if (Step.Text.Equals(Box))
+		if (OutStep.Text.Equals(Box))
 		{
 			return;
 		}
 	}
-	Line.Fail(TEXT("box"), "is the name of no check box");
+	InOutLine.Fail(TEXT("box"), "is not the name of a check box");
 }
 
-void ReadResize(FLineReader& Line, FTraceStep& Step)
+void ReadResize(FLineReader& InOutLine, FTraceStep& OutStep)
 {
-	const double Width = Line.Number(TEXT("width"), 0.0, std::numeric_limits<float>::max());
-	const double Height = Line.Number(TEXT("height"), 0.0, std::numeric_limits<float>::max());
+	const double Width = InOutLine.Number(TEXT("width"), 0.0, std::numeric_limits<float>::max());
+	const double Height = InOutLine.Number(TEXT("height"), 0.0, std::numeric_limits<float>::max());
 	if (!IsCanvasSize(Width, Height))
 	{
-		Line.Fail(TEXT("height"), "is out of range");
+		InOutLine.Fail(TEXT("height"), "is out of range");
 	}
-	Step.Size = FVector2f(static_cast<float>(Width), static_cast<float>(Height));
+	OutStep.Size = FVector2f(static_cast<float>(Width), static_cast<float>(Height));
 }
 
 const std::map<std::u16string_view, FActionEntry>& GetActions()
@@ -257,46 +257,47 @@ const std::map<std::u16string_view, FActionEntry>& GetActions()
 }
 
 /** Reads one line that holds an object; false where something is wrong. */
-bool ReadLine(FLineReader& Line, FTraceScript& Script)
+bool ReadLine(FLineReader& InOutLine, FTraceScript& InOutScript)
 {
 	FTraceStep Step;
-	Step.Frame = Line.WholeNumber(TEXT("frame"), 0.0, MaxTicks);
-	if (!Script.Steps.empty() && Step.Frame < Script.Steps.back().Frame)
+	Step.Frame = InOutLine.WholeNumber(TEXT("frame"), 0.0, MaxTicks);
+	if (!InOutScript.Steps.empty() && Step.Frame < InOutScript.Steps.back().Frame)
 	{
-		Line.Fail(TEXT("frame"), "is smaller than that of the line before");
+		InOutLine.Fail(TEXT("frame"), "is smaller than on the line before");
 	}
-	const FString Action = Line.Text(TEXT("do"));
+	const FString Action = InOutLine.Text(TEXT("do"));
 	const auto Entry = GetActions().find(std::u16string_view(Action.GetStd()));
 	if (Action.Equals(TEXT("set")))
 	{
-		const FName Setting = Line.Choice<FName>(TEXT("what"), {{u"MaxNumOFInputTex", FName(TEXT("MaxNumOFInputTex"))},
-																{u"SmallFontSize", FName(TEXT("SmallFontSize"))},
-																{u"NormalFontSize", FName(TEXT("NormalFontSize"))}});
-		const int64 Value = Line.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
+		const FName Setting =
+			InOutLine.Choice<FName>(TEXT("what"), {{u"MaxNumOFInputTex", FName(TEXT("MaxNumOFInputTex"))},
+												   {u"SmallFontSize", FName(TEXT("SmallFontSize"))},
+												   {u"NormalFontSize", FName(TEXT("NormalFontSize"))}});
+		const int64 Value = InOutLine.WholeNumber(TEXT("value"), MinInt32, MaxInt32);
 		if (Step.Frame != 0)
 		{
-			Line.Fail(TEXT("set"), "is possible at frame 0 only: the widgets are built then");
+			InOutLine.Fail(TEXT("set"), "must be at frame 0, before the widgets are built");
 		}
-		Script.Settings.push_back({Setting, static_cast<int32>(Value)});
-		return Line.GetError().empty();
+		InOutScript.Settings.push_back({Setting, static_cast<int32>(Value)});
+		return InOutLine.GetError().empty();
 	}
 	if (Entry == GetActions().end())
 	{
-		Line.Fail(TEXT("do"), "is no known action");
+		InOutLine.Fail(TEXT("do"), "is not a known action");
 		return false;
 	}
 	Step.Action = Entry->second.Action;
 	if (Entry->second.Read)
 	{
-		Entry->second.Read(Line, Step);
+		Entry->second.Read(InOutLine, Step);
 	}
-	Script.Steps.push_back(std::move(Step));
-	return Line.GetError().empty();
+	InOutScript.Steps.push_back(std::move(Step));
+	return InOutLine.GetError().empty();
 }
 
-bool IsBlank(std::string_view Line)
+bool IsBlank(std::string_view InLine)
 {
-	return Line.find_first_not_of(" \t\r") == std::string_view::npos;
+	return InLine.find_first_not_of(" \t\r") == std::string_view::npos;
 }
 
 } // namespace

@@ -1,3 +1,5 @@
+#include "TraceViewer.h"
+
 #include "Components/Button.h"
 #include "Components/CanvasPanel.h"
 #include "Components/CheckBox.h"
@@ -5,11 +7,9 @@
 #include "Components/Image.h"
 #include "Components/TextBlock.h"
 #include "DanmakuSave.h"
-#include "TraceRunner.h"
 #include "UI_DanmakuBar.h"
 #include "UI_DanmakuNodeSetting.h"
 
-/** The viewer's part of a trace: what they do, and what they see of bar, panel and preferences. */
 namespace Flitmark
 {
 
@@ -17,14 +17,14 @@ namespace
 {
 
 template <class T>
-T& FindWidget(const UUserWidget& Owner, const TCHAR* Name)
+T& FindWidget(const UUserWidget& InOwner, const TCHAR* InName)
 {
-	return *Cast<T>(Owner.GetWidgetFromName(Name));
+	return *Cast<T>(InOwner.GetWidgetFromName(InName));
 }
 
-std::string_view GetVisibilityName(const UWidget& Widget)
+std::string_view GetVisibilityName(const UWidget& InWidget)
 {
-	switch (Widget.GetVisibility())
+	switch (InWidget.GetVisibility())
 	{
 	case ESlateVisibility::Visible:
 		return "Visible";
@@ -40,77 +40,79 @@ std::string_view GetVisibilityName(const UWidget& Widget)
 	return "";
 }
 
-void AddBar(FJsonLine& Line, const UUI_DanmakuBar& Bar)
+void AddBar(FJsonLine& InOutLine, const UUI_DanmakuBar& InBar)
 {
-	const UEditableText& Field = FindWidget<UEditableText>(Bar, TEXT("InputDanmakuText"));
-	const UTextBlock& Counter = FindWidget<UTextBlock>(Bar, TEXT("TextNum"));
-	Line.BeginObject("bar");
-	Line.Add("text", Field.GetText().ToString());
-	Line.Add("counter", Counter.GetText().ToString());
-	Line.Add("text_enabled", Field.GetIsEnabled());
-	Line.Add("send_enabled", FindWidget<UButton>(Bar, TEXT("SendDanmakuButton")).GetIsEnabled());
-	Line.Add("counter_visibility", GetVisibilityName(Counter));
-	Line.Add("setting_visibility", GetVisibilityName(FindWidget<UButton>(Bar, TEXT("DanmakuNodeSettingButton"))));
-	Line.Add("focused", Field.HasKeyboardFocus());
-	Line.Add("open_checked", FindWidget<UCheckBox>(Bar, TEXT("OpenDanmakuButton")).IsChecked());
-	Line.EndObject();
+	const UEditableText& Field = FindWidget<UEditableText>(InBar, TEXT("InputDanmakuText"));
+	const UTextBlock& Counter = FindWidget<UTextBlock>(InBar, TEXT("TextNum"));
+	InOutLine.BeginObject("bar");
+	InOutLine.Add("text", Field.GetText().ToString());
+	InOutLine.Add("counter", Counter.GetText().ToString());
+	InOutLine.Add("text_enabled", Field.GetIsEnabled());
+	InOutLine.Add("send_enabled", FindWidget<UButton>(InBar, TEXT("SendDanmakuButton")).GetIsEnabled());
+	InOutLine.Add("counter_visibility", GetVisibilityName(Counter));
+	InOutLine.Add("setting_visibility",
+				  GetVisibilityName(FindWidget<UButton>(InBar, TEXT("DanmakuNodeSettingButton"))));
+	InOutLine.Add("focused", Field.HasKeyboardFocus());
+	InOutLine.Add("open_checked", FindWidget<UCheckBox>(InBar, TEXT("OpenDanmakuButton")).IsChecked());
+	InOutLine.EndObject();
 }
 
-void AddPanel(FJsonLine& Line, const UUI_DanmakuNodeSetting& Panel)
+void AddPanel(FJsonLine& InOutLine, const UUI_DanmakuNodeSetting& InPanel)
 {
-	const FLinearColor Swatch = FindWidget<UImage>(Panel, TEXT("DisplayColorImage")).GetColorAndOpacity();
-	Line.BeginObject("panel");
-	Line.Add("visibility", GetVisibilityName(Panel));
-	Line.Add("mode", static_cast<int32>(Panel.GetModel()));
-	Line.Add("font_size", Panel.GetFontSize());
-	Line.Add("color", Panel.GetFontColor());
-	Line.Add("text", FindWidget<UEditableText>(Panel, TEXT("InputColorText")).GetText().ToString());
-	Line.Add("swatch", FString(TEXT("#")) + Swatch.ToFColorSRGB().ToHex());
-	Line.BeginArray("checked");
+	const FLinearColor Swatch = FindWidget<UImage>(InPanel, TEXT("DisplayColorImage")).GetColorAndOpacity();
+	InOutLine.BeginObject("panel");
+	InOutLine.Add("visibility", GetVisibilityName(InPanel));
+	InOutLine.Add("mode", static_cast<int32>(InPanel.GetModel()));
+	InOutLine.Add("font_size", InPanel.GetFontSize());
+	InOutLine.Add("color", InPanel.GetFontColor());
+	InOutLine.Add("text", FindWidget<UEditableText>(InPanel, TEXT("InputColorText")).GetText().ToString());
+	InOutLine.Add("swatch", FString(TEXT("#")) + Swatch.ToFColorSRGB().ToHex());
+	InOutLine.BeginArray("checked");
 	for (const TCHAR* Box : {TEXT("Scroll"), TEXT("Top"), TEXT("Bottom"), TEXT("Small"), TEXT("Normal"),
 							 TEXT("C_FE0302"), TEXT("C_00CD00"), TEXT("C_4266BE"), TEXT("C_FFFFFF")})
 	{
-		if (FindWidget<UCheckBox>(Panel, Box).IsChecked())
+		if (FindWidget<UCheckBox>(InPanel, Box).IsChecked())
 		{
-			Line.Add({}, FString(Box));
+			InOutLine.Add({}, FString(Box));
 		}
 	}
-	Line.EndArray();
-	Line.EndObject();
+	InOutLine.EndArray();
+	InOutLine.EndObject();
 }
 
-void AddPreferences(FJsonLine& Line)
+void AddPreferences(FJsonLine& InOutLine)
 {
-	Line.BeginObject("preferences");
-	Line.Add("FontSize", UDanmakuSave::LoadFontSize());
-	Line.Add("SpeedScale", UDanmakuSave::LoadSpeedScale());
-	Line.Add("bIsOpened", UDanmakuSave::LoadIsOpend());
-	Line.EndObject();
+	InOutLine.BeginObject("preferences");
+	InOutLine.Add("FontSize", UDanmakuSave::LoadFontSize());
+	InOutLine.Add("SpeedScale", UDanmakuSave::LoadSpeedScale());
+	InOutLine.Add("bIsOpened", UDanmakuSave::LoadIsOpend());
+	InOutLine.EndObject();
 }
 
 } // namespace
 
-void FTraceRunner::ExecuteViewer(const FTraceStep& Step)
+void ActAsViewer(const FTraceStep& InStep, FStage& InOutStage)
 {
-	const UUI_DanmakuBar& Bar = Stage->GetBar();
-	UUI_DanmakuNodeSetting& Panel = Stage->GetPanel();
-	const bool bBarBox = Step.Text.Equals(TEXT("OpenDanmakuButton"));
-	switch (Step.Action)
+	const UUI_DanmakuBar& Bar = InOutStage.GetBar();
+	UUI_DanmakuNodeSetting& Panel = InOutStage.GetPanel();
+	const bool bBarBox = InStep.Text.Equals(TEXT("OpenDanmakuButton"));
+	switch (InStep.Action)
 	{
 	case ETraceAction::Type:
-		FindWidget<UEditableText>(Bar, TEXT("InputDanmakuText")).TypeText(FText::FromString(Step.Text));
+		FindWidget<UEditableText>(Bar, TEXT("InputDanmakuText")).TypeText(FText::FromString(InStep.Text));
 		break;
 	case ETraceAction::Commit:
-		FindWidget<UEditableText>(Bar, TEXT("InputDanmakuText")).Commit(Step.Commit);
+		FindWidget<UEditableText>(Bar, TEXT("InputDanmakuText")).Commit(InStep.Commit);
 		break;
 	case ETraceAction::Click:
 		FindWidget<UButton>(Bar, TEXT("SendDanmakuButton")).Click();
 		break;
 	case ETraceAction::Check:
-		FindWidget<UCheckBox>(bBarBox ? static_cast<const UUserWidget&>(Bar) : Panel, *Step.Text).Toggle(Step.bFlag);
+		FindWidget<UCheckBox>(bBarBox ? static_cast<const UUserWidget&>(Bar) : Panel, *InStep.Text)
+			.Toggle(InStep.bFlag);
 		break;
 	case ETraceAction::Color:
-		FindWidget<UEditableText>(Panel, TEXT("InputColorText")).TypeText(FText::FromString(Step.Text));
+		FindWidget<UEditableText>(Panel, TEXT("InputColorText")).TypeText(FText::FromString(InStep.Text));
 		break;
 	case ETraceAction::Hover:
 		FindWidget<UButton>(Bar, TEXT("DanmakuNodeSettingButton")).Hover();
@@ -125,35 +127,25 @@ void FTraceRunner::ExecuteViewer(const FTraceStep& Step)
 		Panel.PointerLeave();
 		break;
 	case ETraceAction::SaveFontSize:
-		UDanmakuSave::SaveFontSize(static_cast<int32>(Step.Number));
+		UDanmakuSave::SaveFontSize(static_cast<int32>(InStep.Number));
 		break;
 	case ETraceAction::SaveSpeedScale:
-		UDanmakuSave::SaveSpeedScale(Step.Scale);
+		UDanmakuSave::SaveSpeedScale(InStep.Scale);
 		break;
 	case ETraceAction::SaveIsOpened:
-		UDanmakuSave::SaveIsOpend(Step.bFlag);
+		UDanmakuSave::SaveIsOpend(InStep.bFlag);
 		break;
 	default:
 		break;
 	}
 }
 
-void FTraceRunner::WriteReport()
+void AddViewerState(FJsonLine& InOutLine, const FStage& InStage)
 {
-	const FTrackCounts Tracks = Stage->GetTrackCounts();
-	BeginLine("report");
-	Line.BeginObject("tracks");
-	Line.Add("scroll", Tracks.Scroll);
-	Line.Add("top", Tracks.Top);
-	Line.Add("bottom", Tracks.Bottom);
-	Line.Add("reverse", Tracks.Reverse);
-	Line.EndObject();
-	Line.Add("alive", Stage->GetCanvas().GetChildrenCount());
-	Line.Add("canvas", GetVisibilityName(Stage->GetCanvas()));
-	AddBar(Line, Stage->GetBar());
-	AddPanel(Line, Stage->GetPanel());
-	AddPreferences(Line);
-	EndLine();
+	InOutLine.Add("canvas", GetVisibilityName(InStage.GetCanvas()));
+	AddBar(InOutLine, InStage.GetBar());
+	AddPanel(InOutLine, InStage.GetPanel());
+	AddPreferences(InOutLine);
 }
 
 } // namespace Flitmark

@@ -8,7 +8,7 @@ namespace Flitmark
 
 const FVideoLibrary* LoadVideoLibrary(std::string& OutError)
 {
-	// Found as the program's other libraries are: beside it where it was built, in the folder of ours where it is installed.
+	// Found through the run path, like the program's other libraries.
 	const std::string Path = FLITMARK_VIDEO_LIBRARY;
 	// Never closed: its functions and its threads' data stay in use until the program ends.
 	void* const Library = dlopen(Path.c_str(), RTLD_NOW | RTLD_LOCAL);
@@ -16,8 +16,8 @@ const FVideoLibrary* LoadVideoLibrary(std::string& OutError)
 	if (Entry == nullptr)
 	{
 		const char* const Reason = dlerror();
-		OutError = Path + ": cannot be loaded: " + (Reason != nullptr ? Reason : "no reason is known") +
-				   "; install the program anew";
+		OutError = Path + ": cannot be loaded: " + (Reason != nullptr ? Reason : "the reason is unknown") +
+				   "; reinstall flitmark";
 		return nullptr;
 	}
 	return reinterpret_cast<const FVideoLibrary* (*)()>(Entry)();

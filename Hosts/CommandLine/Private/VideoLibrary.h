@@ -17,7 +17,7 @@ struct FVideoLibrary
 	decltype(&Flitmark::Shot) Shot;
 };
 
-/** Null with OutError set where the library, which lies beside the program, cannot be loaded. */
+/** Null with OutError set where the library cannot be loaded. */
 const FVideoLibrary* LoadVideoLibrary(std::string& OutError);
 
 } // namespace Flitmark

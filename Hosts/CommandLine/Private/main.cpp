@@ -1,12 +1,6 @@
-#include "BurnCommand.h"
-#include "CheckCommand.h"
-#include "ConvertCommand.h"
+#include "Commands.h"
 #include "ExitCodes.h"
 #include "Message.h"
-#include "ReflectCommand.h"
-#include "ShotCommand.h"
-#include "StatsCommand.h"
-#include "TraceCommand.h"
 
 #include <CLI/CLI.hpp>
 
@@ -20,9 +14,9 @@ namespace Flitmark
 namespace
 {
 
-constexpr const char* Description = "flitmark: comments that fly over a video";
+constexpr const char* Description = "flitmark: timed comments flying over a video";
 
-constexpr const char* Footer = R"(Exit status: 0 for success, 1 for a failure, 2 for wrong use.
+constexpr const char* Footer = R"(Exit status: 0 for success, 1 for failure, 2 for wrong usage.
 
 Examples:
   flitmark burn film.mp4 comments.json -o out.mp4
@@ -32,38 +26,46 @@ Examples:
   flitmark stats comments.xml -o density.svg
   flitmark trace comments.json
 
-"flitmark COMMAND --help" tells more about a command.)";
+"flitmark COMMAND --help" describes a command.)";
 
-/** What was asked for, or what was wrong about it and where to read on. */
-int Explain(const CLI::App& App, const CLI::ParseError& InError, const std::string& InFirstArgument)
+/** Prints the help that was asked for, or what was wrong and where to read on. */
+int Explain(const CLI::App& InApp, const CLI::ParseError& InError, const std::string& InFirstArgument)
 {
 	if (InError.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
 	{
-		return App.exit(InError);
+		return InApp.exit(InError);
 	}
 	std::string Command = "flitmark";
-	for (const CLI::App* Chosen : App.get_subcommands())
+	for (const CLI::App* Chosen : InApp.get_subcommands())
 	{
 		Command += " " + Chosen->get_name();
 	}
 	std::string Reason = InError.what();
-	if (App.get_subcommands().empty() && !InFirstArgument.empty())
+	if (InApp.get_subcommands().empty())
 	{
-		Reason = std::string("there is no ") + (InFirstArgument[0] == '-' ? "option" : "command") + " \"" +
-				 InFirstArgument + "\"";
+		Reason = InFirstArgument.empty()
+					 ? "no command given"
+					 : std::string("unknown ") + (InFirstArgument[0] == '-' ? "option" : "command") + " \"" +
+						   InFirstArgument + "\"";
 	}
 	std::fprintf(stderr, "%s: %s; see \"%s --help\"\n", Command.c_str(), Reason.c_str(), Command.c_str());
 	return ExitWrongUse;
 }
 
-int Run(int ArgumentCount, char** Arguments)
+int Run(int InNumArguments, char** InArguments)
 {
 	int ExitCode = ExitSuccess;
 	CLI::App App(Description, "flitmark");
 	App.set_version_flag("--version", FLITMARK_VERSION, "Print the version and exit");
-	App.set_help_flag("-h,--help", "Print this text and exit");
+	App.set_help_flag("-h,--help", "Print this help and exit");
 	App.require_subcommand(1);
 	App.get_formatter()->column_width(24);
+	for (const auto& [Theirs, Ours] : {std::pair("SUBCOMMAND", "COMMAND"), std::pair("Positionals", "Arguments"),
+									   std::pair("REQUIRED", "(required)"), std::pair("FLOAT", "NUMBER"),
+									   std::pair("INT", "N"), std::pair("UINT", "N")})
+	{
+		App.get_formatter()->label(Theirs, Ours);
+	}
 	App.footer(Footer);
 	AddBurnCommand(App, ExitCode);
 	AddShotCommand(App, ExitCode);
@@ -72,13 +74,17 @@ int Run(int ArgumentCount, char** Arguments)
 	AddStatsCommand(App, ExitCode);
 	AddTraceCommand(App, ExitCode);
 	AddReflectCommand(App, ExitCode);
+	for (CLI::App* const Command : App.get_subcommands({}))
+	{
+		Command->group("Commands");
+	}
 	try
 	{
-		App.parse(ArgumentCount, Arguments);
+		App.parse(InNumArguments, InArguments);
 	}
 	catch (const CLI::ParseError& Error)
 	{
-		return Explain(App, Error, ArgumentCount > 1 ? Arguments[1] : "");
+		return Explain(App, Error, InNumArguments > 1 ? InArguments[1] : "");
 	}
 	return ExitCode;
 }
@@ -87,25 +93,25 @@ int Run(int ArgumentCount, char** Arguments)
 
 } // namespace Flitmark
 
-int main(int ArgumentCount, char** Arguments)
+int main(int InNumArguments, char** InArguments)
 {
 	int ExitCode = Flitmark::ExitFailure;
 	try
 	{
-		ExitCode = Flitmark::Run(ArgumentCount, Arguments);
+		ExitCode = Flitmark::Run(InNumArguments, InArguments);
 	}
 	catch (const std::bad_alloc&)
 	{
-		return Flitmark::PrintError("there is not enough memory for this");
+		return Flitmark::PrintError("out of memory");
 	}
 	catch (const std::exception& Exception)
 	{
 		return Flitmark::PrintError(Exception.what());
 	}
-	// A full disk shows no sooner.
+	// A full disk only shows now.
 	if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
 	{
-		return Flitmark::PrintError("the output cannot be written to standard output");
+		return Flitmark::PrintError("standard output: cannot be written; is the disk full?");
 	}
 	return ExitCode;
 }

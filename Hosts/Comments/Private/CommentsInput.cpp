@@ -17,15 +17,14 @@ namespace Flitmark
 namespace
 {
 
-bool IsOwn(ECommentFormat InFormat)
+bool IsOwn(const FCommentFormat* InFormat)
 {
-	return InFormat == ECommentFormat::Own || InFormat == ECommentFormat::Unknown;
+	return InFormat == &OwnDocumentFormat || InFormat == nullptr;
 }
 
-bool IsJson(ECommentFormat InFormat)
+bool IsJson(const FCommentFormat* InFormat)
 {
-	return InFormat == ECommentFormat::ParametersJson || InFormat == ECommentFormat::RowsJson ||
-		   InFormat == ECommentFormat::ChatJson || InFormat == ECommentFormat::ObjectsJson;
+	return !IsOwn(InFormat) && InFormat->Syntax == EFormatSyntax::Json;
 }
 
 /** Whether a text has the name of our document's list somewhere, in any case: only then can it be one. */
@@ -54,7 +53,7 @@ bool NamesList(std::string_view InText)
 
 struct FFileLook
 {
-	ECommentFormat Format = ECommentFormat::Unknown;
+	const FCommentFormat* Format = nullptr;
 	/** Whether it could be our own document, whatever its beginning looks like. */
 	bool bMayBeOwn = true;
 };
@@ -96,10 +95,10 @@ std::optional<FFileLook> LookAtFile(const std::string& InPath)
 }
 
 /** The format of a whole text. What the overlay takes for a document is one, whatever else there is in it. */
-ECommentFormat DetectWhole(FCommentsInput& InOutInput)
+const FCommentFormat* DetectWhole(FCommentsInput& InOutInput)
 {
 	const std::string_view Bytes = *InOutInput.Bytes;
-	const ECommentFormat Format = DetectFormat(Bytes.substr(0, DetectionSize));
+	const FCommentFormat* const Format = DetectFormat(Bytes.substr(0, DetectionSize));
 	std::string Ignored;
 	if (!IsJson(Format) || !NamesList(Bytes))
 	{
@@ -107,7 +106,7 @@ ECommentFormat DetectWhole(FCommentsInput& InOutInput)
 	}
 	if (InOutInput.ReadDocument(Ignored))
 	{
-		return ECommentFormat::Own;
+		return &OwnDocumentFormat;
 	}
 	InOutInput.Text.reset();
 	return Format;
@@ -175,7 +174,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	FCommentsInput Input;
 	Input.Report.Path = InPath;
 	const std::optional<FFileLook> Look = LookAtFile(InPath);
-	Input.Report.Import.Format = Look ? Look->Format : ECommentFormat::Unknown;
+	Input.Report.Import.Format = Look ? Look->Format : nullptr;
 	if (!Look || Look->bMayBeOwn)
 	{
 		Input.Bytes = LoadBytes(InPath, OutError);
@@ -229,7 +228,7 @@ bool FCommentsInput::ImportOwn(std::string& OutError)
 	Text.reset();
 	Document = {};
 	Report.bImported = true;
-	Report.Import.Format = ECommentFormat::Own;
+	Report.Import.Format = &OwnDocumentFormat;
 	Report.Import.NumRead = Comments.size();
 	return true;
 }

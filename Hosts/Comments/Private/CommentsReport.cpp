@@ -19,7 +19,7 @@ void DescribeFaults(const FCommentsReport& InReport, std::vector<std::string>& O
 	constexpr std::size_t MostTold = 3;
 	const FImportReport& Import = InReport.Import;
 	const auto NumBroken = static_cast<int64>(Import.NumBroken);
-	const auto NumMended = static_cast<int64>(Import.NumMended);
+	const auto NumRepaired = static_cast<int64>(Import.NumRepaired);
 	const std::size_t NumTold = std::min(MostTold, Import.Faults.size());
 	for (std::size_t Index = 0; Index < NumTold; ++Index)
 	{
@@ -30,10 +30,10 @@ void DescribeFaults(const FCommentsReport& InReport, std::vector<std::string>& O
 		OutLines.push_back(InReport.Path + ": " + FormatCount(NumBroken) +
 						   (NumBroken == 1 ? " entry is broken and left out" : " entries are broken and left out"));
 	}
-	if (NumMended > 0)
+	if (NumRepaired > 0)
 	{
-		OutLines.push_back(InReport.Path + ": " + CountComments(NumMended) +
-						   (NumMended == 1 ? " is damaged, but could be used" : " are damaged, but could be used"));
+		OutLines.push_back(InReport.Path + ": " + CountComments(NumRepaired) +
+						   (NumRepaired == 1 ? " is damaged, but could be used" : " are damaged, but could be used"));
 	}
 }
 

@@ -231,7 +231,7 @@ std::unique_ptr<IFilterRule> MakeBlockRule(const std::string& InPattern, std::st
 	auto Rule = std::make_unique<FBlockRule>(InPattern);
 	if (!Rule->GetPattern().ok())
 	{
-		OutError = "--block: \"" + InPattern + "\" is no regular expression: " + Rule->GetPattern().error();
+		OutError = "--block: \"" + InPattern + "\" is not a valid regular expression: " + Rule->GetPattern().error();
 		return nullptr;
 	}
 	return Rule;

@@ -1,11 +1,11 @@
 #include "Filtering/KindPolicy.h"
 
 #include "Formats/CleanText.h"
+#include "Formats/Utf8.h"
 
 #include <algorithm>
 #include <rapidjson/document.h>
 #include <unicode/uchar.h>
-#include <unicode/utf8.h>
 
 namespace Flitmark
 {
@@ -40,12 +40,9 @@ std::string TakePositionedText(std::string_view InList)
 /** Whether a person could read something in it, wherever it stands. */
 bool HasWords(std::string_view InText)
 {
-	const auto* const Bytes = reinterpret_cast<const uint8*>(InText.data());
-	const auto Length = static_cast<int32>(InText.size());
-	for (int32 Index = 0; Index < Length;)
+	for (std::size_t Offset = 0; Offset < InText.size();)
 	{
-		UChar32 Character = 0;
-		U8_NEXT(Bytes, Index, Length, Character);
+		const UChar32 Character = TakeCharacter(InText, Offset);
 		if (Character >= 0 &&
 			(u_isalnum(Character) != 0 || u_hasBinaryProperty(Character, UCHAR_EXTENDED_PICTOGRAPHIC) != 0))
 		{
@@ -55,7 +52,7 @@ bool HasWords(std::string_view InText)
 	return false;
 }
 
-/** Settles the kinds, and tells what is dropped. */
+/** Converts kinds, and decides what is dropped. */
 class FKindJudge
 {
 public:

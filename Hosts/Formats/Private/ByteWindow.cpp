@@ -17,7 +17,7 @@ bool FByteWindow::Fill()
 		CountLinesTo(Begin);
 		std::memmove(Buffer.data(), Buffer.data() + Begin, End - Begin);
 		NumDropped += Begin;
-		LinePlace -= Begin;
+		LineOffset -= Begin;
 		End -= Begin;
 		Begin = 0;
 	}
@@ -46,24 +46,24 @@ void FByteWindow::FillTo(std::size_t InSize)
 	}
 }
 
-uint64 FByteWindow::GetLine(std::size_t InPlace)
+uint64 FByteWindow::GetLine(std::size_t InOffset)
 {
-	const std::size_t Place = std::min(Begin + InPlace, End);
-	CountLinesTo(Place);
+	const std::size_t Offset = std::min(Begin + InOffset, End);
+	CountLinesTo(Offset);
 	// A place before the one that was counted to last is looked at again.
-	const auto Ahead = std::count(Buffer.data() + Place, Buffer.data() + std::max(Place, LinePlace), '\n');
+	const auto Ahead = std::count(Buffer.data() + Offset, Buffer.data() + std::max(Offset, LineOffset), '\n');
 	return NumLineEnds - static_cast<uint64>(Ahead) + 1;
 }
 
-void FByteWindow::CountLinesTo(std::size_t InPlace)
+void FByteWindow::CountLinesTo(std::size_t InOffset)
 {
-	while (LinePlace < InPlace)
+	while (LineOffset < InOffset)
 	{
 		// Lines are long enough that the library's search is faster than a count byte by byte.
-		const std::string_view Rest(Buffer.data() + LinePlace, InPlace - LinePlace);
+		const std::string_view Rest(Buffer.data() + LineOffset, InOffset - LineOffset);
 		const std::size_t LineEnd = Rest.find('\n');
 		NumLineEnds += LineEnd == std::string_view::npos ? 0 : 1;
-		LinePlace += std::min(LineEnd, Rest.size() - 1) + 1;
+		LineOffset += std::min(LineEnd, Rest.size() - 1) + 1;
 	}
 }
 

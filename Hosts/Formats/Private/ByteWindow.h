@@ -9,11 +9,11 @@
 namespace Flitmark
 {
 
-/** The part of a source that is looked at: it grows at its end as more is asked for, and is consumed from its front. */
+/** A window on a source: it grows at its end on request, and is consumed from its front. */
 class FByteWindow
 {
 public:
-	/** No entry is longer; so a file without an end in sight does not fill the memory. */
+	/** No entry is longer, so that a damaged file does not fill the memory. */
 	static constexpr std::size_t MaxEntry = std::size_t{4} << 20;
 
 	explicit FByteWindow(IByteSource& InSource)
@@ -21,7 +21,7 @@ public:
 	{
 	}
 
-	/** What was read and not consumed yet; a NUL stands behind it. Valid until the next Fill. */
+	/** What was read and not consumed yet, followed by a NUL. Valid until the next Fill. */
 	std::string_view GetView() const { return {Buffer.data() + Begin, End - Begin}; }
 
 	/** Whether the view reaches to the source's end. */
@@ -39,12 +39,12 @@ public:
 	uint64 GetOffset() const { return NumDropped + Begin; }
 
 	/** The line, from 1, of a place in the view. Places asked for one after the other should not go back. */
-	uint64 GetLine(std::size_t InPlace);
+	uint64 GetLine(std::size_t InOffset);
 
 private:
 	static constexpr std::size_t ChunkSize = std::size_t{64} << 10;
 
-	void CountLinesTo(std::size_t InPlace);
+	void CountLinesTo(std::size_t InOffset);
 
 	IByteSource& Source;
 	std::vector<char> Buffer = std::vector<char>(ChunkSize + 1);
@@ -53,9 +53,9 @@ private:
 	uint64 NumDropped = 0;
 	bool bComplete = false;
 
-	/** How many line ends stand before LinePlace, a place in the buffer. */
+	/** How many line ends stand before LineOffset, a place in the buffer. */
 	uint64 NumLineEnds = 0;
-	std::size_t LinePlace = 0;
+	std::size_t LineOffset = 0;
 };
 
 } // namespace Flitmark

@@ -1,8 +1,6 @@
 #include "Formats/CleanText.h"
 
-#include "CoreTypes.h"
-
-#include "Utf8.h"
+#include "Formats/Utf8.h"
 
 #include <cstring>
 
@@ -19,7 +17,7 @@ bool IsPlainAscii(uint64 InEight)
 {
 	constexpr uint64 Ones = 0x0101010101010101U;
 	constexpr uint64 HighBits = Ones * 0x80;
-	// No byte has its high bit, none is below a blank, and none would come to 0x80 with one more.
+	// No byte has its high bit set, none is below a blank, and none is 0x7F.
 	return ((InEight | (InEight - Ones * 0x20) | (InEight + Ones)) & HighBits) == 0;
 }
 
@@ -31,16 +29,16 @@ bool IsKept(UChar32 InCharacter)
 	return !bControl && !bNone;
 }
 
-/** Whether a character of three bytes begins at a place whose first byte alone tells that it is to be kept. */
-bool IsPlainTriple(std::string_view InText, std::size_t InPlace)
+/** Whether a three-byte character begins here that, by its first byte alone, is to be kept. */
+bool IsPlainTriple(std::string_view InText, std::size_t InOffset)
 {
-	if (InText.size() - InPlace < 3)
+	if (InText.size() - InOffset < 3)
 	{
 		return false;
 	}
-	const auto GetByte = [InText, InPlace](std::size_t InIndex)
+	const auto GetByte = [InText, InOffset](std::size_t InIndex)
 	{
-		return static_cast<unsigned char>(InText[InPlace + InIndex]);
+		return static_cast<unsigned char>(InText[InOffset + InIndex]);
 	};
 	// Not overlong (E0), no surrogate (ED), none of the last (EF).
 	return GetByte(0) > 0xE0 && GetByte(0) < 0xED && (GetByte(1) & 0xC0) == 0x80 && (GetByte(2) & 0xC0) == 0x80;
@@ -50,26 +48,26 @@ bool IsPlainTriple(std::string_view InText, std::size_t InPlace)
 template <typename EightTest, typename CharacterTest>
 std::size_t FindFirstNot(std::string_view InText, EightTest InIsPlain, CharacterTest InPasses)
 {
-	std::size_t Place = 0;
-	while (Place < InText.size())
+	std::size_t Offset = 0;
+	while (Offset < InText.size())
 	{
 		uint64 Eight = 0;
-		if (InText.size() - Place >= sizeof(Eight))
+		if (InText.size() - Offset >= sizeof(Eight))
 		{
-			std::memcpy(&Eight, InText.data() + Place, sizeof(Eight));
+			std::memcpy(&Eight, InText.data() + Offset, sizeof(Eight));
 			if (InIsPlain(Eight))
 			{
-				Place += sizeof(Eight);
+				Offset += sizeof(Eight);
 				continue;
 			}
 		}
-		if (IsPlainTriple(InText, Place))
+		if (IsPlainTriple(InText, Offset))
 		{
-			Place += 3;
+			Offset += 3;
 			continue;
 		}
-		const std::size_t Start = Place;
-		if (!InPasses(TakeCharacter(InText, Place)))
+		const std::size_t Start = Offset;
+		if (!InPasses(TakeCharacter(InText, Offset)))
 		{
 			return Start;
 		}
@@ -95,14 +93,14 @@ std::size_t FindWrongByte(std::string_view InText)
 std::string CleanFrom(std::string_view InText, std::size_t InFirst)
 {
 	std::string Clean(InText.substr(0, InFirst));
-	std::size_t Place = InFirst;
-	while (Place < InText.size())
+	std::size_t Offset = InFirst;
+	while (Offset < InText.size())
 	{
-		const std::size_t Start = Place;
-		const UChar32 Character = TakeCharacter(InText, Place);
+		const std::size_t Start = Offset;
+		const UChar32 Character = TakeCharacter(InText, Offset);
 		if (Character == '\r')
 		{
-			Clean += InText.substr(Place, 1) == "\n" ? "" : "\n";
+			Clean += InText.substr(Offset, 1) == "\n" ? "" : "\n";
 		}
 		else if (Character < 0)
 		{
@@ -110,7 +108,7 @@ std::string CleanFrom(std::string_view InText, std::size_t InFirst)
 		}
 		else if (IsKept(Character))
 		{
-			Clean += InText.substr(Start, Place - Start);
+			Clean += InText.substr(Start, Offset - Start);
 		}
 	}
 	return Clean;
@@ -159,13 +157,13 @@ void MakeUtf8(std::string& InOutText)
 {
 	std::string Valid;
 	std::size_t Copied = 0;
-	for (std::size_t Place = FindWrongByte(InOutText); Place < InOutText.size();)
+	for (std::size_t Offset = FindWrongByte(InOutText); Offset < InOutText.size();)
 	{
-		const std::size_t Start = Place;
-		if (TakeCharacter(InOutText, Place) < 0)
+		const std::size_t Start = Offset;
+		if (TakeCharacter(InOutText, Offset) < 0)
 		{
 			Valid.append(InOutText, Copied, Start - Copied).append(Replacement);
-			Copied = Place;
+			Copied = Offset;
 		}
 	}
 	if (Copied > 0)

@@ -1,11 +1,7 @@
 #include "Formats/CommentImport.h"
 
-#include "DocumentImport.h"
 #include "ImportSink.h"
-#include "JsonImport.h"
-#include "ProtobufImport.h"
 #include "TextDecoding.h"
-#include "XmlImport.h"
 
 namespace Flitmark
 {
@@ -13,30 +9,14 @@ namespace Flitmark
 namespace
 {
 
-bool ImportAs(ECommentFormat InFormat, IByteSource& InSource, FImportSink& OutSink, std::string& OutError)
+std::string ListFormats()
 {
-	switch (InFormat)
+	std::string Titles;
+	for (const FCommentFormat* const Format : GetCommentFormats())
 	{
-	case ECommentFormat::ListXml:
-		ImportListXml(InSource, OutSink);
-		return true;
-	case ECommentFormat::ChatXml:
-		ImportChatXml(InSource, OutSink);
-		return true;
-	case ECommentFormat::ListProtobuf:
-		ImportListProtobuf(InSource, OutSink);
-		return true;
-	case ECommentFormat::Unknown:
-		OutError =
-			"is no comment file of a form that is known; it should be a comment document like {\"datas\": [...]}, "
-			"or XML, JSON or binary messages as comment services have them";
-		return false;
-	case ECommentFormat::Own:
-		return ImportDocument(InSource, OutSink, OutError);
-	default:
-		ImportJson(InSource, InFormat, OutSink);
-		return true;
+		Titles.append(Titles.empty() ? "these are known: " : ", ").append(Format->Title);
 	}
+	return Titles;
 }
 
 } // namespace
@@ -45,28 +25,30 @@ bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string
 {
 	OutResult = FImportResult();
 	std::string Head = InSource.ReadUpTo(DetectionSize);
-	const ECommentFormat Format = DetectFormat(Head);
+	const FCommentFormat* const Format = DetectFormat(Head);
 	OutResult.Report.Format = Format;
+	if (Format == nullptr)
+	{
+		const std::string Error = InSource.GetError();
+		OutError = !Error.empty() ? Error
+				   : Head.empty() ? "is empty"
+								  : "is not in any known format of comments; " + ListFormats();
+		return false;
+	}
 	FImportSink Sink(OutResult, InSource.GetSize());
-	const bool bText = Format != ECommentFormat::ListProtobuf;
-	const FTextEncoding Encoding = bText ? FindEncoding(Head) : FTextEncoding();
+	const FTextEncoding Encoding = Format->Syntax == EFormatSyntax::Protobuf ? FTextEncoding() : FindEncoding(Head);
 	if (!Encoding.Warning.empty())
 	{
 		Sink.AddWarning(Encoding.Warning);
 	}
-	const bool bEmpty = Head.empty();
 	FDecodedSource Source(InSource, std::move(Head), Encoding);
-	const bool bKnown = ImportAs(Format, Source, Sink, OutError);
-	if (const std::string Error = InSource.GetError(); !Error.empty())
+	const bool bRead = Format->Read(Source, Sink, OutError);
+	if (std::string Error = InSource.GetError(); !Error.empty())
 	{
-		OutError = Error;
+		OutError = std::move(Error);
 		return false;
 	}
-	if (bEmpty)
-	{
-		OutError = "is empty";
-	}
-	return bKnown;
+	return bRead;
 }
 
 bool ImportComments(const std::filesystem::path& InPath, FImportResult& OutResult, std::string& OutError)
@@ -83,15 +65,6 @@ bool ImportComments(const std::filesystem::path& InPath, FImportResult& OutResul
 	}
 	OutError = InPath.string() + ": " + OutError;
 	return false;
-}
-
-ECommentFormat DetectFile(const std::filesystem::path& InPath)
-{
-	std::error_code Ignored;
-	std::string Error;
-	const std::unique_ptr<FFileSource> Source =
-		std::filesystem::is_regular_file(InPath, Ignored) ? FFileSource::Open(InPath, Error) : nullptr;
-	return Source ? DetectFormat(Source->ReadUpTo(DetectionSize)) : ECommentFormat::Unknown;
 }
 
 } // namespace Flitmark

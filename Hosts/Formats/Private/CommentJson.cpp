@@ -75,12 +75,12 @@ std::string_view Escape(std::string_view InText, std::string& OutStorage)
 		return InText;
 	}
 	// Importers give UTF-8 alone, but nothing keeps others from putting anything into a comment.
-	std::string Mended;
+	std::string Repaired;
 	if (!bUtf8)
 	{
-		Mended = InText;
-		MakeUtf8(Mended);
-		InText = Mended;
+		Repaired = InText;
+		MakeUtf8(Repaired);
+		InText = Repaired;
 	}
 	OutStorage.clear();
 	FStringStream Stream(OutStorage);
@@ -177,14 +177,14 @@ void FCommentJson::AddComment(const FServiceComment& InComment)
 {
 	if (!InComment.Source.empty())
 	{
-		std::string Mended;
+		std::string Repaired;
 		const bool bUtf8 = IsUtf8(InComment.Source);
 		if (!bUtf8)
 		{
-			Mended = InComment.Source;
-			MakeUtf8(Mended);
+			Repaired = InComment.Source;
+			MakeUtf8(Repaired);
 		}
-		Add(bUtf8 ? InComment.Source : Mended);
+		Add(bUtf8 ? InComment.Source : Repaired);
 		return;
 	}
 	constexpr std::size_t AllButTexts = 512;

@@ -90,15 +90,16 @@ std::optional<int64> ParseInteger(std::string_view InText)
 	return static_cast<int64>(*Number);
 }
 
-std::optional<int64> ParseTicks(std::string_view InText, double InTicksPerUnit)
+std::optional<int64> ParseTicks(std::string_view InText, ETimeUnit InUnit)
 {
+	const auto TicksPerUnit = static_cast<double>(InUnit);
 	constexpr double Limit = 10'000.0 * 366 * 86'400 * 1e7;
 	const std::optional<double> Number = ParseNumber(InText);
-	if (!Number || std::abs(*Number * InTicksPerUnit) > Limit)
+	if (!Number || std::abs(*Number * TicksPerUnit) > Limit)
 	{
 		return std::nullopt;
 	}
-	return std::llround(*Number * InTicksPerUnit);
+	return std::llround(*Number * TicksPerUnit);
 }
 
 std::optional<uint32> ParseColor(std::string_view InText)
@@ -165,6 +166,12 @@ int64 ParseDate(std::string_view InText)
 	}
 	const int64 Days = sys_days(Day).time_since_epoch().count();
 	return Days * 86'400 + Parts[3] * 3'600 + Parts[4] * 60 + Parts[5] - Offset;
+}
+
+int64 ParseAnyDate(std::string_view InText)
+{
+	const int64 Date = ParseUnixDate(InText);
+	return Date != 0 ? Date : ParseDate(InText);
 }
 
 uint32 HashUser(std::string_view InText)

@@ -22,9 +22,9 @@ void FImportSink::AddBroken(uint64 InLine, std::string InReason)
 	AddFault(InLine, std::move(InReason));
 }
 
-void FImportSink::AddMended(uint64 InLine, std::string InReason)
+void FImportSink::AddRepaired(uint64 InLine, std::string InReason)
 {
-	++Result.Report.NumMended;
+	++Result.Report.NumRepaired;
 	AddFault(InLine, std::move(InReason));
 }
 
@@ -37,13 +37,13 @@ void FImportSink::AddFault(uint64 InLine, std::string&& InReason)
 	}
 }
 
-/** Doubling as long as little is known, then what the rest of the file will need, so that growing copies little. */
+/** Doubles at first, then makes room for what the rest of the file will need, so that growing copies little. */
 void FImportSink::Reserve(uint64 InOffset)
 {
-	constexpr std::size_t EnoughToTell = 1024;
+	constexpr std::size_t EnoughToEstimate = 1024;
 	const std::size_t Size = Result.Comments.size();
 	std::size_t Wanted = std::max<std::size_t>(64, Size * 2);
-	if (Size >= EnoughToTell && FileSize > InOffset)
+	if (Size >= EnoughToEstimate && FileSize > InOffset)
 	{
 		const double PerComment = static_cast<double>(InOffset) / static_cast<double>(Size);
 		const double Expected = static_cast<double>(FileSize) / PerComment * 1.02;

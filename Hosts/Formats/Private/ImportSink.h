@@ -6,7 +6,7 @@
 namespace Flitmark
 {
 
-/** Gathers what an importer finds. */
+/** Collects what a format reads. */
 class FImportSink
 {
 public:
@@ -16,14 +16,14 @@ public:
 	{
 	}
 
-	/** A next entry that became a comment; InOffset is where in the file it ends. */
+	/** The next entry, which became a comment; InOffset is where it ends in the file. */
 	void Add(FServiceComment&& InComment, uint64 InOffset);
 
-	/** A next entry that is lost. */
+	/** The next entry, which is lost. */
 	void AddBroken(uint64 InLine, std::string InReason);
 
-	/** Something was wrong with the entry that was added last, but it was read. */
-	void AddMended(uint64 InLine, std::string InReason);
+	/** The entry added last was damaged, but could be read. */
+	void AddRepaired(uint64 InLine, std::string InReason);
 
 	void AddWarning(std::string InText) { Result.Report.Warnings.push_back(std::move(InText)); }
 

@@ -1,6 +1,7 @@
 #include "JsonEntries.h"
 
 #include "Formats/CleanText.h"
+#include "JsonRepair.h"
 #include "JsonScan.h"
 
 #include <algorithm>
@@ -11,19 +12,36 @@ namespace Flitmark
 namespace
 {
 
-/** How far is looked for a member that makes an object an entry. */
+/** How far to look for a member that makes an object an entry. */
 constexpr std::size_t PeekSize = 8192;
 
-/** Entries are never deeper, so that no text can make us look into each of its levels. */
+/** The same after damage: less, since there are many places to look at then. */
+constexpr std::size_t QuickPeekSize = 256;
+
+/** Entries are never deeper, so that no text can make us look into every one of its levels. */
 constexpr std::size_t MaxEntryLevel = 16;
 
-/** Levels above it are not told apart any more. */
+/** Deeper levels are not tracked. */
 constexpr std::size_t MaxLevels = 1024;
 
 bool IsBetweenValues(char InCharacter)
 {
 	return InCharacter == ' ' || InCharacter == ',' || InCharacter == '\n' || InCharacter == '\r' ||
 		   InCharacter == '\t';
+}
+
+/** Whether a value may begin here: after a comma, an opening bracket or a line end. */
+bool MayBegin(std::string_view InText, std::size_t InOffset)
+{
+	while (InOffset > 0)
+	{
+		const char Before = InText[--InOffset];
+		if (Before != ' ' && Before != '\t')
+		{
+			return std::string_view(",[{}\n\r").find(Before) != std::string_view::npos;
+		}
+	}
+	return true;
 }
 
 } // namespace
@@ -46,7 +64,7 @@ void FJsonEntries::ReadAll()
 	}
 	if (!Levels.empty() && !bGaveUp)
 	{
-		Sink.AddWarning("the file ends early: closing brackets are missing, and perhaps comments before them");
+		Sink.AddWarning("the file ends early: closing brackets are missing, and comments before them may be too");
 	}
 }
 
@@ -86,7 +104,8 @@ void FJsonEntries::OnOpening()
 		return;
 	}
 	const bool bList = Window.GetView().front() == '[';
-	const bool bNamed = bKeepsSource && bList && bAfterColon && Levels.size() == 1 && LastString == Form.GetListName();
+	const bool bNamed =
+		bKeepsSource && bList && bAfterColon && Levels.size() == 1 && LastString == Schema.GetListName();
 	bFoundList = bFoundList || bNamed;
 	if (Levels.size() < MaxLevels)
 	{
@@ -128,7 +147,7 @@ void FJsonEntries::OnString()
 	const std::string_view String = Window.GetView().substr(0, End);
 	LastString = String.size() > 2 && String.size() < 64 ? String.substr(1, String.size() - 2) : std::string_view();
 	bAfterColon = false;
-	TellStray();
+	ReportStray();
 	Window.Consume(String.size());
 }
 
@@ -140,21 +159,21 @@ void FJsonEntries::OnScalar()
 		return;
 	}
 	const std::string_view View = Window.GetView();
-	// A comment or padding disturbs nobody.
+	// Comments and padding do no harm.
 	if (View.front() != '\0' && View.front() != '/')
 	{
-		TellStray();
+		ReportStray();
 	}
 	bAfterColon = false;
 	Window.Consume(std::min(View.find_first_of(",]}[{\":\n", 1), View.size()));
 }
 
-void FJsonEntries::TellStray()
+void FJsonEntries::ReportStray()
 {
-	if (IsAmongEntries() && !bToldStray)
+	if (IsAmongEntries() && !bReportedStray)
 	{
-		Sink.AddBroken(Window.GetLine(0), "is a bare value and no comment");
-		bToldStray = true;
+		Sink.AddBroken(Window.GetLine(0), "is a bare value, not a comment");
+		bReportedStray = true;
 	}
 }
 
@@ -171,41 +190,41 @@ bool FJsonEntries::IsEntryHere()
 		// A bracket too many may have closed the list.
 		return IsAmongEntries() || (bFoundList && !bList && Levels.size() == 1);
 	}
-	if (Form.HasListEntries())
+	if (Schema.HasListEntries())
 	{
 		return bList && IsInList() && (IsAmongEntries() || IsRow(0));
 	}
-	return !bList && ((IsAmongEntries() && Form.StandsAlone()) || IsEntryObject(0, PeekSize));
+	return !bList && ((IsAmongEntries() && Schema.StandsAlone()) || IsEntryObject(0, PeekSize));
 }
 
-bool FJsonEntries::IsRow(std::size_t InPlace) const
+bool FJsonEntries::IsRow(std::size_t InOffset) const
 {
 	const std::string_view View = Window.GetView();
-	const std::size_t First = SkipJsonBlanks(View, InPlace + 1);
+	const std::size_t First = SkipJsonBlanks(View, InOffset + 1);
 	constexpr std::string_view Numeric = "-.0123456789\"";
 	return First != std::string_view::npos && Numeric.find(View[First]) != std::string_view::npos;
 }
 
-/** Whether a member that makes it an entry stands among the object's first ones, up to a size. */
-bool FJsonEntries::IsEntryObject(std::size_t InPlace, std::size_t InSize) const
+/** Whether the first InSize bytes of the object have a member that makes it an entry. */
+bool FJsonEntries::IsEntryObject(std::size_t InOffset, std::size_t InSize) const
 {
-	const std::string_view Text = Window.GetView().substr(InPlace, InSize);
-	std::size_t Place = 1;
+	const std::string_view Text = Window.GetView().substr(InOffset, InSize);
+	std::size_t Offset = 1;
 	while (true)
 	{
-		Place = SkipJsonBlanks(Text, Place);
-		if (Place == std::string_view::npos || Text[Place] != '"')
+		Offset = SkipJsonBlanks(Text, Offset);
+		if (Offset == std::string_view::npos || Text[Offset] != '"')
 		{
 			return false;
 		}
-		const std::size_t KeyEnd = FindStringEnd(Text, Place);
+		const std::size_t KeyEnd = FindStringEnd(Text, Offset);
 		const std::size_t Colon = SkipJsonBlanks(Text, KeyEnd);
 		const std::size_t Value = Colon == std::string_view::npos ? Colon : SkipJsonBlanks(Text, Colon + 1);
 		if (Value == std::string_view::npos || Text[Colon] != ':')
 		{
 			return false;
 		}
-		if (Form.IsEntryKey(Text.substr(Place + 1, KeyEnd - Place - 2), Text[Value]))
+		if (Schema.IsEntryKey(Text.substr(Offset + 1, KeyEnd - Offset - 2), Text[Value]))
 		{
 			return true;
 		}
@@ -217,7 +236,7 @@ bool FJsonEntries::IsEntryObject(std::size_t InPlace, std::size_t InSize) const
 		{
 			return false;
 		}
-		Place = Next + 1;
+		Offset = Next + 1;
 	}
 }
 
@@ -234,7 +253,7 @@ void FJsonEntries::ReadEntry()
 	{
 		OnDamage(Read);
 	}
-	else if (const char* const Fault = Form.Finish())
+	else if (const char* const Fault = Schema.Finish())
 	{
 		Sink.AddBroken(Window.GetLine(0), Fault);
 		Window.Consume(Read.End);
@@ -244,12 +263,13 @@ void FJsonEntries::ReadEntry()
 		AddEntry(bLoose ? std::string_view() : Window.GetView().substr(0, Read.End), Read.End);
 		if (bLoose)
 		{
-			Sink.AddMended(Window.GetLine(0), "is not quite JSON; it was read, and is written as JSON");
+			Sink.AddRepaired(Window.GetLine(0),
+							 "is not quite valid JSON; it was read, and will be written as valid JSON");
 		}
 		Window.Consume(Read.End);
 	}
 	bAfterColon = false;
-	bToldStray = false;
+	bReportedStray = false;
 	if (IsInList())
 	{
 		Levels.back().bHasEntries = true;
@@ -259,11 +279,11 @@ void FJsonEntries::ReadEntry()
 FJsonValueReader::FRead FJsonEntries::ReadValue(bool bInStrict)
 {
 	using FOutcome = FJsonValueReader::EOutcome;
-	FJsonValueReader::FRead Read = Reader.Read(Window.GetView(), Form, bInStrict);
+	FJsonValueReader::FRead Read = Reader.Read(Window.GetView(), Schema, bInStrict);
 	while (Read.Outcome == FOutcome::Cut && MayGrow())
 	{
 		Window.Fill();
-		Read = Reader.Read(Window.GetView(), Form, bInStrict);
+		Read = Reader.Read(Window.GetView(), Schema, bInStrict);
 	}
 	if (Read.Outcome != FOutcome::Cut)
 	{
@@ -284,15 +304,103 @@ FJsonValueReader::FRead FJsonEntries::ReadValue(bool bInStrict)
 	return Read;
 }
 
-/** InSource is what is kept of it where the form keeps it; InSize is its size in the view. */
+/** InSource is the text to keep, if the schema keeps any; InSize is the entry's size in the view. */
 void FJsonEntries::AddEntry(std::string_view InSource, std::size_t InSize)
 {
 	if (bKeepsSource)
 	{
-		Form.Comment.Source = InSource;
-		MakeUtf8(Form.Comment.Source);
+		Schema.Comment.Source = InSource;
+		MakeUtf8(Schema.Comment.Source);
 	}
-	Sink.Add(std::move(Form.Comment), Window.GetOffset() + InSize);
+	Sink.Add(std::move(Schema.Comment), Window.GetOffset() + InSize);
+}
+
+void FJsonEntries::OnDamage(const FJsonValueReader::FRead& InRead)
+{
+	const bool bCut = InRead.Outcome == FJsonValueReader::EOutcome::Cut;
+	if (InRead.bInString && ReadRepaired())
+	{
+		return;
+	}
+	std::string Reason =
+		bCut ? "the file ends in the middle of this entry" : "is damaged: " + std::string(InRead.Reason);
+	Reason.resize(Reason.find_last_not_of('.') + 1);
+	if (!bCut && Schema.Finish() == nullptr && !Schema.Comment.Text.empty())
+	{
+		FServiceComment& Comment = Schema.Comment;
+		Comment.FontSize = Comment.FontSize > 0 ? Comment.FontSize : FServiceComment::NormalPoints;
+		Comment.Color = Comment.Color != 0 ? Comment.Color : FServiceComment().Color;
+		AddEntry({}, InRead.End);
+		Sink.AddRepaired(Window.GetLine(0), Reason + "; everything before the damage was read");
+	}
+	else
+	{
+		Sink.AddBroken(Window.GetLine(0), Reason);
+	}
+	SkipToNextEntry();
+}
+
+/** Reads an entry in which only the strings are not valid JSON; false if more is wrong. */
+bool FJsonEntries::ReadRepaired()
+{
+	std::size_t Size = 0;
+	if (!RepairJsonStrings(Window.GetView(), Repaired, Size) ||
+		Reader.Read(Repaired, Schema, bKeepsSource).Outcome != FJsonValueReader::EOutcome::Whole)
+	{
+		return false;
+	}
+	if (const char* const Fault = Schema.Finish())
+	{
+		Sink.AddBroken(Window.GetLine(0), Fault);
+	}
+	else
+	{
+		AddEntry(Repaired, Size);
+		Sink.AddRepaired(Window.GetLine(0),
+						 "its text contains characters that JSON does not allow; they were repaired");
+	}
+	Window.Consume(Size);
+	return true;
+}
+
+/** Leaves the view at the next thing that looks like the start of an entry, past the damaged one at its front. */
+void FJsonEntries::SkipToNextEntry()
+{
+	constexpr std::size_t LookBack = 64;
+	const bool bRows = Schema.HasListEntries();
+	Window.Consume(1);
+	std::size_t From = 0;
+	while (true)
+	{
+		Window.FillTo(From + QuickPeekSize);
+		const std::string_view View = Window.GetView();
+		const std::size_t Offset = View.find(bRows ? '[' : '{', From);
+		if (Offset != std::string_view::npos && View.size() - Offset < QuickPeekSize && !Window.IsComplete())
+		{
+			From = std::min(Offset, LookBack);
+			Window.Consume(Offset - From);
+			continue;
+		}
+		if (Offset != std::string_view::npos)
+		{
+			if (MayBegin(View, Offset) && (bRows ? IsRow(Offset) : IsEntryObject(Offset, QuickPeekSize)))
+			{
+				Window.Consume(Offset);
+				return;
+			}
+			From = Offset + 1;
+			continue;
+		}
+		const std::size_t Kept = std::min(View.size(), LookBack);
+		Window.Consume(View.size() - Kept);
+		From = Kept;
+		if (!Window.Fill())
+		{
+			Window.Consume(Kept);
+			bGaveUp = true;
+			return;
+		}
+	}
 }
 
 bool FJsonEntries::MayGrow() const

@@ -2,7 +2,7 @@
 
 #include "ByteWindow.h"
 #include "ImportSink.h"
-#include "JsonForm.h"
+#include "JsonSchema.h"
 #include "JsonValueReader.h"
 
 #include <string>
@@ -12,23 +12,23 @@ namespace Flitmark
 {
 
 /**
- * Finds the entries of a form in a JSON text, wherever in it they are, and goes on behind those that are damaged. Only
- * one entry at a time is read as a whole, so texts may be of any size; what is around them is never checked.
+ * Finds the entries of a schema anywhere in a JSON text, and picks up again after damaged ones. Only one entry at a time
+ * is parsed, so texts may be of any size; what is around the entries is never checked.
  */
 class FJsonEntries
 {
 public:
-	FJsonEntries(IByteSource& InSource, IJsonForm& InForm, FImportSink& OutSink)
+	FJsonEntries(IByteSource& InSource, IJsonSchema& InSchema, FImportSink& OutSink)
 		: Window(InSource)
-		, Form(InForm)
+		, Schema(InSchema)
 		, Sink(OutSink)
-		, bKeepsSource(!InForm.GetListName().empty())
+		, bKeepsSource(!InSchema.GetListName().empty())
 	{
 	}
 
 	void ReadAll();
 
-	/** Whether the list that the form names was there. */
+	/** Whether the list that the schema names was there. */
 	bool HasFoundList() const { return bFoundList; }
 
 private:
@@ -44,11 +44,11 @@ private:
 	void OnClosing(bool bInList);
 	void OnString();
 	void OnScalar();
-	void TellStray();
+	void ReportStray();
 
 	bool IsEntryHere();
-	bool IsRow(std::size_t InPlace) const;
-	bool IsEntryObject(std::size_t InPlace, std::size_t InSize) const;
+	bool IsRow(std::size_t InOffset) const;
+	bool IsEntryObject(std::size_t InOffset, std::size_t InSize) const;
 	bool IsInList() const { return !Levels.empty() && Levels.back().bList; }
 	bool IsAmongEntries() const { return IsInList() && Levels.back().bHasEntries; }
 
@@ -56,27 +56,27 @@ private:
 	FJsonValueReader::FRead ReadValue(bool bInStrict);
 	void AddEntry(std::string_view InSource, std::size_t InSize);
 	void OnDamage(const FJsonValueReader::FRead& InRead);
-	bool ReadMended();
+	bool ReadRepaired();
 	void SkipToNextEntry();
 	bool MayGrow() const;
 
 	FByteWindow Window;
-	IJsonForm& Form;
+	IJsonSchema& Schema;
 	FImportSink& Sink;
 	const bool bKeepsSource;
 	FJsonValueReader Reader;
-	std::string Mended;
+	std::string Repaired;
 
 	std::vector<FLevel> Levels;
-	/** The string that was read last, a member's name where a colon follows. */
+	/** The last string, a member's name if a colon follows. */
 	std::string LastString;
 	bool bAfterColon = false;
 	bool bFoundList = false;
 
-	/** What stands among the entries and is none was told already. */
-	bool bToldStray = false;
+	/** Something else among the entries was reported already. */
+	bool bReportedStray = false;
 
-	/** The rest was given up in search of an entry. */
+	/** No further entry was found after damage. */
 	bool bGaveUp = false;
 };
 

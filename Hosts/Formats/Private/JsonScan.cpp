@@ -3,52 +3,52 @@
 namespace Flitmark
 {
 
-std::size_t FindStringEnd(std::string_view InText, std::size_t InPlace)
+std::size_t FindStringEnd(std::string_view InText, std::size_t InOffset)
 {
-	for (std::size_t Place = InPlace + 1; Place < InText.size(); ++Place)
+	for (std::size_t Offset = InOffset + 1; Offset < InText.size(); ++Offset)
 	{
-		if (InText[Place] == '"')
+		if (InText[Offset] == '"')
 		{
-			return Place + 1;
+			return Offset + 1;
 		}
-		Place += InText[Place] == '\\' ? 1 : 0;
+		Offset += InText[Offset] == '\\' ? 1 : 0;
 	}
 	return std::string_view::npos;
 }
 
-std::size_t FindBalancedEnd(std::string_view InText, std::size_t InPlace)
+std::size_t FindBalancedEnd(std::string_view InText, std::size_t InOffset)
 {
 	std::size_t Depth = 0;
-	std::size_t Place = InPlace;
-	while (Place < InText.size())
+	std::size_t Offset = InOffset;
+	while (Offset < InText.size())
 	{
-		const char Character = InText[Place];
+		const char Character = InText[Offset];
 		if (Character == '"')
 		{
-			Place = FindStringEnd(InText, Place);
+			Offset = FindStringEnd(InText, Offset);
 			continue;
 		}
-		++Place;
+		++Offset;
 		Depth += Character == '{' || Character == '[' ? 1 : 0;
 		Depth -= Character == '}' || Character == ']' ? 1 : 0;
 		if (Depth == 0)
 		{
-			return Place;
+			return Offset;
 		}
 	}
 	return std::string_view::npos;
 }
 
-std::size_t SkipJsonBlanks(std::string_view InText, std::size_t InPlace)
+std::size_t SkipJsonBlanks(std::string_view InText, std::size_t InOffset)
 {
-	while (InPlace < InText.size())
+	while (InOffset < InText.size())
 	{
-		const char Character = InText[InPlace];
+		const char Character = InText[InOffset];
 		if (Character != ' ' && Character != '\n' && Character != '\r' && Character != '\t')
 		{
-			return InPlace;
+			return InOffset;
 		}
-		++InPlace;
+		++InOffset;
 	}
 	return std::string_view::npos;
 }

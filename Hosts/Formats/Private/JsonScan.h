@@ -5,15 +5,15 @@
 namespace Flitmark
 {
 
-/* These look over JSON without reading it; npos where the text ends before. */
+/* These scan JSON without parsing it; npos if the text ends first. */
 
-/** Behind the closing quote of the string whose opening quote stands at a place. */
-std::size_t FindStringEnd(std::string_view InText, std::size_t InPlace);
+/** Just past the string whose opening quote is at InOffset. */
+std::size_t FindStringEnd(std::string_view InText, std::size_t InOffset);
 
-/** Behind the object or list that is opened at a place. */
-std::size_t FindBalancedEnd(std::string_view InText, std::size_t InPlace);
+/** Just past the object or list that opens at InOffset. */
+std::size_t FindBalancedEnd(std::string_view InText, std::size_t InOffset);
 
-/** The next character that is no blank. */
-std::size_t SkipJsonBlanks(std::string_view InText, std::size_t InPlace);
+/** The next character that is not a blank. */
+std::size_t SkipJsonBlanks(std::string_view InText, std::size_t InOffset);
 
 } // namespace Flitmark

@@ -15,14 +15,14 @@ using namespace rapidjson;
 /** Deeper values are refused: reading is recursive. */
 constexpr std::size_t MaxDepth = 64;
 
-/** Tells a form the values that stand directly in an entry, in lists in it, and in its member "chat". */
+/** Passes on the values directly in an entry, in lists in it, and in its member "chat". */
 class FFieldHandler
 {
 public:
 	using Ch = char;
 
-	explicit FFieldHandler(IJsonForm& InForm)
-		: Form(InForm)
+	explicit FFieldHandler(IJsonSchema& InSchema)
+		: Schema(InSchema)
 	{
 	}
 
@@ -43,7 +43,7 @@ public:
 	{
 		if (Depth == FieldDepth)
 		{
-			// Longer ones than any that we know are as good as none.
+			// Longer than any known name.
 			KeySize = InLength <= sizeof(KeyText) ? InLength : 0;
 			std::copy_n(InText, KeySize, KeyText);
 		}
@@ -72,9 +72,9 @@ private:
 		}
 		++Depth;
 		ListDepth = bInList && Depth == FieldDepth + 1 ? Depth : ListDepth;
-		if (bEntryIsList && bInList && Depth == 2 && Form.HasListEntries())
+		if (bEntryIsList && bInList && Depth == 2 && Schema.HasListEntries())
 		{
-			Refusal = "another list begins in it";
+			Refusal = "another list begins inside it";
 		}
 		else if (Depth > MaxDepth)
 		{
@@ -97,13 +97,13 @@ private:
 		if (Depth == FieldDepth || Depth == ListDepth)
 		{
 			const bool bUnnamed = bEntryIsList && Depth == 1;
-			Form.OnField({{KeyText, bUnnamed ? 0 : KeySize}, Index, InType, Depth == ListDepth, InText});
+			Schema.OnField({{KeyText, bUnnamed ? 0 : KeySize}, Index, InType, Depth == ListDepth, InText});
 			Index += Depth == 1 ? 1 : 0;
 		}
 		return true;
 	}
 
-	IJsonForm& Form;
+	IJsonSchema& Schema;
 	const char* Refusal = nullptr;
 	std::size_t Depth = 0;
 
@@ -141,12 +141,12 @@ FJsonValueReader::FJsonValueReader()
 
 FJsonValueReader::~FJsonValueReader() = default;
 
-FJsonValueReader::FRead FJsonValueReader::Read(std::string_view InText, IJsonForm& OutForm, bool bInStrict)
+FJsonValueReader::FRead FJsonValueReader::Read(std::string_view InText, IJsonSchema& OutSchema, bool bInStrict)
 {
-	// An error this near to the end may be one of what is missing there.
+	// An error this close to the end may come from what is missing there.
 	constexpr std::size_t Nearness = 16;
-	OutForm.Begin();
-	FFieldHandler Handler(OutForm);
+	OutSchema.Begin();
+	FFieldHandler Handler(OutSchema);
 	StringStream Stream(InText.data());
 	Reader& Parser = Implementation->Parser;
 	const ParseResult Result =
@@ -165,7 +165,7 @@ FJsonValueReader::FRead FJsonValueReader::Read(std::string_view InText, IJsonFor
 	const bool bAtEnd = End + Nearness >= InText.size();
 	const bool bInString = IsAboutString(Result.Code());
 	return {bAtEnd ? EOutcome::Cut : EOutcome::Damaged, End,
-			bInString ? "a text in it is not as JSON has texts" : GetParseError_En(Result.Code()), bInString};
+			bInString ? "a string in it is not valid JSON" : GetParseError_En(Result.Code()), bInString};
 }
 
 } // namespace Flitmark

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "JsonForm.h"
+#include "JsonSchema.h"
 
 #include <memory>
 #include <string>
@@ -9,16 +9,16 @@
 namespace Flitmark
 {
 
-/** Reads one JSON value, an entry, from the start of a text that may go on behind it or break off in it. */
+/** Reads one JSON value, an entry, from the start of a text that may continue after it or end inside it. */
 class FJsonValueReader
 {
 public:
 	enum class EOutcome
 	{
 		Whole,
-		/** The text ends in it. */
+		/** The text ends inside it. */
 		Cut,
-		/** It is no JSON. */
+		/** It is not JSON. */
 		Damaged
 	};
 
@@ -27,9 +27,9 @@ public:
 		EOutcome Outcome = EOutcome::Whole;
 		/** Where it ends, or where it stops being JSON. */
 		std::size_t End = 0;
-		/** For people; null where nothing is wrong but that it may go on. */
+		/** For people; null if nothing is wrong except that it may continue. */
 		const char* Reason = nullptr;
-		/** It is only in what strings may hold that it is no JSON. */
+		/** Only the contents of a string are wrong. */
 		bool bInString = false;
 	};
 
@@ -39,21 +39,14 @@ public:
 	FJsonValueReader& operator=(const FJsonValueReader&) = delete;
 
 	/**
-	 * Hands the value's fields to the form. A NUL has to stand behind the text. Strict takes only what every reader
-	 * takes; otherwise comments, commas at a list's end and numbers like NaN pass, too.
+	 * Passes the value's fields to the schema. A NUL must follow the text. Strict accepts valid JSON only; otherwise
+	 * comments, trailing commas and numbers like NaN pass, too.
 	 */
-	FRead Read(std::string_view InText, IJsonForm& OutForm, bool bInStrict);
+	FRead Read(std::string_view InText, IJsonSchema& OutSchema, bool bInStrict);
 
 private:
 	struct FImplementation;
 	std::unique_ptr<FImplementation> Implementation;
 };
-
-/**
- * The value at a text's start as JSON, where only its strings are amiss: raw line ends and tabs in them are escaped,
- * other control characters dropped, lone surrogates replaced, unknown escapes taken as text. OutEnd is where it ends in
- * the text; false where that is not found.
- */
-bool MendJsonStrings(std::string_view InText, std::string& OutMended, std::size_t& OutEnd);
 
 } // namespace Flitmark

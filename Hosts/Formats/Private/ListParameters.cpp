@@ -9,9 +9,6 @@ namespace Flitmark
 namespace
 {
 
-constexpr double TicksPerSecond = 1e7;
-constexpr double TicksPerMillisecond = 1e4;
-
 /** No time in seconds is as large without a fraction: it would be 115 days. */
 bool IsIdFirst(std::string_view InField)
 {
@@ -62,7 +59,7 @@ bool ReadListParameters(std::string_view InParameters, FServiceComment& OutComme
 		Fields.Next();
 		Time = Fields.Next();
 	}
-	const std::optional<int64> Ticks = ParseTicks(Time, bIdFirst ? TicksPerMillisecond : TicksPerSecond);
+	const std::optional<int64> Ticks = ParseTicks(Time, bIdFirst ? ETimeUnit::Millisecond : ETimeUnit::Second);
 	if (!Ticks)
 	{
 		return false;

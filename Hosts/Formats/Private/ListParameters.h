@@ -11,13 +11,13 @@ namespace Flitmark
 ECommentKind ToListKind(std::string_view InMode);
 
 /**
- * Reads the comma-parted parameters of a list's entry into a comment: `seconds,mode,size,colour,sent,pool,sender,id`, or
- * `id,0,milliseconds,mode,size,colour,sent,pool,sender`. What is missing behind the time stays as it is. False where the
- * time cannot be told.
+ * Reads the comma-separated parameters of a list's entry into a comment: `seconds,mode,size,colour,sent,pool,sender,id`, or
+ * `id,0,milliseconds,mode,size,colour,sent,pool,sender`. What is missing after the time stays as it is. False if the
+ * time cannot be read.
  */
 bool ReadListParameters(std::string_view InParameters, FServiceComment& OutComment);
 
-/** Resolves what only lists do in texts, by the comment's kind. */
+/** Cleans the text and resolves what only lists write, depending on the comment's kind. */
 void FinishListText(FServiceComment& InOutComment);
 
 /** The normal size of lists. */

@@ -1,6 +1,6 @@
 #include "TextDecoding.h"
 
-#include "Utf8.h"
+#include "Formats/Utf8.h"
 #include "XmlTag.h"
 
 #include <algorithm>
@@ -92,11 +92,16 @@ FTextEncoding FindDeclared(std::string_view InHead)
 	}
 	if (!Converter || !KeepsAscii(Converter.get()))
 	{
-		return {{}, 0, "its declared encoding \"" + Name.substr(0, 40) + "\" cannot be; it was read as UTF-8"};
+		return {{},
+				0,
+				"its declared encoding \"" + Name.substr(0, 40) +
+					"\" is unknown or impossible; the file was read as UTF-8"};
 	}
 	if (IsSurelyUtf8(InHead))
 	{
-		return {{}, 0, "its declared encoding is \"" + Name.substr(0, 40) + "\", but it is UTF-8 and was read so"};
+		return {{},
+				0,
+				"its declared encoding is \"" + Name.substr(0, 40) + "\", but the file is UTF-8 and was read as such"};
 	}
 	return {Name, 0, {}};
 }

@@ -11,10 +11,10 @@ namespace
 constexpr std::string_view Blanks = " \t\r\n";
 constexpr std::string_view SectionOpening = "<![CDATA[";
 
-/** Longer than any markup that is told from text by its first characters. */
+/** Longer than any markup that has to be recognized by its first characters. */
 constexpr std::size_t LookAhead = 64;
 
-/** Where a start tag's `>` stands in the text up to the next `<`; quotes that do not close are no quotes. */
+/** Where a start tag's `>` stands in the text up to the next `<`; quotes that do not close do not count. */
 std::size_t FindTagEnd(std::string_view InText)
 {
 	std::size_t Place = InText.find_first_of("\"'>");
@@ -30,16 +30,6 @@ std::size_t FindTagEnd(std::string_view InText)
 	return Place == std::string_view::npos ? InText.find('>') : Place;
 }
 
-bool IsRootsStart(std::string_view InText)
-{
-	return InText.starts_with("<i>") || InText.starts_with("<i ") || InText.starts_with("<packet");
-}
-
-bool IsRootsEnd(std::string_view InText)
-{
-	return InText.starts_with("</i>") || InText.starts_with("</packet>");
-}
-
 } // namespace
 
 bool FXmlEntries::Next(FEntry& OutEntry)
@@ -52,9 +42,9 @@ bool FXmlEntries::Next(FEntry& OutEntry)
 		{
 			continue;
 		}
-		if (!IsStart(Window.GetView()))
+		if (!IsStart(Window.GetView(), Name))
 		{
-			bRootOpen = (bRootOpen || IsRootsStart(Window.GetView())) && !IsRootsEnd(Window.GetView());
+			bRootOpen = (bRootOpen || IsStart(Window.GetView(), Root)) && GetEndTagSize(Window.GetView(), Root) == 0;
 			Window.Consume(1);
 			continue;
 		}
@@ -67,7 +57,7 @@ bool FXmlEntries::Next(FEntry& OutEntry)
 	return false;
 }
 
-/** Leaves the view at the next `<`, with enough behind it to tell what it is. */
+/** Leaves the view at the next `<`, with enough after it to see what it is. */
 bool FXmlEntries::SkipToMarkup()
 {
 	while (true)
@@ -87,7 +77,7 @@ bool FXmlEntries::SkipToMarkup()
 	}
 }
 
-/** False where what looks like a comment has no end. */
+/** False if what looks like a comment has no end. */
 bool FXmlEntries::SkipComment()
 {
 	constexpr std::string_view Closing = "-->";
@@ -105,7 +95,7 @@ bool FXmlEntries::SkipComment()
 	return true;
 }
 
-/** The entry that the view begins with; false where more of the text has to be there first. */
+/** The entry that the view begins with; false if more of the text is needed first. */
 bool FXmlEntries::ReadEntry(FEntry& OutEntry)
 {
 	const std::string_view View = Window.GetView();
@@ -139,7 +129,7 @@ bool FXmlEntries::ReadEntry(FEntry& OutEntry)
 	OutEntry.Content = View.substr(ContentBegin, End.Place - ContentBegin);
 	OutEntry.End = End.End;
 	// What is cut for its length may hold other entries.
-	EntrySize = End.End == EEnd::Cut ? ContentBegin : End.Place + GetEndTagSize(View.substr(End.Place));
+	EntrySize = End.End == EEnd::Cut ? ContentBegin : End.Place + GetEndTagSize(View.substr(End.Place), Name);
 	return true;
 }
 
@@ -153,11 +143,11 @@ FXmlEntries::FPlace FXmlEntries::FindContentEnd(std::string_view InView, std::si
 		{
 			return {0, EEnd::Cut, true};
 		}
-		if (GetEndTagSize(Rest) > 0)
+		if (GetEndTagSize(Rest, Name) > 0)
 		{
 			return {Place, EEnd::Closed, false};
 		}
-		if (IsStart(Rest) || IsRootsEnd(Rest))
+		if (IsStart(Rest, Name) || GetEndTagSize(Rest, Root) > 0)
 		{
 			return {Place, EEnd::Unclosed, false};
 		}
@@ -190,21 +180,21 @@ std::size_t FXmlEntries::FindCached(std::string_view InWanted, std::size_t InPla
 	return Found;
 }
 
-bool FXmlEntries::IsStart(std::string_view InText) const
+bool FXmlEntries::IsStart(std::string_view InText, std::string_view InName)
 {
-	const std::size_t End = 1 + Name.size();
-	return InText.size() > End && InText[0] == '<' && InText.substr(1, Name.size()) == Name &&
+	const std::size_t End = 1 + InName.size();
+	return InText.size() > End && InText[0] == '<' && InText.substr(1, InName.size()) == InName &&
 		   (Blanks.find(InText[End]) != std::string_view::npos || InText[End] == '>' || InText[End] == '/');
 }
 
 /** 0 where the text does not begin with the end tag. */
-std::size_t FXmlEntries::GetEndTagSize(std::string_view InText) const
+std::size_t FXmlEntries::GetEndTagSize(std::string_view InText, std::string_view InName)
 {
-	if (!InText.starts_with("</") || InText.substr(2, Name.size()) != Name)
+	if (!InText.starts_with("</") || InText.substr(2, InName.size()) != InName)
 	{
 		return 0;
 	}
-	const std::size_t End = InText.substr(0, LookAhead).find_first_not_of(Blanks, 2 + Name.size());
+	const std::size_t End = InText.substr(0, LookAhead).find_first_not_of(Blanks, 2 + InName.size());
 	return End != std::string_view::npos && InText[End] == '>' ? End + 1 : 0;
 }
 

@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-/** Finds the elements of one name in XML, wherever they are, and whatever is wrong with what is around them. */
+/** Finds the elements of one name in XML, wherever they are, no matter how damaged the text around them is. */
 class FXmlEntries
 {
 public:
@@ -31,8 +31,9 @@ public:
 		EEnd End = EEnd::Closed;
 	};
 
-	FXmlEntries(IByteSource& InSource, std::string_view InName)
+	FXmlEntries(IByteSource& InSource, std::string_view InRoot, std::string_view InName)
 		: Window(InSource)
+		, Root(InRoot)
 		, Name(InName)
 	{
 	}
@@ -48,7 +49,7 @@ public:
 	bool IsRootOpen() const { return bRootOpen; }
 
 private:
-	/** What an end tag's search came to. */
+	/** The result of a search for an end tag. */
 	struct FPlace
 	{
 		std::size_t Place = 0;
@@ -61,11 +62,12 @@ private:
 	bool ReadEntry(FEntry& OutEntry);
 	FPlace FindContentEnd(std::string_view InView, std::size_t InPlace);
 	std::size_t FindCached(std::string_view InWanted, std::size_t InPlace, uint64& InOutAbsentUntil) const;
-	bool IsStart(std::string_view InText) const;
-	std::size_t GetEndTagSize(std::string_view InText) const;
+	static bool IsStart(std::string_view InText, std::string_view InName);
+	static std::size_t GetEndTagSize(std::string_view InText, std::string_view InName);
 	bool MayGrow() const;
 
 	FByteWindow Window;
+	std::string_view Root;
 	std::string_view Name;
 
 	bool bRootOpen = false;
@@ -73,7 +75,7 @@ private:
 	/** Size of the last entry, which is consumed when the next one is asked for. */
 	std::size_t EntrySize = 0;
 
-	/** No comment and no CDATA section ends before these offsets in the text: what was searched once is not again. */
+	/** No comment and no CDATA section ends before these offsets in the text, so nothing is searched twice. */
 	uint64 NoCommentEndUntil = 0;
 	uint64 NoSectionEndUntil = 0;
 };

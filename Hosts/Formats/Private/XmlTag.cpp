@@ -1,10 +1,9 @@
 #include "XmlTag.h"
 
-#include "CoreTypes.h"
+#include "Formats/Utf8.h"
 
 #include <algorithm>
 #include <charconv>
-#include <unicode/utf8.h>
 
 namespace Flitmark
 {
@@ -17,32 +16,23 @@ bool IsBlank(char InCharacter)
 	return InCharacter == ' ' || InCharacter == '\t' || InCharacter == '\r' || InCharacter == '\n';
 }
 
-std::size_t SkipBlanks(std::string_view InText, std::size_t InPlace)
+std::size_t SkipBlanks(std::string_view InText, std::size_t InOffset)
 {
-	while (InPlace < InText.size() && IsBlank(InText[InPlace]))
+	while (InOffset < InText.size() && IsBlank(InText[InOffset]))
 	{
-		++InPlace;
+		++InOffset;
 	}
-	return InPlace;
+	return InOffset;
 }
 
 /** Where a name or a bare value ends. */
-std::size_t FindEnd(std::string_view InText, std::size_t InPlace, char InOtherEnd)
+std::size_t FindEnd(std::string_view InText, std::size_t InOffset, char InOtherEnd)
 {
-	while (InPlace < InText.size() && !IsBlank(InText[InPlace]) && InText[InPlace] != InOtherEnd)
+	while (InOffset < InText.size() && !IsBlank(InText[InOffset]) && InText[InOffset] != InOtherEnd)
 	{
-		++InPlace;
+		++InOffset;
 	}
-	return InPlace;
-}
-
-void AppendCharacter(std::string& OutText, uint32 InCharacter)
-{
-	char Bytes[U8_MAX_LENGTH];
-	int32 Length = 0;
-	const bool bScalar = InCharacter <= 0x10FFFF && !U_IS_SURROGATE(InCharacter);
-	U8_APPEND_UNSAFE(Bytes, Length, bScalar ? InCharacter : 0xFFFDU);
-	OutText.append(Bytes, static_cast<std::size_t>(Length));
+	return InOffset;
 }
 
 /** `#65` or `#x41`, without the ampersand and the semicolon. */
@@ -92,21 +82,21 @@ bool AppendEntity(std::string& OutText, std::string_view InName)
 void AppendWithEntities(std::string& OutText, std::string_view InText)
 {
 	constexpr std::size_t LongestName = 10;
-	std::size_t Place = 0;
-	while (Place < InText.size())
+	std::size_t Offset = 0;
+	while (Offset < InText.size())
 	{
-		const std::size_t Ampersand = std::min(InText.find('&', Place), InText.size());
-		OutText.append(InText, Place, Ampersand - Place);
+		const std::size_t Ampersand = std::min(InText.find('&', Offset), InText.size());
+		OutText.append(InText, Offset, Ampersand - Offset);
 		if (Ampersand == InText.size())
 		{
 			return;
 		}
 		const std::string_view After = InText.substr(Ampersand + 1, LongestName + 1);
 		const std::size_t Length = After.find(';');
-		Place = Ampersand + 1;
+		Offset = Ampersand + 1;
 		if (Length != std::string_view::npos && AppendEntity(OutText, After.substr(0, Length)))
 		{
-			Place += Length + 1;
+			Offset += Length + 1;
 		}
 		else
 		{
@@ -119,15 +109,15 @@ void AppendWithEntities(std::string& OutText, std::string_view InText)
 
 bool FXmlAttributes::Next(std::string_view& OutName, std::string_view& OutValue)
 {
-	Place = SkipBlanks(Tag, Place);
-	while (Place < Tag.size())
+	Offset = SkipBlanks(Tag, Offset);
+	while (Offset < Tag.size())
 	{
-		const std::size_t NameEnd = FindEnd(Tag, Place, '=');
-		OutName = Tag.substr(Place, NameEnd - Place);
-		Place = SkipBlanks(Tag, NameEnd);
-		if (Place < Tag.size() && Tag[Place] == '=')
+		const std::size_t NameEnd = FindEnd(Tag, Offset, '=');
+		OutName = Tag.substr(Offset, NameEnd - Offset);
+		Offset = SkipBlanks(Tag, NameEnd);
+		if (Offset < Tag.size() && Tag[Offset] == '=')
 		{
-			Place = SkipBlanks(Tag, Place + 1);
+			Offset = SkipBlanks(Tag, Offset + 1);
 			OutValue = TakeValue();
 			return true;
 		}
@@ -137,16 +127,16 @@ bool FXmlAttributes::Next(std::string_view& OutName, std::string_view& OutValue)
 
 std::string_view FXmlAttributes::TakeValue()
 {
-	const std::size_t Begin = Place;
+	const std::size_t Begin = Offset;
 	const char Quote = Begin < Tag.size() ? Tag[Begin] : '\0';
 	if (Quote == '"' || Quote == '\'')
 	{
 		const std::size_t End = std::min(Tag.find(Quote, Begin + 1), Tag.size());
-		Place = std::min(End + 1, Tag.size());
+		Offset = std::min(End + 1, Tag.size());
 		return Tag.substr(Begin + 1, End - Begin - 1);
 	}
-	Place = FindEnd(Tag, Begin, ' ');
-	return Tag.substr(Begin, Place - Begin);
+	Offset = FindEnd(Tag, Begin, ' ');
+	return Tag.substr(Begin, Offset - Begin);
 }
 
 std::string_view FindXmlAttribute(std::string_view InTag, std::string_view InName)
@@ -162,6 +152,17 @@ std::string_view FindXmlAttribute(std::string_view InTag, std::string_view InNam
 		}
 	}
 	return {};
+}
+
+std::string_view ResolveEntities(std::string_view InValue, std::string& OutStorage)
+{
+	if (InValue.find('&') == std::string_view::npos)
+	{
+		return InValue;
+	}
+	OutStorage.clear();
+	AppendXmlText(OutStorage, InValue);
+	return OutStorage;
 }
 
 void AppendXmlText(std::string& OutText, std::string_view InContent)

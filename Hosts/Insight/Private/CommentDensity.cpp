@@ -10,7 +10,7 @@ namespace Flitmark
 namespace
 {
 
-/** One side of the bell, from its middle on; what lies behind three standard deviations does not show. */
+/** One side of the bell, from its middle on; what lies beyond three standard deviations does not show. */
 std::vector<double> MakeBell(double InSmoothing, std::size_t InMostBins)
 {
 	const auto Radius =

@@ -1,15 +1,19 @@
 #include "Insight/DensityPicture.h"
 
-#include "Insight/CommentDensity.h"
+#include "Formats/CleanText.h"
 #include "Formats/CommentTraits.h"
-#include "DensityPictureLabels.h"
-#include "DensityPictureScale.h"
-#include "DensityPictureText.h"
+#include "Formats/Utf8.h"
+#include "Insight/CommentDensity.h"
+#include "Insight/CommentStats.h"
+#include "Insight/CommentTerms.h"
+#include "Values/TimeText.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
+#include <iterator>
+#include <numeric>
 
 namespace Flitmark
 {
@@ -20,30 +24,30 @@ namespace
 constexpr double Width = 1200.0;
 constexpr double Height = 400.0;
 
-/** The field of the curve; its axes' labels are outside, the marks' labels in rows above it. */
-constexpr double Left = 66.0;
-constexpr double Right = Width - 30.0;
-constexpr double Top = 132.0;
+/**
+ * The plot. Its side margins hold half a label, and marks are at least one label apart, so labels are simply centered on
+ * their bars and never overlap: 16 of the widest characters at 13 pixels are 208 wide.
+ */
+constexpr double Left = 105.0;
+constexpr double Right = Width - Left;
+constexpr double Top = 128.0;
 constexpr double Bottom = Height - 44.0;
+constexpr std::size_t MaxLabelLength = 16;
+constexpr double MarkDistance = 208.0 / (Right - Left);
 
-constexpr double LabelTop = 86.0;
-constexpr double LabelRowHeight = 19.0;
-constexpr std::size_t NumLabelRows = 2;
-constexpr double LabelFontSize = 13.0;
-constexpr double LongestLabel = 230.0;
+/** Of 18 pixels at most, from the plot's left side on. */
+constexpr std::size_t MaxTitleLength = 60;
 
 constexpr const char* Style = R"(
 	text { font-family: system-ui, "Helvetica Neue", Arial, "Noto Sans", "Noto Sans CJK SC", "Noto Sans CJK JP", sans-serif; fill: #5b6775; font-size: 13px; }
-	.title { font-size: 20px; font-weight: 600; fill: #16202b; }
-	.subtitle { font-size: 14px; }
-	.mark { fill: #16202b; }
+	.title { font-size: 18px; font-weight: 600; fill: #16202b; }
+	.said { fill: #16202b; }
 	.time { font-weight: 600; fill: #b4370d; }
-	.grid { stroke: #e4e8ed; stroke-width: 1; }
-	.axis { stroke: #9aa5b1; stroke-width: 1; }
-	.area { fill: #cfe2f5; }
-	.curve { fill: none; stroke: #1c66ab; stroke-width: 2.25; stroke-linejoin: round; stroke-linecap: round; }
-	.leader { stroke: #b4370d; stroke-width: 1; stroke-dasharray: 2 3; opacity: 0.65; }
-	.dot { fill: #b4370d; stroke: #ffffff; stroke-width: 1.5; }
+	.grid { stroke: #e4e8ed; }
+	.axis { stroke: #9aa5b1; }
+	.bars { fill: #5b97d0; }
+	.busy { fill: #b4370d; }
+	.leader { stroke: #b4370d; stroke-dasharray: 2 3; }
 )";
 
 __attribute__((format(printf, 1, 2))) std::string Print(const char* InFormat, ...)
@@ -56,47 +60,101 @@ __attribute__((format(printf, 1, 2))) std::string Print(const char* InFormat, ..
 	return Text;
 }
 
+/** The shortest round time in seconds that fits no more than InMost times into InSeconds. */
+int64 ChooseTimeStep(int64 InSeconds, int64 InMost)
+{
+	constexpr int64 Steps[] = {1,	2,	 5,	   10,	 15,   20,	 30,	60,	   120,	  300,
+							   600, 900, 1200, 1800, 3600, 7200, 10800, 21600, 43200, 86400};
+	const auto* const Found = std::ranges::find_if(Steps, [=](int64 InStep) { return InSeconds <= InStep * InMost; });
+	return Found != std::end(Steps) ? *Found : *std::prev(std::end(Steps));
+}
+
+/** The least 1, 2 or 5 times a power of ten that fits no more than InMost times into InTop. */
+double ChooseCountStep(double InTop, double InMost)
+{
+	for (double Power = 1.0;; Power *= 10.0)
+	{
+		for (const double Step : {Power, 2.0 * Power, 5.0 * Power})
+		{
+			if (InTop <= Step * InMost)
+			{
+				return Step;
+			}
+		}
+	}
+}
+
+std::string EscapeXml(std::string_view InText)
+{
+	std::string Escaped;
+	for (const char Character : MakeCleanText(InText))
+	{
+		Escaped += Character == '&'	  ? std::string("&amp;")
+				   : Character == '<' ? std::string("&lt;")
+				   : Character == '>' ? std::string("&gt;")
+									  : std::string(1, Character);
+	}
+	return Escaped;
+}
+
+/** With an ellipsis if it has more characters. */
+std::string Shorten(std::string_view InText, std::size_t InMaxLength)
+{
+	std::size_t End = 0;
+	std::size_t Last = 0;
+	for (std::size_t Length = 0; Length < InMaxLength && End < InText.size(); ++Length)
+	{
+		Last = End;
+		TakeCharacter(InText, End);
+	}
+	return End < InText.size() ? std::string(InText.substr(0, Last)) + "…" : std::string(InText);
+}
+
+std::string DescribeUnit(int64 InSeconds)
+{
+	const long long UnitSeconds = InSeconds % 3600 == 0 ? 3600 : InSeconds % 60 == 0 ? 60 : 1;
+	const char* const Unit = UnitSeconds == 3600 ? "hour" : UnitSeconds == 60 ? "minute" : "second";
+	return InSeconds == UnitSeconds ? Print("comments per %s", Unit)
+									: Print("comments per %lld %ss", InSeconds / UnitSeconds, Unit);
+}
+
 class FPictureWriter
 {
 public:
-	explicit FPictureWriter(const FDensityPicture& InPicture)
-		: Picture(InPicture)
-		, Bins(FDensityBins::Choose(InPicture.DurationTicks))
-		, Seconds(static_cast<double>(Bins.GetTicks()) / static_cast<double>(TicksPerSecond))
-		, Counts(ComputeDensity(Picture.SpawnTicks, Bins.GetTicks(), Bins.Num, 0.0))
-		, Curve(ComputeDensity(Picture.SpawnTicks, Bins.GetTicks(), Bins.Num, Bins.Smoothing))
+	explicit FPictureWriter(std::span<const FServiceComment> InComments)
+		: Comments(InComments)
 	{
-		const double Highest = static_cast<double>(*std::ranges::max_element(Counts));
-		constexpr std::size_t MostCountSteps = 4;
-		CountStep = ChooseCountStep(std::max(Highest, 1.0), MostCountSteps);
-		TopCount = CountStep * std::ceil(std::max(Highest, 1.0) / CountStep);
+		constexpr int64 MaxBars = 200;
+		const std::vector<int64> Ticks = GatherSpawnTicks(InComments);
+		const int64 Last = Ticks.empty() ? 0 : *std::ranges::max_element(Ticks) / TicksPerSecond;
+		BarSeconds = ChooseTimeStep(Last + 1, MaxBars);
+		const int64 NumBars = Last / BarSeconds + 1;
+		Seconds = NumBars * BarSeconds;
+		Bars = ComputeDensity(Ticks, Seconds * TicksPerSecond, static_cast<std::size_t>(NumBars), 0.0);
+		MaxBar = *std::ranges::max_element(Bars);
+		const double Most = std::max(static_cast<double>(MaxBar), 1.0);
+		CountStep = ChooseCountStep(Most, 4.0);
+		TopCount = CountStep * std::ceil(Most / CountStep);
 	}
 
-	std::string Write()
+	std::string Write(const std::string& InTitle, const std::string& InSubtitle)
 	{
 		Svg = Print(R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 %g %g" width="%g" height="%g" role="img">)",
 					Width, Height, Width, Height);
-		Svg += "\n<title>" + EscapeXml(Picture.Title) + "</title>\n<style>" + Style + "</style>\n";
+		Svg += "\n<title>" + EscapeXml(InTitle) + "</title>\n<style>" + Style + "</style>\n";
 		Svg += Print("<rect width=\"%g\" height=\"%g\" fill=\"#ffffff\"/>\n", Width, Height);
-		constexpr double TitleEm = 20.0;
-		constexpr double SubtitleEm = 14.0;
-		AddText("title", Left, 34.0, CutToWidth(Picture.Title, (Right - Left) / TitleEm));
-		AddText("subtitle", Left, 57.0, CutToWidth(Picture.Subtitle, (Right - Left) / SubtitleEm));
-		AddGrid();
-		AddArea();
-		AddCurve();
+		AddText("title", Left, 34.0, Shorten(InTitle, MaxTitleLength), "start");
+		AddText("subtitle", Left, 57.0, Shorten(InSubtitle, MaxTitleLength), "start");
+		AddCounts();
+		AddBars();
 		AddTimes();
 		AddMarks();
 		return Svg + "</svg>\n";
 	}
 
 private:
-	double GetX(double InSeconds) const { return Left + (Right - Left) * std::min(InSeconds / Seconds, 1.0); }
+	double GetX(double InSeconds) const { return Left + (Right - Left) * InSeconds / static_cast<double>(Seconds); }
 	double GetY(double InCount) const { return Bottom - (Bottom - Top) * InCount / TopCount; }
-	double GetMiddle(std::size_t InBin) const
-	{
-		return GetX((static_cast<double>(InBin) + 0.5) * static_cast<double>(Bins.Seconds));
-	}
 
 	void AddLine(const char* InClass, double InX1, double InY1, double InX2, double InY2)
 	{
@@ -104,155 +162,102 @@ private:
 					 InX2, InY2);
 	}
 
-	void AddText(const char* InClass, double InX, double InY, const std::string& InText, const char* InAnchor = "start")
+	void AddText(const char* InClass, double InX, double InY, const std::string& InText, const char* InAnchor)
 	{
 		Svg += Print("<text class=\"%s\" x=\"%.1f\" y=\"%.1f\" text-anchor=\"%s\">", InClass, InX, InY, InAnchor);
 		Svg += EscapeXml(InText) + "</text>\n";
 	}
 
-	void AddGrid()
+	void AddCounts()
 	{
-		for (double Count = CountStep; Count <= TopCount; Count += CountStep)
+		for (double Count = 0.0; Count <= TopCount; Count += CountStep)
 		{
 			AddLine("grid", Left, GetY(Count), Right, GetY(Count));
-			AddText("label", Left - 9.0, GetY(Count) + 4.5, Print("%.0f", Count), "end");
+			AddText("count", Left - 9.0, GetY(Count) + 4.5, Print("%.0f", Count), "end");
 		}
-		AddText("label", Left - 9.0, Bottom + 4.5, "0", "end");
-		const std::string Each = Bins.Seconds == 1			? "second"
-								 : Bins.Seconds == 60		? "minute"
-								 : Bins.Seconds % 3600 == 0 ? Print("%g h", static_cast<double>(Bins.Seconds) / 3600.0)
-								 : Bins.Seconds % 60 == 0	? Print("%g min", static_cast<double>(Bins.Seconds) / 60.0)
-															: Print("%g s", static_cast<double>(Bins.Seconds));
-		Svg +=
-			Print("<text transform=\"translate(20 %.1f) rotate(-90)\" text-anchor=\"middle\">comments per %s</text>\n",
-				  (Top + Bottom) / 2, Each.c_str());
+		Svg += Print("<text transform=\"translate(36 %.1f) rotate(-90)\" text-anchor=\"middle\">%s</text>\n",
+					 (Top + Bottom) / 2, DescribeUnit(BarSeconds).c_str());
 	}
 
-	/** The counts themselves, as steps. */
-	void AddArea()
+	std::string MakeBar(std::size_t InBar) const
 	{
-		Svg += Print("<path class=\"area\" d=\"M%.1f %.1f", Left, Bottom);
-		for (std::size_t Bin = 0; Bin < Counts.size(); ++Bin)
-		{
-			const double End = GetX(static_cast<double>(Bin + 1) * static_cast<double>(Bins.Seconds));
-			Svg += Print("V%.1fH%.1f", GetY(static_cast<double>(Counts[Bin])), End);
-		}
-		Svg += Print("V%.1fZ\"/>\n", Bottom);
+		constexpr double Gap = 1.0;
+		const double Begin = GetX(static_cast<double>(BarSeconds) * static_cast<double>(InBar));
+		const double End = GetX(static_cast<double>(BarSeconds) * static_cast<double>(InBar + 1));
+		return Print("M%.1f %.1fV%.1fH%.1fV%.1fZ", Begin, Bottom, GetY(static_cast<double>(Bars[InBar])), End - Gap,
+					 Bottom);
 	}
 
-	/** How much the curve falls from one bin's middle to the next. */
-	double GetFall(std::size_t InBin) const
+	void AddBars()
 	{
-		return GetY(static_cast<double>(Curve[InBin + 1])) - GetY(static_cast<double>(Curve[InBin]));
-	}
-
-	/** The curve's slope at a bin's middle, per bin: flat at tops and bottoms, so that it never swings beyond them. */
-	double GetSlope(std::size_t InBin) const
-	{
-		if (InBin == 0 || InBin + 1 == Curve.size())
+		Svg += "<path class=\"bars\" d=\"";
+		for (std::size_t Bar = 0; Bar < Bars.size(); ++Bar)
 		{
-			return 0.0;
+			Svg += Bars[Bar] > 0.f ? MakeBar(Bar) : "";
 		}
-		const double Before = GetFall(InBin - 1);
-		const double Behind = GetFall(InBin);
-		return Before * Behind > 0.0 ? 2.0 * Before * Behind / (Before + Behind) : 0.0;
-	}
-
-	/** A smooth curve through the bins' middles. */
-	void AddCurve()
-	{
-		const auto Y = [this](std::size_t InBin)
-		{
-			return GetY(static_cast<double>(Curve[InBin]));
-		};
-		Svg += Print("<path class=\"curve\" d=\"M%.1f %.1fH%.1f", Left, Y(0), GetMiddle(0));
-		for (std::size_t Bin = 0; Bin + 1 < Curve.size(); ++Bin)
-		{
-			const double Third = (GetMiddle(Bin + 1) - GetMiddle(Bin)) / 3.0;
-			Svg +=
-				Print("C%.1f %.1f %.1f %.1f %.1f %.1f", GetMiddle(Bin) + Third, Y(Bin) + GetSlope(Bin) / 3.0,
-					  GetMiddle(Bin + 1) - Third, Y(Bin + 1) - GetSlope(Bin + 1) / 3.0, GetMiddle(Bin + 1), Y(Bin + 1));
-		}
-		Svg += Print("H%.1f\"/>\n", Right);
+		Svg += "\"/>\n";
 	}
 
 	void AddTimes()
 	{
-		constexpr std::size_t MostTimes = 12;
+		constexpr int64 MaxTimes = 12;
 		AddLine("axis", Left, Bottom, Right, Bottom);
-		const int64 Step = ChooseTimeStep(Seconds, MostTimes);
-		for (int64 Second = 0; static_cast<double>(Second) <= Seconds; Second += Step)
+		for (int64 Second = 0; Second <= Seconds; Second += ChooseTimeStep(Seconds, MaxTimes))
 		{
 			const double X = GetX(static_cast<double>(Second));
 			AddLine("axis", X, Bottom, X, Bottom + 6.0);
-			AddText("label", X, Bottom + 23.0, FormatMediaTime(Second * TicksPerSecond), "middle");
+			AddText("at", X, Bottom + 23.0, FormatTime(static_cast<double>(Second)), "middle");
 		}
 	}
 
-	struct FMarkText
+	/** What several of a bar's comments say; empty if they have nothing in common. */
+	std::string FindSaid(std::size_t InBar) const
 	{
-		std::string Time;
-		std::string Label;
-		double Width = 0.0;
-	};
-
-	static FMarkText MakeText(const FDensityMark& InMark)
-	{
-		FMarkText Text;
-		Text.Time = FormatMediaTime(InMark.Ticks);
-		Text.Label = CutToWidth(InMark.Label, LongestLabel / LabelFontSize);
-		const double Space = Text.Label.empty() ? 0.0 : 0.5;
-		Text.Width = (GuessWidth(Text.Time) * 1.1 + Space + GuessWidth(Text.Label)) * LabelFontSize;
-		return Text;
+		std::vector<const FServiceComment*> OfBar;
+		for (const FServiceComment& Comment : Comments)
+		{
+			if (IsReached(Comment) && static_cast<std::size_t>(GetSecond(Comment) / BarSeconds) == InBar)
+			{
+				OfBar.push_back(&Comment);
+			}
+		}
+		const std::vector<FCommentTerm> Terms = FindTerms(OfBar, 1);
+		return Terms.empty() ? std::string() : Terms.front().Text;
 	}
 
+	/** The busiest bars, if they are busy compared with the others. */
 	void AddMarks()
 	{
-		std::vector<FLabelWish> Wishes;
-		std::vector<FMarkText> Texts;
-		for (const FDensityMark& Mark : Picture.Marks)
+		constexpr std::size_t MaxMarks = 3;
+		constexpr float LeastOfMost = 0.25f;
+		constexpr float LeastOfMean = 1.5f;
+		const float Mean = std::accumulate(Bars.begin(), Bars.end(), 0.f) / static_cast<float>(Bars.size());
+		const auto Distance = static_cast<std::size_t>(std::ceil(MarkDistance * static_cast<double>(Bars.size())));
+		for (const std::size_t Bar : FindPeaks(Bars, MaxMarks, Distance))
 		{
-			Texts.push_back(MakeText(Mark));
-			Wishes.push_back(
-				{GetX(static_cast<double>(Mark.Ticks) / static_cast<double>(TicksPerSecond)), Texts.back().Width});
-		}
-		const auto Places = PlaceLabels(Wishes, Left, Right, NumLabelRows);
-		for (std::size_t Index = 0; Index < Places.size(); ++Index)
-		{
-			const double X = Wishes[Index].X;
-			const double Y = GetCurveY(X);
-			if (Places[Index])
+			if (Bars[Bar] < LeastOfMost * MaxBar || Bars[Bar] < LeastOfMean * Mean)
 			{
-				const double Baseline = LabelTop + LabelRowHeight * static_cast<double>(Places[Index]->Row) + 10.0;
-				AddLine("leader", X, Baseline + 5.0, X, Y);
-				Svg += Print("<text class=\"mark\" x=\"%.1f\" y=\"%.1f\"><tspan class=\"time\">", Places[Index]->Left,
-							 Baseline);
-				Svg += EscapeXml(Texts[Index].Time) + "</tspan>";
-				Svg +=
-					Texts[Index].Label.empty() ? "" : " <tspan dx=\"3\">" + EscapeXml(Texts[Index].Label) + "</tspan>";
-				Svg += "</text>\n";
+				continue;
 			}
-			Svg += Print("<circle class=\"dot\" cx=\"%.1f\" cy=\"%.1f\" r=\"4.5\"/>\n", X, Y);
+			const int64 Second = static_cast<int64>(Bar) * BarSeconds;
+			const double X = GetX(static_cast<double>(Second) + static_cast<double>(BarSeconds) / 2.0);
+			Svg += "<path class=\"busy\" d=\"" + MakeBar(Bar) + "\"/>\n";
+			AddLine("leader", X, Top - 12.0, X, GetY(static_cast<double>(Bars[Bar])));
+			const std::string Said = FindSaid(Bar);
+			AddText("time", X, Top - (Said.empty() ? 18.0 : 36.0), FormatTime(static_cast<double>(Second)), "middle");
+			if (!Said.empty())
+			{
+				AddText("said", X, Top - 18.0, Shorten(Said, MaxLabelLength), "middle");
+			}
 		}
 	}
 
-	/** Of the curve, straight between the bins' middles. */
-	double GetCurveY(double InX) const
-	{
-		const double Place = (InX - Left) / (Right - Left) * Seconds / static_cast<double>(Bins.Seconds) - 0.5;
-		const double Inside = std::clamp(Place, 0.0, static_cast<double>(Curve.size() - 1));
-		const auto Bin = static_cast<std::size_t>(Inside);
-		const std::size_t Next = std::min(Bin + 1, Curve.size() - 1);
-		const double Share = Inside - static_cast<double>(Bin);
-		return GetY(static_cast<double>(Curve[Bin]) * (1.0 - Share) + static_cast<double>(Curve[Next]) * Share);
-	}
-
-	const FDensityPicture& Picture;
-	const FDensityBins Bins;
+	const std::span<const FServiceComment> Comments;
+	int64 BarSeconds = 1;
 	/** From the left to the right end. */
-	const double Seconds;
-	const std::vector<float> Counts;
-	const std::vector<float> Curve;
+	int64 Seconds = 1;
+	std::vector<float> Bars;
+	float MaxBar = 0.f;
 	double CountStep = 1.0;
 	double TopCount = 1.0;
 	std::string Svg;
@@ -260,16 +265,10 @@ private:
 
 } // namespace
 
-std::string DrawDensityPicture(const FDensityPicture& InPicture)
+std::string DrawDensityPicture(std::span<const FServiceComment> InComments, const std::string& InTitle,
+							   const std::string& InSubtitle)
 {
-	return FPictureWriter(InPicture).Write();
-}
-
-std::string FormatMediaTime(int64 InTicks)
-{
-	const long long Seconds = std::max<int64>(InTicks, 0) / TicksPerSecond;
-	return Seconds < 3600 ? Print("%lld:%02lld", Seconds / 60, Seconds % 60)
-						  : Print("%lld:%02lld:%02lld", Seconds / 3600, Seconds / 60 % 60, Seconds % 60);
+	return FPictureWriter(InComments).Write(InTitle, InSubtitle);
 }
 
 } // namespace Flitmark

@@ -15,7 +15,7 @@ namespace Flitmark
 namespace
 {
 
-/** A property that is followed, and what it becomes. */
+/** An observed property and the state member it sets. */
 struct FObserved
 {
 	const char* Name;
@@ -65,7 +65,7 @@ constexpr FObserved Observed[] = {
 	{"hwdec-current", MPV_FORMAT_STRING, TakeText<&FMpvState::HardwareDecoder>},
 };
 
-/** An option and its value; those of mpv that would print, ask, or draw by themselves are off. */
+/** An option and its value; everything in mpv that prints, asks, or draws on its own is off. */
 constexpr std::pair<const char*, const char*> FixedOptions[] = {
 	{"vo", "libmpv"},
 	{"config", "no"},
@@ -76,7 +76,7 @@ constexpr std::pair<const char*, const char*> FixedOptions[] = {
 	{"input-vo-keyboard", "no"},
 	{"idle", "yes"},
 	{"keep-open", "yes"},
-	// Going back from the end plays on.
+	// Seeking back from the end resumes playing.
 	{"keep-open-pause", "no"},
 	{"ytdl", "no"},
 	{"load-scripts", "no"},
@@ -110,7 +110,7 @@ FMpvPlayer::~FMpvPlayer()
 
 bool FMpvPlayer::Start(const FMpvOptions& InOptions, std::string& OutError)
 {
-	// libmpv refuses to start where numbers are written with a comma.
+	// libmpv refuses to start in locales with a decimal comma.
 	std::setlocale(LC_NUMERIC, "C");
 	Handle.reset(mpv_create(), mpv_terminate_destroy);
 	if (!Handle)
@@ -289,7 +289,7 @@ void FMpvPlayer::ProcessEvents()
 		}
 		break;
 	}
-	// Complaints come behind all other events, also behind that of the end.
+	// Log messages arrive after all other events, even after end-of-file.
 	if (const std::string Error = std::exchange(Failure, {}); !Error.empty())
 	{
 		Observer.OnFailed(Complaint.empty() ? Error : Complaint);
@@ -308,7 +308,7 @@ void FMpvPlayer::TakeProperty(const mpv_event_property& InProperty, std::size_t 
 
 void FMpvPlayer::TakeLog(const mpv_event_log_message& InMessage)
 {
-	// The first is nearest to the cause; what follows from it is told after it.
+	// The first message is closest to the cause; the others follow from it.
 	if (Complaint.empty())
 	{
 		Complaint = InMessage.text;
@@ -331,7 +331,7 @@ void FMpvPlayer::TakeLoaded()
 
 void FMpvPlayer::TakeEnd(const mpv_event_end_file& InEnd)
 {
-	// The end of what was open before says nothing about what is open now.
+	// The end of the previous file says nothing about the current one.
 	if (InEnd.playlist_entry_id != Entry)
 	{
 		return;

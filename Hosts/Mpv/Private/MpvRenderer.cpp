@@ -50,14 +50,12 @@ FMpvRenderer::~FMpvRenderer()
 	}
 }
 
-void FMpvRenderer::Render(int InFramebuffer, int InWidth, int InHeight, bool bInFlip)
+void FMpvRenderer::Render(int InFramebuffer, int InWidth, int InHeight)
 {
 	mpv_opengl_fbo Target{InFramebuffer, InWidth, InHeight, 0};
-	int Flip = bInFlip ? 1 : 0;
 	// The scene must not wait for the video's next frame: comments move on with the display.
 	int Wait = 0;
 	mpv_render_param Params[] = {{MPV_RENDER_PARAM_OPENGL_FBO, &Target},
-								 {MPV_RENDER_PARAM_FLIP_Y, &Flip},
 								 {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &Wait},
 								 {MPV_RENDER_PARAM_INVALID, nullptr}};
 	mpv_render_context_render(Context, Params);

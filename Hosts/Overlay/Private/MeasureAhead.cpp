@@ -1,30 +1,31 @@
 #include "Overlay/MeasureAhead.h"
 
+#include "Formats/CommentDocument.h"
+
 #include <algorithm>
 
 namespace Flitmark
 {
 
-namespace
+std::vector<FUpcomingText> ListTexts(const FCommentDocument& InDocument)
 {
-
-constexpr int64 TicksPerSecond = 10'000'000;
-
-} // namespace
-
-FMeasureAhead::FMeasureAhead(FTextEngine& InEngine, FCommentDocument InDocument)
-	: Engine(InEngine)
-	, Document(std::move(InDocument))
-{
-	const std::vector<FCommentEntry>& Entries = Document.GetEntries();
-	for (uint32 Index = 0; Index < Entries.size(); ++Index)
+	std::vector<FUpcomingText> Texts;
+	for (const FCommentEntry& Entry : InDocument.GetEntries())
 	{
-		if (Entries[Index].IsReached() && Entries[Index].FontSize > 0)
+		if (Entry.IsReached() && Entry.FontSize > 0)
 		{
-			Order.push_back(Index);
+			Texts.push_back(
+				{Entry.GetSecond(), static_cast<float>(Entry.FontSize), std::u16string(InDocument.GetText(Entry))});
 		}
 	}
-	std::ranges::stable_sort(Order, {}, [&Entries](uint32 InIndex) { return Entries[InIndex].GetSecond(); });
+	return Texts;
+}
+
+FMeasureAhead::FMeasureAhead(FTextEngine& InEngine, std::vector<FUpcomingText> InTexts)
+	: Engine(InEngine)
+	, Texts(std::move(InTexts))
+{
+	std::ranges::stable_sort(Texts, {}, &FUpcomingText::Second);
 	Thread = std::jthread([this](std::stop_token InStop) { Work(InStop); });
 }
 
@@ -32,54 +33,44 @@ FMeasureAhead::~FMeasureAhead() = default;
 
 void FMeasureAhead::SetMediaTime(int64 InTicks)
 {
-	const int64 NewSecond = InTicks / TicksPerSecond;
+	const int64 NewSecond = InTicks / ETimespan::TicksPerSecond;
 	{
 		const std::lock_guard Lock(Mutex);
 		if (NewSecond == Second)
 		{
 			return;
 		}
-		// What lies behind, and what a jump passes over, needs no measuring.
-		const auto Due = [this](uint32 InIndex)
-		{
-			return Document.GetEntries()[InIndex].GetSecond();
-		};
-		const auto First =
-			static_cast<std::size_t>(std::ranges::lower_bound(Order, NewSecond, {}, Due) - Order.begin());
-		Next = NewSecond < Second ? First : std::max(Next, First);
+		// Nothing in the past, or skipped by a jump, needs measuring.
+		const auto First = std::ranges::lower_bound(Texts, NewSecond, {}, &FUpcomingText::Second);
+		const auto Index = static_cast<std::size_t>(First - Texts.begin());
+		Next = NewSecond < Second ? Index : std::max(Next, Index);
 		Second = NewSecond;
 	}
 	Wake.notify_one();
 }
 
-const FCommentEntry* FMeasureAhead::TakeNext()
+const FUpcomingText* FMeasureAhead::TakeNext()
 {
-	if (Next == Order.size())
+	if (Next == Texts.size() || Texts[Next].Second > Second + SecondsAhead)
 	{
 		return nullptr;
 	}
-	const FCommentEntry& Entry = Document.GetEntries()[Order[Next]];
-	if (Entry.GetSecond() > Second + SecondsAhead)
-	{
-		return nullptr;
-	}
-	++Next;
-	return &Entry;
+	return &Texts[Next++];
 }
 
 void FMeasureAhead::Work(std::stop_token InStop)
 {
 	while (!InStop.stop_requested())
 	{
-		const FCommentEntry* Entry = nullptr;
+		const FUpcomingText* Upcoming = nullptr;
 		{
 			std::unique_lock Lock(Mutex);
-			if (!Wake.wait(Lock, InStop, [this, &Entry] { return (Entry = TakeNext()) != nullptr; }))
+			if (!Wake.wait(Lock, InStop, [this, &Upcoming] { return (Upcoming = TakeNext()) != nullptr; }))
 			{
 				return;
 			}
 		}
-		Engine.Measure(Document.GetText(*Entry), static_cast<float>(Entry->FontSize));
+		Engine.Measure(Upcoming->Text, Upcoming->Size);
 	}
 }
 

@@ -1,8 +1,9 @@
 #include "Playback/MediaPaths.h"
 #include "Playback/Player.h"
-#include "Playback/PlayerText.h"
 #include "Playback/PlayerWindow.h"
 #include "Playback/QuitSignals.h"
+#include "Values/OptionChecks.h"
+#include "Values/TimeText.h"
 #include "Viewer/SystemLanguage.h"
 
 #include <CLI/CLI.hpp>
@@ -24,11 +25,11 @@ namespace Flitmark
 namespace
 {
 
-constexpr const char* Description = "flitmark-player: plays a video, with comments flying over it";
+constexpr const char* Description = "flitmark-player: play a video with comments flying over it";
 
 constexpr const char* Footer =
-	R"(Without COMMENTS, a file of comments that lies beside the video and has its name is shown: film.xml for film.mkv.
-F1 in the window shows the keys. Exit status: 0 for success, 1 for a failure, 2 for wrong use.
+	R"(Without COMMENTS, the player looks for a comment file with the video's name next to it: film.xml for film.mkv.
+Press F1 in the window for the keyboard shortcuts. Exit status: 0 on success, 1 on failure, 2 on a usage error.
 
 Examples:
   flitmark-player film.mp4 comments.json
@@ -52,26 +53,25 @@ struct FArguments
 	bool bNoHardwareDecoding = false;
 };
 
-void AddOptions(CLI::App& App, FArguments& InOutArguments, FPlayerOptions& InOutOptions)
+void AddOptions(CLI::App& InApp, FArguments& InOutArguments, FPlayerOptions& InOutOptions)
 {
-	App.set_version_flag("--version", FLITMARK_VERSION, "Print the version and exit");
-	App.set_help_flag("-h,--help", "Print this text and exit");
-	App.add_option("VIDEO", InOutArguments.Video, "Video file or address; without it the window starts empty");
-	App.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format");
-	App.add_flag("--fullscreen", InOutOptions.bFullScreen, "Start in full screen");
-	App.add_option("--start", InOutArguments.Start, "Where to begin, such as 90, 1:30 or 0:01:30.5")
-		->check([](const std::string& InText)
-				{ return ParseTime(QString::fromStdString(InText)) ? "" : "\"" + InText + "\" is no time"; });
-	App.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(CLI::Range(0.25, 4.0));
-	App.add_option("--volume", InOutArguments.Volume, "Percent, 0 to 100 (default: as last time)")
-		->check(CLI::Range(0.0, 100.0));
-	App.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the processor alone");
-	App.get_formatter()->column_width(24);
-	App.footer(Footer);
+	InApp.set_version_flag("--version", FLITMARK_VERSION, "Print the version and exit");
+	InApp.set_help_flag("-h,--help", "Print this text and exit");
+	InApp.add_option("VIDEO", InOutArguments.Video, "Video file or URL; without it the window starts empty");
+	InApp.add_option("COMMENTS", InOutArguments.Comments, "Comment file, in any supported format");
+	InApp.add_flag("--fullscreen", InOutOptions.bFullScreen, "Start in full screen");
+	InApp.add_option("--start", InOutArguments.Start, "Where to begin, such as 90, 1:30 or 0:01:30.5")
+		->check(MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5"));
+	InApp.add_option("--speed", InOutOptions.Speed, "Times normal speed, 0.25 to 4")->check(MakeNumberCheck(0.25, 4.0));
+	InApp.add_option("--volume", InOutArguments.Volume, "Percent, 0 to 100 (default: as last time)")
+		->check(MakeNumberCheck(0.0, 100.0));
+	InApp.add_flag("--no-hwdec", InOutArguments.bNoHardwareDecoding, "Decode on the CPU only");
+	InApp.get_formatter()->column_width(24);
+	InApp.footer(Footer);
 }
 
-/** Empty with OutExitCode set where there is nothing to be shown. */
-std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, int& OutExitCode)
+/** Empty with OutExitCode set if there is nothing to show. */
+std::optional<FPlayerOptions> ReadOptions(int InArgumentCount, char** InArguments, int& OutExitCode)
 {
 	FPlayerOptions Options;
 	FArguments Read;
@@ -79,7 +79,7 @@ std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, i
 	AddOptions(App, Read, Options);
 	try
 	{
-		App.parse(ArgumentCount, Arguments);
+		App.parse(InArgumentCount, InArguments);
 	}
 	catch (const CLI::ParseError& Error)
 	{
@@ -94,7 +94,7 @@ std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, i
 	}
 	Options.Video = ToPathOrAddress(QString::fromStdString(Read.Video));
 	Options.Comments = ToPathOrAddress(QString::fromStdString(Read.Comments));
-	Options.Start = ParseTime(QString::fromStdString(Read.Start)).value_or(0.0);
+	Options.Start = ParseTime(Read.Start).value_or(0.0);
 	Options.bHardwareDecoding = !Read.bNoHardwareDecoding;
 	if (Read.Volume >= 0.0)
 	{
@@ -103,12 +103,12 @@ std::optional<FPlayerOptions> ReadOptions(int ArgumentCount, char** Arguments, i
 	return Options;
 }
 
-/** Qt ends the program without a window system; what it says first is for developers. */
-void TellFatal(QtMsgType InType, const QMessageLogContext&, const QString& InMessage)
+/** Without a window system Qt ends the program, with a message for developers. */
+void ReportFatal(QtMsgType InType, const QMessageLogContext&, const QString& InMessage)
 {
 	if (InType == QtFatalMsg)
 	{
-		PrintError("no window can be opened; is there a screen, and is DISPLAY or WAYLAND_DISPLAY set? (" +
+		PrintError("can't open a window; is there a screen, and is DISPLAY or WAYLAND_DISPLAY set? (" +
 				   InMessage.simplified().toStdString() + ")");
 		std::_Exit(ExitFailure);
 	}
@@ -124,20 +124,20 @@ bool HasOpenGl()
 	return Context.create();
 }
 
-int Run(int ArgumentCount, char** Arguments)
+int Run(int InArgumentCount, char** InArguments)
 {
 	int ExitCode = EXIT_SUCCESS;
-	const std::optional<FPlayerOptions> Options = ReadOptions(ArgumentCount, Arguments, ExitCode);
+	const std::optional<FPlayerOptions> Options = ReadOptions(InArgumentCount, InArguments, ExitCode);
 	if (!Options)
 	{
 		return ExitCode;
 	}
-	const QtMessageHandler Usual = qInstallMessageHandler(TellFatal);
+	const QtMessageHandler Usual = qInstallMessageHandler(ReportFatal);
 	QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
 	QQuickStyle::setStyle("Basic");
-	// What is left of the arguments is not Qt's.
+	// Qt gets none of the arguments.
 	int NumQtArguments = 1;
-	QGuiApplication Application(NumQtArguments, Arguments);
+	QGuiApplication Application(NumQtArguments, InArguments);
 	qInstallMessageHandler(Usual);
 	QGuiApplication::setApplicationName("flitmark-player");
 	QGuiApplication::setApplicationDisplayName("Flitmark");
@@ -146,7 +146,7 @@ int Run(int ArgumentCount, char** Arguments)
 	const FQuitSignals Signals;
 	if (!HasOpenGl())
 	{
-		return PrintError("OpenGL is missing, with which the video is drawn; install a driver for it, such as Mesa's");
+		return PrintError("OpenGL is missing; install a driver for it, such as Mesa's");
 	}
 	std::string Error;
 	const std::unique_ptr<FPlayerWindow> Window = FPlayerWindow::Create(*Options, Error);
@@ -157,11 +157,11 @@ int Run(int ArgumentCount, char** Arguments)
 
 } // namespace Flitmark
 
-int main(int ArgumentCount, char** Arguments)
+int main(int InArgumentCount, char** InArguments)
 {
 	try
 	{
-		return Flitmark::Run(ArgumentCount, Arguments);
+		return Flitmark::Run(InArgumentCount, InArguments);
 	}
 	catch (const std::exception& Exception)
 	{

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// One of the panel's preset colours; the box's name ends in its digits.
+// One of the panel's preset colors; the box's name ends in its digits.
 AbstractButton {
 	id: root
 
@@ -50,7 +50,7 @@ AbstractButton {
 				visible: root.mirror.checked
 				size: 14
 				name: "check"
-				// Light upon dark colours, dark upon light ones.
+				// Light on dark colors, dark on light ones.
 				color: root.preset.hslLightness > 0.6 ? "#16181d" : "white"
 			}
 		}

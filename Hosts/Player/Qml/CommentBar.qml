@@ -9,10 +9,10 @@ FocusScope {
 
 	readonly property var bar: Viewer.bar
 	readonly property var panel: Viewer.panel
-	// Somebody is at it: it must not fade away.
+	// In use: must not fade out.
 	readonly property bool busy: activeFocus || panel.displayed || pointer.hovered
 
-	// The keyboard is of no use here any more.
+	// Done with the keyboard here.
 	signal done
 
 	function focusField() {
@@ -61,7 +61,7 @@ FocusScope {
 			enabled: root.bar.settings.usable
 			focusPolicy: Qt.TabFocus
 			Accessible.name: qsTr("Comment style")
-			Accessible.description: qsTr("Position, size and colour of your comments")
+			Accessible.description: qsTr("Position, size and color of your comments")
 			Keys.onPressed: event => {
 				if ([Qt.Key_Space, Qt.Key_Return, Qt.Key_Enter].includes(event.key)) {
 					root.holdPanel()
@@ -81,14 +81,14 @@ FocusScope {
 			HoverHandler {
 				id: settingsPointer
 
-				// A touch leaves as soon as it has come.
+				// A touch leaves as soon as it arrives.
 				acceptedDevices: PointerDevice.AllDevices & ~PointerDevice.TouchScreen
 				onHoveredChanged: {
 					if (hovered) {
 						root.bar.settings.Hover()
 					} else if (!stylePanel.held) {
 						root.bar.settings.Unhover()
-						// What the pointer came to may have been told before what it left.
+						// Enter events may come before leave events.
 						if (stylePanel.underPointer)
 							root.panel.Enter()
 					}
@@ -112,7 +112,7 @@ FocusScope {
 					color: root.panel.displayed || settingsPointer.hovered ? Theme.text : Theme.textSoft
 				}
 
-				// The colour that is sent.
+				// The color that is sent.
 				Rectangle {
 					anchors.horizontalCenter: parent.horizontalCenter
 					anchors.bottom: parent.bottom
@@ -181,7 +181,7 @@ FocusScope {
 			Keys.onReturnPressed: click()
 			Keys.onEnterPressed: click()
 			onClicked: {
-				// What is still being composed belongs to the comment.
+				// Text still being composed is part of the comment.
 				Qt.inputMethod.commit()
 				root.bar.send.Click()
 			}
@@ -227,7 +227,7 @@ FocusScope {
 	Connections {
 		target: root.bar.settings
 
-		// A button that is switched off never tells that the pointer left it.
+		// A disabled button never reports that the pointer left.
 		function onUsableChanged() {
 			if (!root.bar.settings.usable) {
 				stylePanel.held = false
@@ -248,8 +248,8 @@ FocusScope {
 		}
 	}
 
-	// A touch or click beside button and panel lets go of a panel that was opened without a pointer. It lies above all
-	// so that it is told first, and takes nothing.
+	// A touch or click outside closes a panel that was opened without a pointer. On top of everything, so that it hears
+	// of it first, and passes everything on.
 	Item {
 		parent: root.Window.contentItem
 		anchors.fill: parent

@@ -1,7 +1,7 @@
 import QtQuick
 import Flitmark
 
-// A stretch of picture with a comment as the settings would have it, in its real size and at its usual speed.
+// A comment with the current settings, at its real size and usual speed.
 Rectangle {
 	id: root
 
@@ -10,7 +10,7 @@ Rectangle {
 	required property real speedScale
 	// Logical pixels per unit of the overlay's canvas, as it is when the preview appears.
 	readonly property real unit: visible ? Preferences.GetScale() : 1
-	// A comment of middling haste crosses 200 units in a second.
+	// A comment of average speed crosses 200 units per second.
 	readonly property real speed: 200 * unit * speedScale
 
 	clip: true
@@ -25,7 +25,7 @@ Rectangle {
 
 		anchors.verticalCenter: parent.verticalCenter
 		x: root.width
-		text: qsTr("This is how a comment looks")
+		text: qsTr("Your comments look like this")
 		// Points at 96 DPI.
 		font.pixelSize: Math.max(1, root.fontSize * 96 / 72 * root.unit)
 		color: "white"

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// The overlay's switch.
+// Switches the overlay on and off.
 AbstractButton {
 	id: root
 

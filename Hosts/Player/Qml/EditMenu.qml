@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// What a right click on a field offers.
+// The context menu of a text field.
 PlayerMenu {
 	id: root
 

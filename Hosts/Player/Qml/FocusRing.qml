@@ -1,7 +1,7 @@
 import QtQuick
 import Flitmark
 
-// Shows where the keyboard is, around its parent.
+// Marks its parent as having the keyboard focus.
 Rectangle {
 	anchors.fill: parent
 	anchors.margins: -3

@@ -4,7 +4,7 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Flitmark
 
-// All keys and what they do.
+// The keyboard shortcuts.
 Popup {
 	id: root
 
@@ -123,7 +123,7 @@ Popup {
 				id: title
 
 				Layout.fillWidth: true
-				text: qsTr("Keyboard")
+				text: qsTr("Keyboard shortcuts")
 				color: Theme.text
 				font.pixelSize: Theme.fontLarge
 				font.weight: Font.DemiBold

@@ -8,7 +8,7 @@ ApplicationWindow {
 
 	readonly property bool fullScreen: visibility === Window.FullScreen
 	property int usualVisibility: Window.Windowed
-	// While they play undisturbed, videos are alone.
+	// Hidden while a video plays undisturbed.
 	readonly property bool controlsShown: !Player.playing || stir.running || transport.busy || commentBar.busy || pageShown
 	readonly property bool pageShown: settingsPage.visible || keyboardPage.visible
 	readonly property bool inText: activeFocusItem !== null && activeFocusItem.cursorPosition !== undefined
@@ -34,7 +34,7 @@ ApplicationWindow {
 	color: Theme.window
 	title: Player.open ? Player.title : "Flitmark"
 	onControlsShownChanged: {
-		// What has faded has no focus.
+		// Hidden controls must not keep the focus.
 		if (!controlsShown && !commentBar.activeFocus)
 			view.forceActiveFocus()
 	}
@@ -83,7 +83,7 @@ ApplicationWindow {
 		HoverHandler {
 			id: pointer
 
-			// Also when something moves below a resting pointer, which is no stirring.
+			// Also changes when something moves under a resting pointer, which doesn't count.
 			property point last
 
 			onPointChanged: {
@@ -111,7 +111,7 @@ ApplicationWindow {
 			CommentLayer {
 				id: comments
 
-				// The picture's own rectangle, without the bars beside it.
+				// The picture's own rectangle, without the black bars.
 				readonly property size picture: Player.videoSize
 				readonly property real fit: picture.width > 0
 					? Math.min(view.width / picture.width, view.height / picture.height) : 0
@@ -140,7 +140,7 @@ ApplicationWindow {
 				}
 				onWheel: wheel => Player.ChangeVolume(wheel.angleDelta.y / 120 * 5)
 
-				// A double click is no click.
+				// Wait to see if it becomes a double click.
 				Timer {
 					id: clickTimer
 
@@ -238,7 +238,7 @@ ApplicationWindow {
 
 			Text {
 				anchors.centerIn: parent
-				text: qsTr("Drop a video or a file of comments")
+				text: qsTr("Drop a video or a comment file")
 				color: Theme.text
 				font.pixelSize: Theme.fontLarge
 			}
@@ -288,7 +288,7 @@ ApplicationWindow {
 			qsTr("Comments (%1)").arg("*.json *.xml *.pb *.bin *.jsonl *.protobuf"),
 			qsTr("All files (%1)").arg("*")
 		]
-		onAccepted: Player.OpenComments(selectedFile.toString())
+		onAccepted: Player.comments.Open(selectedFile.toString())
 	}
 
 	Connections {

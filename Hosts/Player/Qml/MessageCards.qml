@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// What went wrong, until the viewer puts it away.
+// Errors, until the viewer dismisses them.
 Column {
 	id: root
 
@@ -33,7 +33,7 @@ Column {
 			Accessible.role: Accessible.AlertMessage
 			Accessible.name: message
 
-			// Clicks are not for the picture behind.
+			// Keeps clicks from the picture behind.
 			MouseArea { anchors.fill: parent }
 
 			Icon {
@@ -68,7 +68,7 @@ Column {
 				anchors.rightMargin: 8
 				y: 8
 				sign: "close"
-				text: qsTr("Close message")
+				text: qsTr("Dismiss")
 				onClicked: Player.messages.Dismiss(card.index)
 			}
 		}

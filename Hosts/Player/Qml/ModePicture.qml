@@ -1,7 +1,7 @@
 import QtQuick
 import Flitmark
 
-// A small screen with the lines that a comment of this mode may stand on.
+// A small screen with the lines that comments of this mode use.
 Rectangle {
 	id: root
 

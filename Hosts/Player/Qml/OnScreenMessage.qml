@@ -1,14 +1,14 @@
 import QtQuick
 import Flitmark
 
-// What was done last; fades by itself.
+// A short message about the last action; fades out by itself.
 Rectangle {
 	id: root
 
 	function show(text) {
 		label.text = text
 		opacity = 1
-		// Time enough to read it.
+		// Long enough to read it.
 		timer.interval = 1200 + Math.max(0, text.length - 20) * 45
 		timer.restart()
 	}

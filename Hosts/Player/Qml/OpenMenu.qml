@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// What can be opened: any file, and what was played before.
+// Open a file, or one of the recent videos.
 PlayerMenu {
 	id: root
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// A button with a caption on a page; the prominent one is what most viewers want.
+// A text button on a page; the prominent one is what most viewers want.
 AbstractButton {
 	id: root
 

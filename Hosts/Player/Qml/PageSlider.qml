@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Flitmark
 
-// A slider with what it sets and to what.
+// A slider with a label and its value.
 ColumnLayout {
 	id: root
 
@@ -45,7 +45,7 @@ ColumnLayout {
 		Accessible.description: reading.text
 		onMoved: root.moved(value)
 
-		// Its own moves break a plain binding.
+		// Dragging would break a plain binding.
 		Binding on value { value: root.value }
 	}
 }

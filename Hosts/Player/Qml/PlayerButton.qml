@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// A button of the transport: a sign, a tip that names its key, no focus by the pointer.
+// A button of the transport: an icon, a tooltip that names its key, no focus on click.
 AbstractButton {
 	id: root
 

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// A menu in the player's looks; what is chosen has a tick.
+// A menu in the player's style; the current choice has a check mark.
 Menu {
 	id: root
 

@@ -3,7 +3,7 @@ import QtQuick.Controls.Basic
 import QtQuick.Shapes
 import Flitmark
 
-// Where the video is, where it can be sent to, and how many comments come when.
+// The position, seeking, and the density of comments.
 Item {
 	id: root
 
@@ -26,9 +26,9 @@ Item {
 	Accessible.onIncreaseAction: Player.SeekBy(5)
 	Accessible.onDecreaseAction: Player.SeekBy(-5)
 
-	// Comments to come, and brighter those that have been.
+	// Comments to come, and those already shown, brighter.
 	Repeater {
-		model: Player.hasDensity ? 2 : 0
+		model: Player.comments.hasDensity ? 2 : 0
 
 		Item {
 			id: part
@@ -56,7 +56,7 @@ Item {
 					fillColor: part.index === 0 ? "#9aa3b2" : Theme.accent
 					scale: Qt.size(root.width, track.y)
 
-					PathPolyline { path: Player.density }
+					PathPolyline { path: Player.comments.density }
 				}
 			}
 		}
@@ -118,7 +118,7 @@ Item {
 	MouseArea {
 		id: area
 
-		// As far as the row of buttons, and a little beyond the ends, so that both can be hit.
+		// Reaches down to the buttons and a little past the ends, which are hard to hit otherwise.
 		anchors.fill: parent
 		anchors.topMargin: 16
 		enabled: root.usable

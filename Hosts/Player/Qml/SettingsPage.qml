@@ -4,7 +4,7 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Flitmark
 
-// The viewer's preferences; what is changed holds at once.
+// The viewer's preferences; changes apply at once.
 Popup {
 	id: root
 
@@ -73,7 +73,7 @@ Popup {
 			Layout.fillWidth: true
 			label: qsTr("Speed of all comments")
 			valueText: qsTr("%1×").arg(Number(Preferences.speedScale).toLocaleString(Qt.locale(), "f", 2))
-			// Half and double are as far from 1.
+			// Half and double are equally far from 1.
 			from: Math.log2(Preferences.slowestSpeedScale)
 			to: Math.log2(Preferences.fastestSpeedScale)
 			stepSize: 0.1
@@ -96,7 +96,7 @@ Popup {
 
 			PageButton {
 				objectName: "Defaults"
-				text: qsTr("Defaults")
+				text: qsTr("Reset to defaults")
 				onClicked: Preferences.Restore()
 			}
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Flitmark
 
-// Every key and what it does: the one list that is both obeyed and shown.
+// Every key and what it does: one list, for handling keys and for the page that shows them.
 QtObject {
 	id: root
 
@@ -9,24 +9,24 @@ QtObject {
 
 	readonly property var groups: [
 		{
-			title: qsTr("Playing"),
+			title: qsTr("Playback"),
 			lines: [
 				{ keys: ["Space", "K"], text: qsTr("Play or pause"), run: () => Player.TogglePlaying() },
-				{ keys: ["Left", "Right"], text: qsTr("5 seconds back, forward"), runs: [() => Player.SeekBy(-5), () => Player.SeekBy(5)] },
-				{ keys: ["Shift+Left", "Shift+Right"], text: qsTr("1 second back, forward"), runs: [() => Player.SeekBy(-1), () => Player.SeekBy(1)] },
-				{ keys: ["Ctrl+Left", "Ctrl+Right"], text: qsTr("30 seconds back, forward"), runs: [() => Player.SeekBy(-30), () => Player.SeekBy(30)] },
-				{ keys: [",", "."], text: qsTr("Previous, next frame"), runs: [() => Player.StepFrame(false), () => Player.StepFrame(true)] },
-				{ keys: ["Home", "End"], text: qsTr("Start, end"), runs: [() => Player.SeekTo(0), () => Player.SeekTo(Player.duration)] },
-				{ keys: ["0", "…", "9"], text: qsTr("To the tenth of that number"), run: name => Player.SeekTo(Player.duration * Number(name) / 10), also: ["1", "2", "3", "4", "5", "6", "7", "8"] },
-				{ keys: ["[", "]"], text: qsTr("Slower, faster"), runs: [() => Player.ChangeSpeed(false), () => Player.ChangeSpeed(true)] },
+				{ keys: ["Left", "Right"], text: qsTr("Back or forward 5 seconds"), runs: [() => Player.SeekBy(-5), () => Player.SeekBy(5)] },
+				{ keys: ["Shift+Left", "Shift+Right"], text: qsTr("Back or forward 1 second"), runs: [() => Player.SeekBy(-1), () => Player.SeekBy(1)] },
+				{ keys: ["Ctrl+Left", "Ctrl+Right"], text: qsTr("Back or forward 30 seconds"), runs: [() => Player.SeekBy(-30), () => Player.SeekBy(30)] },
+				{ keys: [",", "."], text: qsTr("Previous or next frame"), runs: [() => Player.StepFrame(false), () => Player.StepFrame(true)] },
+				{ keys: ["Home", "End"], text: qsTr("Start or end"), runs: [() => Player.SeekTo(0), () => Player.SeekTo(Player.duration)] },
+				{ keys: ["0", "…", "9"], text: qsTr("Jump to 0% … 90%"), run: name => Player.SeekTo(Player.duration * Number(name) / 10), also: ["1", "2", "3", "4", "5", "6", "7", "8"] },
+				{ keys: ["[", "]"], text: qsTr("Slower or faster"), runs: [() => Player.ChangeSpeed(false), () => Player.ChangeSpeed(true)] },
 				{ keys: ["Backspace"], text: qsTr("Normal speed"), run: () => Player.speed = 1 }
 			]
 		},
 		{
 			title: qsTr("Sound"),
 			lines: [
-				{ keys: ["Up", "Down"], text: qsTr("Louder, quieter"), runs: [() => Player.ChangeVolume(5), () => Player.ChangeVolume(-5)] },
-				{ keys: ["M"], text: qsTr("Sound off, on"), run: () => Player.muted = !Player.muted }
+				{ keys: ["Up", "Down"], text: qsTr("Volume up or down"), runs: [() => Player.ChangeVolume(5), () => Player.ChangeVolume(-5)] },
+				{ keys: ["M"], text: qsTr("Mute or unmute"), run: () => Player.muted = !Player.muted }
 			]
 		},
 		{
@@ -42,8 +42,8 @@ QtObject {
 			lines: [
 				{ keys: ["Ctrl+O"], text: qsTr("Open a video"), run: () => root.actions.openVideo(), always: true },
 				{ keys: ["F", "F11"], text: qsTr("Full screen"), run: () => root.actions.toggleFullScreen() },
-				{ keys: ["Esc"], text: qsTr("Back: close a page, leave full screen"), run: () => root.actions.goBack() },
-				{ keys: ["F1", "?"], text: qsTr("This page"), run: () => root.actions.showKeys() },
+				{ keys: ["Esc"], text: qsTr("Close a page, exit full screen"), run: () => root.actions.goBack() },
+				{ keys: ["F1", "?"], text: qsTr("Keyboard shortcuts"), run: () => root.actions.showKeys() },
 				{ keys: ["Ctrl+,"], text: qsTr("Settings"), run: () => root.actions.showSettings(), always: true },
 				{ keys: ["Ctrl+I"], text: qsTr("Statistics"), run: () => root.actions.toggleStatistics(), always: true },
 				{ keys: ["Ctrl+Q", "Ctrl+W"], text: qsTr("Quit"), run: () => root.actions.quit(), always: true }
@@ -51,7 +51,7 @@ QtObject {
 		}
 	]
 
-	// Name of a key to what it does.
+	// From the name of a key to its action.
 	readonly property var table: {
 		const found = new Map()
 		for (const group of groups) {
@@ -80,7 +80,7 @@ QtObject {
 		return event.modifiers & Qt.AltModifier ? "" : event.text.toUpperCase()
 	}
 
-	// True where the key was one of ours. In a text field only those count that write nothing.
+	// True if the key was handled. In a text field, only keys that don't type anything are.
 	function handle(event, inText) {
 		const name = nameOf(event)
 		const found = table.get(name)

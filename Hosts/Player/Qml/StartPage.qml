@@ -3,7 +3,7 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Flitmark
 
-// What there is to do while nothing is open.
+// Shown while nothing is open.
 Item {
 	id: root
 
@@ -33,7 +33,7 @@ Item {
 			Layout.fillWidth: true
 			horizontalAlignment: Text.AlignHCenter
 			wrapMode: Text.Wrap
-			text: qsTr("or drop one here, with its file of comments if you like.")
+			text: qsTr("or drop one here, along with a comment file if you have one.")
 			color: Theme.textSoft
 			font.pixelSize: Theme.font
 		}
@@ -53,7 +53,7 @@ Item {
 			Layout.bottomMargin: 6
 			Layout.leftMargin: 12
 			visible: list.count > 0
-			text: qsTr("Played last")
+			text: qsTr("Recently played")
 			color: Theme.textOff
 			font.pixelSize: Theme.fontSmall
 		}
@@ -85,7 +85,7 @@ Item {
 				focusPolicy: Qt.TabFocus
 				opacity: missing ? 0.5 : 1
 				text: videoTitle
-				Accessible.name: missing ? qsTr("%1, no longer there").arg(videoTitle) : videoTitle
+				Accessible.name: missing ? qsTr("%1, not found").arg(videoTitle) : videoTitle
 				Keys.onReturnPressed: click()
 				Keys.onEnterPressed: click()
 				Keys.onDeletePressed: Player.recents.Remove(index)
@@ -142,7 +142,7 @@ Item {
 						anchors.verticalCenter: parent.verticalCenter
 						visible: line.hovered || line.visualFocus
 						sign: "close"
-						text: qsTr("Take out of the list")
+						text: qsTr("Remove from list")
 						keys: qsTr("Delete")
 						focusPolicy: Qt.NoFocus
 						onClicked: Player.recents.Remove(line.index)

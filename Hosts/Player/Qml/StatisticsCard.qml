@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Flitmark
 
-// What drawing costs, for those who want to know.
+// Rendering statistics.
 Rectangle {
 	id: root
 
@@ -17,14 +17,14 @@ Rectangle {
 	}
 
 	readonly property var lines: [
-		[qsTr("Frames a second"), figures.framesPerSecond.toFixed(1)],
-		[qsTr("Frame time, mean"), milliseconds(figures.meanWork)],
-		[qsTr("Frame time, worst of 5 s"), milliseconds(figures.worstWork)],
-		[qsTr("Comments alive"), figures.comments],
+		[qsTr("Frames per second"), figures.framesPerSecond.toFixed(1)],
+		[qsTr("Frame time, average"), milliseconds(figures.meanWork)],
+		[qsTr("Frame time, worst in 5 s"), milliseconds(figures.worstWork)],
+		[qsTr("Comments on screen"), figures.comments],
 		[qsTr("Sprites made"), figures.spritesMade],
 		[qsTr("Sprites waiting"), figures.spritesWaiting],
 		[qsTr("Texture memory"), megabytes(figures.textureBytes)],
-		[qsTr("Picture"), Player.videoSize.width + " × " + Player.videoSize.height],
+		[qsTr("Resolution"), Player.videoSize.width + " × " + Player.videoSize.height],
 		[qsTr("Decoder"), figures.decoder.length > 0 ? figures.decoder : qsTr("software")]
 	]
 

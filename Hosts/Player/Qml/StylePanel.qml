@@ -3,13 +3,13 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Flitmark
 
-// The module's style panel: how the comments that the viewer sends look. It stands where its parent puts it, and the
-// module says when.
+// The module's style panel, for the comments that the viewer sends. Its parent places it; the module shows and hides
+// it.
 FocusScope {
 	id: root
 
 	readonly property var mirror: Viewer.panel
-	// The pointer's leaving is no reason to hide: it was opened, and is used, without one.
+	// Opened and used without a pointer, so a leaving pointer doesn't hide it.
 	property bool held: false
 	readonly property bool underPointer: pointer.hovered
 	readonly property var captions: ({
@@ -86,7 +86,7 @@ FocusScope {
 		color: Theme.raised
 		border.color: Theme.line
 
-		// Clicks beside the controls are not for the picture behind.
+		// Keeps clicks between the controls from the picture behind.
 		MouseArea {
 			anchors.fill: parent
 			acceptedButtons: Qt.AllButtons
@@ -161,7 +161,7 @@ FocusScope {
 
 		SectionTitle {
 			Layout.topMargin: 6
-			text: qsTr("Colour")
+			text: qsTr("Color")
 		}
 
 		RowLayout {
@@ -190,7 +190,7 @@ FocusScope {
 				font.family: "monospace"
 				font.pixelSize: 13
 				inputMethodHints: Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase | Qt.ImhLatinOnly
-				Accessible.name: qsTr("Colour, as six hexadecimal digits")
+				Accessible.name: qsTr("Color, as six hex digits")
 
 				Rectangle {
 					objectName: "Swatch"

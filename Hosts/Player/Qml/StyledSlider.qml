@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// A slider in the player's looks.
+// A slider in the player's style.
 Slider {
 	id: root
 

@@ -1,16 +1,16 @@
 pragma Singleton
 import QtQuick
 
-// One place for how everything looks. Sizes are logical pixels.
+// Colors, sizes and times of the whole window. Sizes are logical pixels.
 QtObject {
-	// What lies behind the picture.
+	// Behind the picture.
 	readonly property color window: "#000000"
 	// Strips and pages.
 	readonly property color surface: "#17181c"
-	// Panels and menus above the picture.
+	// Panels and menus over the picture.
 	readonly property color raised: "#202228"
 	readonly property color scrim: "#b0000000"
-	// A field one types into.
+	// Text fields.
 	readonly property color field: "#0f1013"
 	readonly property color line: "#33363e"
 	readonly property color hover: "#1affffff"
@@ -22,7 +22,7 @@ QtObject {
 
 	readonly property color accent: "#3ea6ff"
 	readonly property color accentSoft: "#603ea6ff"
-	// Upon the accent colour.
+	// On the accent color.
 	readonly property color accentText: "#06121d"
 	readonly property color focus: "#9fd2ff"
 	readonly property color warning: "#ffb454"
@@ -46,6 +46,6 @@ QtObject {
 	// Milliseconds.
 	readonly property int quick: 120
 	readonly property int fade: 220
-	// How long the controls stay after the last movement.
+	// How long the controls stay after the last activity.
 	readonly property int stay: 2500
 }

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// A word about the control that it is in.
+// The tooltip of the control that it is in.
 ToolTip {
 	id: root
 

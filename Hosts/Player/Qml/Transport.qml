@@ -3,12 +3,12 @@ import QtQuick.Controls.Basic
 import QtQuick.Layouts
 import Flitmark
 
-// What a player is steered with, over the picture's lower edge.
+// The playback controls, over the lower edge of the picture.
 FocusScope {
 	id: root
 
 	required property bool fullScreen
-	// Somebody is at it: it must not fade away.
+	// In use: must not fade out.
 	readonly property bool busy: hover.hovered || seekBar.dragging || speedMenu.visible || openMenu.visible || tabbed
 	readonly property bool tabbed: activeFocus
 
@@ -26,7 +26,7 @@ FocusScope {
 
 	HoverHandler { id: hover }
 
-	// The picture shows through, and what is written here can be read on any of it.
+	// The picture shows through, but text stays legible on any of it.
 	Rectangle {
 		anchors.bottom: parent.bottom
 		width: parent.width
@@ -75,7 +75,7 @@ FocusScope {
 
 				objectName: "MuteButton"
 				sign: root.volumeSign()
-				text: Player.muted ? qsTr("Sound on") : qsTr("Sound off")
+				text: Player.muted ? qsTr("Unmute") : qsTr("Mute")
 				keys: "M"
 				onClicked: Player.muted = !Player.muted
 			}
@@ -95,7 +95,7 @@ FocusScope {
 					Player.volume = value
 				}
 
-				// Its own moves break a plain binding.
+				// Dragging would break a plain binding.
 				Binding on value { value: Player.volume }
 			}
 
@@ -116,9 +116,8 @@ FocusScope {
 				visible: root.width > 760 && text.length > 0
 				Layout.rightMargin: 6
 				Layout.maximumWidth: 260
-				text: Player.loadingComments ? qsTr("Reading comments…")
-					: Player.commentsName.length > 0 ? Player.commentCount === 1 ? qsTr("1 comment")
-					: qsTr("%1 comments").arg(Player.commentCount.toLocaleString(Qt.locale(), "f", 0)) : ""
+				text: Player.comments.loading ? qsTr("Loading comments…")
+					: Player.comments.name.length > 0 ? Player.comments.countText : ""
 				elide: Text.ElideMiddle
 				color: Theme.textSoft
 				font.pixelSize: Theme.fontSmall
@@ -170,7 +169,7 @@ FocusScope {
 			PlayerButton {
 				objectName: "KeyboardButton"
 				sign: "keyboard"
-				text: qsTr("Keyboard")
+				text: qsTr("Keyboard shortcuts")
 				keys: "F1"
 				onClicked: root.showKeys()
 			}
@@ -202,7 +201,7 @@ FocusScope {
 			PlayerButton {
 				objectName: "FullScreenButton"
 				sign: root.fullScreen ? "windowed" : "fullscreen"
-				text: root.fullScreen ? qsTr("Leave full screen") : qsTr("Full screen")
+				text: root.fullScreen ? qsTr("Exit full screen") : qsTr("Full screen")
 				keys: "F"
 				onClicked: root.toggleFullScreen()
 			}

@@ -2,16 +2,16 @@ import QtQuick
 import QtQuick.Controls.Basic
 import Flitmark
 
-// A field of the module: what it reads is what stands here, and what the viewer writes is handed in to it. What an input
-// method still composes is neither handed in nor touched.
+// A field of the module: shows the module's text, and passes on what the viewer types. Text still being composed by an
+// input method is neither passed on nor touched.
 TextField {
 	id: root
 
 	required property var mirror
 	readonly property bool composing: preeditText.length > 0
-	// Our own changes of the text, which are not to be handed in.
+	// Set during our own changes of the text, which are not passed on.
 	property bool taking: false
-	// The mirror's changes that answer us.
+	// Set while the mirror responds to our changes.
 	property bool handing: false
 
 	function handIn() {
@@ -27,7 +27,7 @@ TextField {
 		}
 	}
 
-	// The module may have cut or rewritten the text: the smallest edit keeps the cursor and what can be undone.
+	// The module may have cut or rewritten the text: the smallest edit preserves the cursor and the undo history.
 	function settle() {
 		const wanted = mirror.text
 		if (composing || text === wanted)
@@ -47,7 +47,7 @@ TextField {
 		taking = false
 	}
 
-	// A step to a text that the module does not keep, such as a paste before it was cut, is passed over.
+	// Skips steps to a text that the module doesn't accept, such as a paste before it was cut.
 	function replay(step, possible) {
 		taking = true
 		do {
@@ -88,7 +88,7 @@ TextField {
 		taking = false
 	}
 	onTextChanged: handInAndSettle()
-	// It may be told before the text that was composed.
+	// May come before the composed text.
 	onComposingChanged: if (!composing) handInAndSettle()
 	onActiveFocusChanged: activeFocus ? mirror.TakeFocus() : mirror.LeaveFocus()
 

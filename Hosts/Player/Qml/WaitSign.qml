@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Shapes
 import Flitmark
 
-// Turns while something is waited for; not for what takes no time.
+// A spinner; does not show for short waits.
 Item {
 	id: root
 
@@ -25,7 +25,7 @@ Item {
 		}
 	}
 
-	// To be seen on light pictures too.
+	// Visible on light pictures too.
 	Rectangle {
 		anchors.fill: parent
 		anchors.margins: -12

@@ -8,7 +8,7 @@
         <translation>コメントのスタイル</translation>
     </message>
     <message>
-        <source>Position, size and colour of your comments</source>
+        <source>Position, size and color of your comments</source>
         <translation>自分のコメントの位置・サイズ・色</translation>
     </message>
     <message>
@@ -40,8 +40,8 @@
 <context>
     <name>CommentPreview</name>
     <message>
-        <source>This is how a comment looks</source>
-        <translation>コメントはこう見えます</translation>
+        <source>Your comments look like this</source>
+        <translation>コメントの表示例</translation>
     </message>
 </context>
 <context>
@@ -75,6 +75,25 @@
     </message>
 </context>
 <context>
+    <name>Flitmark::FCommentSession</name>
+    <message>
+        <source>comments have to be in a file. Download them first.</source>
+        <translation>コメントはファイルからのみ読み込めます。先にダウンロードしてください。</translation>
+    </message>
+    <message>
+        <source>Can&apos;t read %1: %2</source>
+        <translation>%1を読み込めません：%2</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>コメント1件</translation>
+    </message>
+    <message>
+        <source>%L1 comments</source>
+        <translation>コメント%L1件</translation>
+    </message>
+</context>
+<context>
     <name>Flitmark::FPlayer</name>
     <message>
         <source>Playing</source>
@@ -97,54 +116,38 @@
         <translation>速度 %1</translation>
     </message>
     <message>
-        <source>Volume %1 %</source>
+        <source>Volume %1%</source>
         <translation>音量 %1%</translation>
     </message>
     <message>
-        <source>Sound off</source>
+        <source>Muted</source>
         <translation>ミュート</translation>
     </message>
     <message>
-        <source>Sound on</source>
+        <source>Unmuted</source>
         <translation>ミュート解除</translation>
     </message>
     <message>
-        <source>%1 cannot be played: %2</source>
+        <source>Can&apos;t play %1: %2</source>
         <translation>%1を再生できません：%2</translation>
-    </message>
-    <message>
-        <source>comments are read from files only. Download them first.</source>
-        <translation>コメントはファイルからのみ読み込めます。先にダウンロードしてください。</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>%1を読み込めません：%2</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>コメント1件</translation>
-    </message>
-    <message>
-        <source>%L1 comments</source>
-        <translation>コメント%L1件</translation>
     </message>
     <message>
         <source>Open a video to see them.</source>
         <translation>動画を開くと表示されます。</translation>
     </message>
     <message>
-        <source>Video cannot be drawn: %1.</source>
+        <source>Can&apos;t show the video: %1.</source>
         <translation>映像を表示できません：%1。</translation>
     </message>
     <message>
-        <source>Some comments are not drawn in full: they are too large or too many.</source>
-        <translation>一部のコメントは、大きすぎるか多すぎるため、すべては描画されません。</translation>
+        <source>Some comments can&apos;t be drawn in full: they are too large, or there are too many.</source>
+        <translation>大きすぎるか多すぎるため、一部のコメントを完全には表示できません。</translation>
     </message>
 </context>
 <context>
     <name>Flitmark::FPreferences</name>
     <message>
-        <source>Your settings could not be saved: %1.</source>
+        <source>Couldn&apos;t save your settings: %1.</source>
         <translation>設定を保存できませんでした：%1。</translation>
     </message>
 </context>
@@ -153,6 +156,40 @@
     <message>
         <source>A video is playing</source>
         <translation>動画を再生しています</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::MediaPaths</name>
+    <message>
+        <source>no such file. Was it moved or renamed?</source>
+        <translation>ファイルが見つかりません。移動されたか、名前が変更された可能性があります。</translation>
+    </message>
+    <message>
+        <source>it&apos;s a folder. Choose a file in it.</source>
+        <translation>フォルダーです。中のファイルを選んでください。</translation>
+    </message>
+    <message>
+        <source>you don&apos;t have permission to read it. Change the file&apos;s permissions.</source>
+        <translation>読み取る権限がありません。ファイルのアクセス権を変更してください。</translation>
+    </message>
+    <message>
+        <source>the file is empty. Was it copied completely?</source>
+        <translation>ファイルが空です。最後までコピーされているか確認してください。</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::PlayerText</name>
+    <message>
+        <source>the format is unknown, or the file is damaged.</source>
+        <translation>対応していない形式か、ファイルが壊れています。</translation>
+    </message>
+    <message>
+        <source>it has no video or audio that can be decoded.</source>
+        <translation>デコードできる映像も音声もありません。</translation>
+    </message>
+    <message>
+        <source>Check the address and the connection.</source>
+        <translation>アドレスと接続を確認してください。</translation>
     </message>
 </context>
 <context>
@@ -182,8 +219,8 @@
         <translation>Esc</translation>
     </message>
     <message>
-        <source>Keyboard</source>
-        <translation>キーボード操作</translation>
+        <source>Keyboard shortcuts</source>
+        <translation>キーボードショートカット</translation>
     </message>
     <message>
         <source>Close</source>
@@ -193,7 +230,7 @@
 <context>
     <name>Main</name>
     <message>
-        <source>Drop a video or a file of comments</source>
+        <source>Drop a video or a comment file</source>
         <translation>動画またはコメントファイルをドロップ</translation>
     </message>
     <message>
@@ -220,7 +257,7 @@
 <context>
     <name>MessageCards</name>
     <message>
-        <source>Close message</source>
+        <source>Dismiss</source>
         <translation>メッセージを閉じる</translation>
     </message>
 </context>
@@ -289,7 +326,7 @@
         <translation>%1×</translation>
     </message>
     <message>
-        <source>Defaults</source>
+        <source>Reset to defaults</source>
         <translation>初期設定に戻す</translation>
     </message>
     <message>
@@ -300,7 +337,7 @@
 <context>
     <name>Shortcuts</name>
     <message>
-        <source>Playing</source>
+        <source>Playback</source>
         <translation>再生</translation>
     </message>
     <message>
@@ -308,31 +345,31 @@
         <translation>再生・一時停止</translation>
     </message>
     <message>
-        <source>5 seconds back, forward</source>
+        <source>Back or forward 5 seconds</source>
         <translation>5秒戻る・進む</translation>
     </message>
     <message>
-        <source>1 second back, forward</source>
+        <source>Back or forward 1 second</source>
         <translation>1秒戻る・進む</translation>
     </message>
     <message>
-        <source>30 seconds back, forward</source>
+        <source>Back or forward 30 seconds</source>
         <translation>30秒戻る・進む</translation>
     </message>
     <message>
-        <source>Previous, next frame</source>
+        <source>Previous or next frame</source>
         <translation>前・次のフレーム</translation>
     </message>
     <message>
-        <source>Start, end</source>
+        <source>Start or end</source>
         <translation>先頭・末尾</translation>
     </message>
     <message>
-        <source>To the tenth of that number</source>
-        <translation>その数字×10%の位置へ</translation>
+        <source>Jump to 0% … 90%</source>
+        <translation>0%〜90%の位置へ</translation>
     </message>
     <message>
-        <source>Slower, faster</source>
+        <source>Slower or faster</source>
         <translation>遅く・速く</translation>
     </message>
     <message>
@@ -344,11 +381,11 @@
         <translation>音声</translation>
     </message>
     <message>
-        <source>Louder, quieter</source>
+        <source>Volume up or down</source>
         <translation>音量を上げる・下げる</translation>
     </message>
     <message>
-        <source>Sound off, on</source>
+        <source>Mute or unmute</source>
         <translation>ミュート・解除</translation>
     </message>
     <message>
@@ -380,12 +417,12 @@
         <translation>全画面</translation>
     </message>
     <message>
-        <source>Back: close a page, leave full screen</source>
-        <translation>戻る：ページを閉じる・全画面を終了</translation>
+        <source>Close a page, exit full screen</source>
+        <translation>ページを閉じる・全画面を終了</translation>
     </message>
     <message>
-        <source>This page</source>
-        <translation>このページ</translation>
+        <source>Keyboard shortcuts</source>
+        <translation>キーボードショートカット</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -407,7 +444,7 @@
         <translation>動画を開く</translation>
     </message>
     <message>
-        <source>or drop one here, with its file of comments if you like.</source>
+        <source>or drop one here, along with a comment file if you have one.</source>
         <translation>または、ここにドロップ（コメントファイルと一緒でも可）</translation>
     </message>
     <message>
@@ -415,11 +452,11 @@
         <translation>開く…</translation>
     </message>
     <message>
-        <source>Played last</source>
+        <source>Recently played</source>
         <translation>最近再生した動画</translation>
     </message>
     <message>
-        <source>%1, no longer there</source>
+        <source>%1, not found</source>
         <translation>%1（見つかりません）</translation>
     </message>
     <message>
@@ -427,7 +464,7 @@
         <translation>%1 にはもうありません</translation>
     </message>
     <message>
-        <source>Take out of the list</source>
+        <source>Remove from list</source>
         <translation>一覧から削除</translation>
     </message>
     <message>
@@ -446,19 +483,19 @@
         <translation>%1 ms</translation>
     </message>
     <message>
-        <source>Frames a second</source>
+        <source>Frames per second</source>
         <translation>フレーム毎秒</translation>
     </message>
     <message>
-        <source>Frame time, mean</source>
+        <source>Frame time, average</source>
         <translation>平均フレーム時間</translation>
     </message>
     <message>
-        <source>Frame time, worst of 5 s</source>
+        <source>Frame time, worst in 5 s</source>
         <translation>5秒間の最長フレーム時間</translation>
     </message>
     <message>
-        <source>Comments alive</source>
+        <source>Comments on screen</source>
         <translation>表示中のコメント</translation>
     </message>
     <message>
@@ -474,8 +511,8 @@
         <translation>テクスチャメモリ</translation>
     </message>
     <message>
-        <source>Picture</source>
-        <translation>映像</translation>
+        <source>Resolution</source>
+        <translation>解像度</translation>
     </message>
     <message>
         <source>Decoder</source>
@@ -542,11 +579,11 @@
         <translation>A</translation>
     </message>
     <message>
-        <source>Colour</source>
+        <source>Color</source>
         <translation>色</translation>
     </message>
     <message>
-        <source>Colour, as six hexadecimal digits</source>
+        <source>Color, as six hex digits</source>
         <translation>色（16進数6桁）</translation>
     </message>
 </context>
@@ -569,11 +606,11 @@
         <translation>Space</translation>
     </message>
     <message>
-        <source>Sound on</source>
+        <source>Unmute</source>
         <translation>ミュート解除</translation>
     </message>
     <message>
-        <source>Sound off</source>
+        <source>Mute</source>
         <translation>ミュート</translation>
     </message>
     <message>
@@ -581,24 +618,16 @@
         <translation>音量</translation>
     </message>
     <message>
-        <source>Reading comments…</source>
+        <source>Loading comments…</source>
         <translation>コメントを読み込み中…</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>コメント1件</translation>
-    </message>
-    <message>
-        <source>%1 comments</source>
-        <translation>コメント%1件</translation>
     </message>
     <message>
         <source>Speed</source>
         <translation>再生速度</translation>
     </message>
     <message>
-        <source>Keyboard</source>
-        <translation>キーボード操作</translation>
+        <source>Keyboard shortcuts</source>
+        <translation>キーボードショートカット</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -617,7 +646,7 @@
         <translation>Ctrl+O</translation>
     </message>
     <message>
-        <source>Leave full screen</source>
+        <source>Exit full screen</source>
         <translation>全画面を終了</translation>
     </message>
     <message>

@@ -8,7 +8,7 @@
         <translation>弹幕样式</translation>
     </message>
     <message>
-        <source>Position, size and colour of your comments</source>
+        <source>Position, size and color of your comments</source>
         <translation>你发送的弹幕的位置、大小和颜色</translation>
     </message>
     <message>
@@ -40,8 +40,8 @@
 <context>
     <name>CommentPreview</name>
     <message>
-        <source>This is how a comment looks</source>
-        <translation>弹幕看起来就是这样</translation>
+        <source>Your comments look like this</source>
+        <translation>弹幕效果预览</translation>
     </message>
 </context>
 <context>
@@ -75,6 +75,25 @@
     </message>
 </context>
 <context>
+    <name>Flitmark::FCommentSession</name>
+    <message>
+        <source>comments have to be in a file. Download them first.</source>
+        <translation>弹幕只能从文件读取，请先下载。</translation>
+    </message>
+    <message>
+        <source>Can&apos;t read %1: %2</source>
+        <translation>无法读取 %1：%2</translation>
+    </message>
+    <message>
+        <source>1 comment</source>
+        <translation>1 条弹幕</translation>
+    </message>
+    <message>
+        <source>%L1 comments</source>
+        <translation>%L1 条弹幕</translation>
+    </message>
+</context>
+<context>
     <name>Flitmark::FPlayer</name>
     <message>
         <source>Playing</source>
@@ -97,54 +116,38 @@
         <translation>倍速 %1</translation>
     </message>
     <message>
-        <source>Volume %1 %</source>
+        <source>Volume %1%</source>
         <translation>音量 %1%</translation>
     </message>
     <message>
-        <source>Sound off</source>
-        <translation>静音</translation>
+        <source>Muted</source>
+        <translation>已静音</translation>
     </message>
     <message>
-        <source>Sound on</source>
+        <source>Unmuted</source>
         <translation>取消静音</translation>
     </message>
     <message>
-        <source>%1 cannot be played: %2</source>
+        <source>Can&apos;t play %1: %2</source>
         <translation>无法播放 %1：%2</translation>
-    </message>
-    <message>
-        <source>comments are read from files only. Download them first.</source>
-        <translation>弹幕只能从文件读取，请先下载。</translation>
-    </message>
-    <message>
-        <source>%1 cannot be read: %2</source>
-        <translation>无法读取 %1：%2</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>1 条弹幕</translation>
-    </message>
-    <message>
-        <source>%L1 comments</source>
-        <translation>%L1 条弹幕</translation>
     </message>
     <message>
         <source>Open a video to see them.</source>
         <translation>打开视频即可观看。</translation>
     </message>
     <message>
-        <source>Video cannot be drawn: %1.</source>
+        <source>Can&apos;t show the video: %1.</source>
         <translation>无法显示画面：%1。</translation>
     </message>
     <message>
-        <source>Some comments are not drawn in full: they are too large or too many.</source>
-        <translation>部分弹幕过大或过多，未能完整显示。</translation>
+        <source>Some comments can&apos;t be drawn in full: they are too large, or there are too many.</source>
+        <translation>部分弹幕过大或过多，无法完整显示。</translation>
     </message>
 </context>
 <context>
     <name>Flitmark::FPreferences</name>
     <message>
-        <source>Your settings could not be saved: %1.</source>
+        <source>Couldn&apos;t save your settings: %1.</source>
         <translation>设置无法保存：%1。</translation>
     </message>
 </context>
@@ -153,6 +156,40 @@
     <message>
         <source>A video is playing</source>
         <translation>正在播放视频</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::MediaPaths</name>
+    <message>
+        <source>no such file. Was it moved or renamed?</source>
+        <translation>文件不存在。是否已被移动或重命名？</translation>
+    </message>
+    <message>
+        <source>it&apos;s a folder. Choose a file in it.</source>
+        <translation>这是一个文件夹，请选择其中的文件。</translation>
+    </message>
+    <message>
+        <source>you don&apos;t have permission to read it. Change the file&apos;s permissions.</source>
+        <translation>没有读取权限，请更改该文件的权限。</translation>
+    </message>
+    <message>
+        <source>the file is empty. Was it copied completely?</source>
+        <translation>文件是空的。是否已完整复制？</translation>
+    </message>
+</context>
+<context>
+    <name>Flitmark::PlayerText</name>
+    <message>
+        <source>the format is unknown, or the file is damaged.</source>
+        <translation>格式无法识别，或文件已损坏。</translation>
+    </message>
+    <message>
+        <source>it has no video or audio that can be decoded.</source>
+        <translation>其中没有可解码的视频或音频。</translation>
+    </message>
+    <message>
+        <source>Check the address and the connection.</source>
+        <translation>请检查地址和网络连接。</translation>
     </message>
 </context>
 <context>
@@ -182,7 +219,7 @@
         <translation>Esc</translation>
     </message>
     <message>
-        <source>Keyboard</source>
+        <source>Keyboard shortcuts</source>
         <translation>键盘快捷键</translation>
     </message>
     <message>
@@ -193,7 +230,7 @@
 <context>
     <name>Main</name>
     <message>
-        <source>Drop a video or a file of comments</source>
+        <source>Drop a video or a comment file</source>
         <translation>将视频或弹幕文件拖放到此处</translation>
     </message>
     <message>
@@ -220,7 +257,7 @@
 <context>
     <name>MessageCards</name>
     <message>
-        <source>Close message</source>
+        <source>Dismiss</source>
         <translation>关闭消息</translation>
     </message>
 </context>
@@ -289,7 +326,7 @@
         <translation>%1×</translation>
     </message>
     <message>
-        <source>Defaults</source>
+        <source>Reset to defaults</source>
         <translation>恢复默认</translation>
     </message>
     <message>
@@ -300,7 +337,7 @@
 <context>
     <name>Shortcuts</name>
     <message>
-        <source>Playing</source>
+        <source>Playback</source>
         <translation>播放</translation>
     </message>
     <message>
@@ -308,32 +345,32 @@
         <translation>播放或暂停</translation>
     </message>
     <message>
-        <source>5 seconds back, forward</source>
-        <translation>后退、前进 5 秒</translation>
+        <source>Back or forward 5 seconds</source>
+        <translation>后退或前进 5 秒</translation>
     </message>
     <message>
-        <source>1 second back, forward</source>
-        <translation>后退、前进 1 秒</translation>
+        <source>Back or forward 1 second</source>
+        <translation>后退或前进 1 秒</translation>
     </message>
     <message>
-        <source>30 seconds back, forward</source>
-        <translation>后退、前进 30 秒</translation>
+        <source>Back or forward 30 seconds</source>
+        <translation>后退或前进 30 秒</translation>
     </message>
     <message>
-        <source>Previous, next frame</source>
-        <translation>上一帧、下一帧</translation>
+        <source>Previous or next frame</source>
+        <translation>上一帧或下一帧</translation>
     </message>
     <message>
-        <source>Start, end</source>
-        <translation>开头、结尾</translation>
+        <source>Start or end</source>
+        <translation>开头或结尾</translation>
     </message>
     <message>
-        <source>To the tenth of that number</source>
-        <translation>跳到该数字的十分之几处</translation>
+        <source>Jump to 0% … 90%</source>
+        <translation>跳到 0%～90% 处</translation>
     </message>
     <message>
-        <source>Slower, faster</source>
-        <translation>减速、加速</translation>
+        <source>Slower or faster</source>
+        <translation>减速或加速</translation>
     </message>
     <message>
         <source>Normal speed</source>
@@ -344,12 +381,12 @@
         <translation>声音</translation>
     </message>
     <message>
-        <source>Louder, quieter</source>
-        <translation>增大、减小音量</translation>
+        <source>Volume up or down</source>
+        <translation>增大或减小音量</translation>
     </message>
     <message>
-        <source>Sound off, on</source>
-        <translation>静音、取消静音</translation>
+        <source>Mute or unmute</source>
+        <translation>静音或取消静音</translation>
     </message>
     <message>
         <source>Comments</source>
@@ -380,12 +417,12 @@
         <translation>全屏</translation>
     </message>
     <message>
-        <source>Back: close a page, leave full screen</source>
-        <translation>返回：关闭页面、退出全屏</translation>
+        <source>Close a page, exit full screen</source>
+        <translation>关闭页面、退出全屏</translation>
     </message>
     <message>
-        <source>This page</source>
-        <translation>本页面</translation>
+        <source>Keyboard shortcuts</source>
+        <translation>键盘快捷键</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -407,7 +444,7 @@
         <translation>打开视频</translation>
     </message>
     <message>
-        <source>or drop one here, with its file of comments if you like.</source>
+        <source>or drop one here, along with a comment file if you have one.</source>
         <translation>或拖放到此处，也可以连同弹幕文件一起。</translation>
     </message>
     <message>
@@ -415,11 +452,11 @@
         <translation>打开…</translation>
     </message>
     <message>
-        <source>Played last</source>
+        <source>Recently played</source>
         <translation>最近播放</translation>
     </message>
     <message>
-        <source>%1, no longer there</source>
+        <source>%1, not found</source>
         <translation>%1，文件已不存在</translation>
     </message>
     <message>
@@ -427,7 +464,7 @@
         <translation>%1 中已没有此文件</translation>
     </message>
     <message>
-        <source>Take out of the list</source>
+        <source>Remove from list</source>
         <translation>从列表中移除</translation>
     </message>
     <message>
@@ -446,19 +483,19 @@
         <translation>%1 毫秒</translation>
     </message>
     <message>
-        <source>Frames a second</source>
+        <source>Frames per second</source>
         <translation>每秒帧数</translation>
     </message>
     <message>
-        <source>Frame time, mean</source>
+        <source>Frame time, average</source>
         <translation>平均帧时间</translation>
     </message>
     <message>
-        <source>Frame time, worst of 5 s</source>
+        <source>Frame time, worst in 5 s</source>
         <translation>5 秒内最长帧时间</translation>
     </message>
     <message>
-        <source>Comments alive</source>
+        <source>Comments on screen</source>
         <translation>屏幕上的弹幕</translation>
     </message>
     <message>
@@ -474,8 +511,8 @@
         <translation>纹理内存</translation>
     </message>
     <message>
-        <source>Picture</source>
-        <translation>画面</translation>
+        <source>Resolution</source>
+        <translation>分辨率</translation>
     </message>
     <message>
         <source>Decoder</source>
@@ -542,11 +579,11 @@
         <translation>A</translation>
     </message>
     <message>
-        <source>Colour</source>
+        <source>Color</source>
         <translation>颜色</translation>
     </message>
     <message>
-        <source>Colour, as six hexadecimal digits</source>
+        <source>Color, as six hex digits</source>
         <translation>颜色，六位十六进制数</translation>
     </message>
 </context>
@@ -569,11 +606,11 @@
         <translation>空格</translation>
     </message>
     <message>
-        <source>Sound on</source>
+        <source>Unmute</source>
         <translation>取消静音</translation>
     </message>
     <message>
-        <source>Sound off</source>
+        <source>Mute</source>
         <translation>静音</translation>
     </message>
     <message>
@@ -581,23 +618,15 @@
         <translation>音量</translation>
     </message>
     <message>
-        <source>Reading comments…</source>
+        <source>Loading comments…</source>
         <translation>正在读取弹幕…</translation>
-    </message>
-    <message>
-        <source>1 comment</source>
-        <translation>1 条弹幕</translation>
-    </message>
-    <message>
-        <source>%1 comments</source>
-        <translation>%1 条弹幕</translation>
     </message>
     <message>
         <source>Speed</source>
         <translation>倍速</translation>
     </message>
     <message>
-        <source>Keyboard</source>
+        <source>Keyboard shortcuts</source>
         <translation>键盘快捷键</translation>
     </message>
     <message>
@@ -617,7 +646,7 @@
         <translation>Ctrl+O</translation>
     </message>
     <message>
-        <source>Leave full screen</source>
+        <source>Exit full screen</source>
         <translation>退出全屏</translation>
     </message>
     <message>

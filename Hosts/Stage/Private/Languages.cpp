@@ -37,12 +37,12 @@ void RegisterTexts()
 }
 
 /** "ja_JP.UTF-8" as "ja-JP". */
-FString ToLanguageTag(const FString& Culture)
+FString ToLanguageTag(const FString& InCulture)
 {
 	FString Tag;
-	for (int32 Index = 0; Index < Culture.Len() && Culture[Index] != u'.' && Culture[Index] != u'@'; ++Index)
+	for (int32 Index = 0; Index < InCulture.Len() && InCulture[Index] != u'.' && InCulture[Index] != u'@'; ++Index)
 	{
-		Tag.AppendChar(Culture[Index] == u'_' ? u'-' : Culture[Index]);
+		Tag.AppendChar(InCulture[Index] == u'_' ? u'-' : InCulture[Index]);
 	}
 	return Tag;
 }

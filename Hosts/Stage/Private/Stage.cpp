@@ -4,14 +4,15 @@
 #include "Components/CanvasPanel.h"
 #include "Components/TextBlock.h"
 #include "Engine/World.h"
+#include "FlitmarkPlayer.h"
 #include "Fonts/FontMeasure.h"
-#include "StageBlueprints.h"
 #include "UI_Danmaku.h"
 #include "UI_DanmakuBar.h"
 #include "UI_DanmakuNode.h"
 #include "UI_DanmakuNodeSetting.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace Flitmark
 {
@@ -25,23 +26,36 @@ constexpr int64 PrerollTicks = -10'000'000;
 /** Objects that may gather beyond twice the living ones before a collection pays. */
 constexpr int32 CollectionSlack = 4096;
 
-void SetClassDefault(UClass& Class, const TCHAR* Name, UClass* Value)
+void ApplySetting(UObject& Widget, const FStageSetting& Setting)
 {
-	const FProperty* Property = Class.FindPropertyByName(Name);
-	Property->SetObjectValue(Class.GetDefaultObject(), Value);
-}
-
-void ApplySetting(UClass& Class, const FStageSetting& Setting)
-{
-	if (const FProperty* Property = Class.FindPropertyByName(Setting.Name))
+	if (const FProperty* Property = Widget.GetClass()->FindPropertyByName(Setting.Name))
 	{
-		*Property->ContainerPtrToValuePtr<int32>(Class.GetDefaultObject()) = Setting.Value;
+		*Property->ContainerPtrToValuePtr<int32>(&Widget) = Setting.Value;
 	}
 }
 
-uint64 MakeKey(const UObject& Object)
+UFlitmarkPlayer* MakeScreen(UWorld* World, const FStageOptions& Options)
 {
-	const int32 Index = Object.GetUniqueID();
+	UFlitmarkPlayer* Screen = NewObject<UFlitmarkPlayer>(World);
+	if (Options.OverlayClass != nullptr)
+	{
+		Screen->OverlayClass = Options.OverlayClass;
+	}
+	if (Options.BarClass != nullptr)
+	{
+		Screen->BarClass = Options.BarClass;
+	}
+	if (Options.PanelClass != nullptr)
+	{
+		Screen->PanelClass = Options.PanelClass;
+	}
+	Screen->Initialize();
+	return Screen;
+}
+
+uint64 MakeKey(const UObject& InObject)
+{
+	const int32 Index = InObject.GetUniqueID();
 	return static_cast<uint64>(static_cast<uint32>(FObjectSlots::GetSerial(Index))) << 32 | static_cast<uint32>(Index);
 }
 
@@ -50,28 +64,57 @@ uint64 MakeKey(const UObject& Object)
 std::unique_ptr<FStage> FStage::Create(const FStageOptions& InOptions, std::string& OutError)
 {
 	std::unique_ptr<FStage> Stage(new FStage(InOptions));
-	if (!Stage->Blueprints->Build(OutError))
+	if (!Stage->FindParts(OutError))
 	{
 		return nullptr;
 	}
-	Stage->Build(InOptions);
+	Stage->Start(InOptions);
 	return Stage;
 }
 
 FStage::FStage(const FStageOptions& InOptions)
-	: Blueprints(std::make_unique<FStageBlueprints>())
-	, CanvasSize(InOptions.CanvasSize)
+	: CanvasSize(InOptions.CanvasSize)
 {
 	FSlateFontMeasure::Install(InOptions.Measure);
+	std::srand(InOptions.Seed);
+	World = NewObject<UWorld>();
+	Player = NewObject<UMediaPlayer>(World);
+	Player->SetSource(this);
+	Screen = MakeScreen(World, InOptions);
+}
+
+bool FStage::FindParts(std::string& OutError)
+{
+	Overlay = Screen->Overlay;
+	Bar = Screen->Bar;
+	Panel = Screen->Panel;
+	Canvas = Overlay != nullptr ? Cast<UCanvasPanel>(Overlay->GetWidgetFromName(TEXT("DanmakuCanvasPanel"))) : nullptr;
+	if (Canvas == nullptr || Bar == nullptr || Panel == nullptr)
+	{
+		OutError = "the stage lacks its overlay with a canvas, its bar or its panel: give it classes derived from "
+				   "UUI_Danmaku, UUI_DanmakuBar and UUI_DanmakuNodeSetting";
+		return false;
+	}
+	const FProperty* ViewerClass = Overlay->GetClass()->FindPropertyByName(TEXT("DanmakuNodeUserClass"));
+	ViewerCommentClass = static_cast<const UClass*>(ViewerClass->GetObjectValue(Overlay));
+	return true;
+}
+
+void FStage::Start(const FStageOptions& InOptions)
+{
+	for (const FStageSetting& Setting : InOptions.Settings)
+	{
+		ApplySetting(*Bar, Setting);
+		ApplySetting(*Panel, Setting);
+	}
+	Screen->ConstructTree();
+	Screen->Open(Player);
 }
 
 FStage::~FStage()
 {
-	if (Screen != nullptr)
-	{
-		Screen->DestructTree();
-		Player->SetSource(nullptr);
-	}
+	Screen->DestructTree();
+	Player->SetSource(nullptr);
 	World = nullptr;
 	Player = nullptr;
 	Screen = nullptr;
@@ -79,31 +122,20 @@ FStage::~FStage()
 	FSlateFontMeasure::Install(nullptr);
 }
 
-void FStage::Build(const FStageOptions& InOptions)
+bool FStage::Play()
 {
-	SetClassDefault(*Blueprints->Overlay, TEXT("DanmakuNodeClass"), Blueprints->Comment.get());
-	SetClassDefault(*Blueprints->Overlay, TEXT("DanmakuNodeUserClass"), Blueprints->ViewerComment.get());
-	for (const FStageSetting& Setting : InOptions.Settings)
-	{
-		ApplySetting(*Blueprints->Bar, Setting);
-		ApplySetting(*Blueprints->Panel, Setting);
-	}
+	return !std::exchange(bPlaying, true);
+}
 
-	std::srand(InOptions.Seed);
-	World = NewObject<UWorld>();
-	Player = NewObject<UMediaPlayer>(World);
-	Player->SetSource(this);
-	Screen = CreateWidget<UUserWidget>(World, Blueprints->Screen.get());
-	Overlay = CreateWidget<UUI_Danmaku>(Screen, Blueprints->Overlay.get());
-	Bar = CreateWidget<UUI_DanmakuBar>(Screen, Blueprints->Bar.get());
-	Panel = CreateWidget<UUI_DanmakuNodeSetting>(Screen, Blueprints->Panel.get());
-	UCanvasPanel* Root = static_cast<UCanvasPanel*>(Screen->GetRootWidget());
-	Root->AddChildToCanvas(Overlay);
-	Root->AddChildToCanvas(Bar);
-	Root->AddChildToCanvas(Panel);
-	Canvas = static_cast<UCanvasPanel*>(Overlay->GetRootWidget());
-	Screen->ConstructTree();
-	Overlay->Init(Player, Bar, Panel);
+bool FStage::Pause()
+{
+	return std::exchange(bPlaying, false);
+}
+
+bool FStage::Seek(const FTimespan& InTime)
+{
+	MediaTicks = InTime.GetTicks();
+	return true;
 }
 
 void FStage::Preroll()
@@ -143,13 +175,13 @@ void FStage::CollectPaint(std::vector<FPaintComment>& OutComments) const
 	}
 	for (int32 Index = 0; Index < Canvas->GetChildrenCount(); ++Index)
 	{
-		const UUserWidget* Comment = static_cast<const UUserWidget*>(Canvas->GetChildAt(Index));
+		const auto* Comment = static_cast<const UUI_DanmakuNode*>(Canvas->GetChildAt(Index));
 		if (Comment->IsDisplayed())
 		{
 			const auto* Slot = static_cast<const UCanvasPanelSlot*>(Comment->Slot.Get());
 			const auto* Text = static_cast<const UTextBlock*>(Comment->GetRootWidget());
-			OutComments.push_back({MakeKey(*Comment), Text, Slot->GetPosition(), Comment->GetDesiredSize(),
-								   Comment->GetClass() == Blueprints->ViewerComment.get()});
+			OutComments.push_back({MakeKey(*Comment), Comment, Text, Slot->GetPosition(), Comment->GetDesiredSize(),
+								   Comment->GetClass() == ViewerCommentClass});
 		}
 	}
 }
@@ -169,16 +201,16 @@ FTrackCounts FStage::GetTrackCounts() const
 			Count(TEXT("ReverseTracks"))};
 }
 
-bool FStage::IsViewerComment(const UUI_DanmakuNode& Node) const
+bool FStage::IsViewerComment(const UUI_DanmakuNode& InNode) const
 {
-	return Node.GetClass() == Blueprints->ViewerComment.get();
+	return InNode.GetClass() == ViewerCommentClass;
 }
 
-void FStage::AddReferencedObjects(FReferenceCollector& Collector)
+void FStage::AddReferencedObjects(FReferenceCollector& InCollector)
 {
-	Collector.AddReferencedObject(World);
-	Collector.AddReferencedObject(Player);
-	Collector.AddReferencedObject(Screen);
+	InCollector.AddReferencedObject(World);
+	InCollector.AddReferencedObject(Player);
+	InCollector.AddReferencedObject(Screen);
 }
 
 } // namespace Flitmark

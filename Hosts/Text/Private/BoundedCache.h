@@ -10,18 +10,18 @@ namespace Flitmark
 {
 
 /**
- * A cache that forgets what was not asked for lately. Each shard has a young and an old half; what is found in the old
- * half moves to the young one, and when that is full it becomes the old one, whose rest is dropped. Nothing is said of
- * when an entry goes: users must get the same without the cache. Safe to call from several threads.
+ * A cache that drops what was not used recently. Each shard has a young and an old half; what is found in the old
+ * half moves to the young one; when that is full, it becomes the old one, whose rest is dropped. There is no promise
+ * when an entry goes: users must get the same result without the cache. Thread-safe.
  *
- * HashType and EqualType may be transparent, so that a look-up need not build a key. More shards are less waiting, but
- * an entry can't be larger than half a shard.
+ * HashType and EqualType may be transparent, so that a lookup need not build a key. More shards mean less waiting, but
+ * an entry cannot be larger than half a shard.
  */
 template <typename KeyType, typename ValueType, typename HashType, typename EqualType, std::size_t InShardCount>
 class TBoundedCache
 {
 public:
-	/** InBytes: bound of what Add was told, over all entries. */
+	/** InBytes: limit on the sum of the sizes passed to Add. */
 	explicit TBoundedCache(std::size_t InBytes)
 		: HalfShardBytes(InBytes / (2 * InShardCount))
 	{
@@ -53,7 +53,7 @@ public:
 		return true;
 	}
 
-	/** InBytes: what the entry takes, the key and all. An entry that would fill half a shard is not kept. */
+	/** InBytes: size of the entry, including its key. An entry larger than half a shard is not kept. */
 	void Add(KeyType InKey, ValueType InValue, std::size_t InBytes)
 	{
 		if (InBytes > HalfShardBytes)
@@ -70,7 +70,7 @@ public:
 		}
 	}
 
-	/** Bytes of all entries, as Add was told. */
+	/** Bytes of all entries, as passed to Add. */
 	std::size_t CountBytes()
 	{
 		std::size_t Sum = 0;
@@ -99,8 +99,8 @@ private:
 		std::size_t OldBytes = 0;
 
 		/**
-		 * Makes the young half the old one if it can't take InBytes more. What was old goes to OutDropped, to be freed
-		 * when the lock is no longer held: thousands of entries would make others wait.
+		 * Makes the young half the old one if it cannot take InBytes more. The old one goes to OutDropped, to be freed
+		 * after the lock is released: freeing thousands of entries would make others wait.
 		 */
 		void MakeRoom(std::size_t InBytes, std::size_t InBound, FMap& OutDropped)
 		{

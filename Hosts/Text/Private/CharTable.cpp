@@ -95,15 +95,15 @@ ECharFlags ReadFlags(UChar32 InPoint)
 	return Flags;
 }
 
-/** Characters that are set one by one by themselves, but not beside certain others. */
-bool JoinsNeighbours(uint32 InPoint, hb_script_t InScript)
+/** Characters that can be set one by one, but not next to certain others. */
+bool JoinsNeighbors(uint32 InPoint, hb_script_t InScript)
 {
-	// Letters of Hangul make up syllables.
+	// Hangul letters form syllables.
 	if (InScript == HB_SCRIPT_HANGUL)
 	{
 		return InPoint < 0xac00 || InPoint > 0xd7a3;
 	}
-	// The fraction slash makes digits small; halves of the vertical repeat mark of kana become the whole one.
+	// The fraction slash shrinks digits; the halves of the vertical kana repeat mark join.
 	return InPoint == 0x2044 || (InPoint >= 0x3033 && InPoint <= 0x3035);
 }
 
@@ -153,14 +153,14 @@ FCharInfo FCharTable::Learn(uint32 InPoint)
 	return Info;
 }
 
-/** A character that takes on its neighbours' script must be as wide in each script and language it may get. */
+/** A character that inherits its neighbors' script must be equally wide in every script and language it may get. */
 bool FCharTable::MeasureSimple(uint32 InPoint, FCharInfo& InOutInfo)
 {
 	const FFont& Font = Fonts.Get(InOutInfo.Font);
 	const hb_script_t Script = GetScript(InOutInfo.Script);
 	const ECharFlags NeverSimple = ECharFlags::Mark | ECharFlags::Ignorable | ECharFlags::Bidi |
 								   ECharFlags::EmojiByDefault | ECharFlags::Regional | ECharFlags::SkinTone;
-	if (HasAny(InOutInfo.Flags, NeverSimple) || !IsSetPlain(Font, Script) || JoinsNeighbours(InPoint, Script))
+	if (HasAny(InOutInfo.Flags, NeverSimple) || !IsSetPlain(Font, Script) || JoinsNeighbors(InPoint, Script))
 	{
 		return false;
 	}

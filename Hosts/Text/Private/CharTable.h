@@ -10,21 +10,21 @@
 namespace Flitmark
 {
 
-/** What a character means for setting text. */
+/** Layout properties of a character. */
 enum class ECharFlags : uint16
 {
 	None = 0,
 
-	/** In a run that is set plainly it adds its own Advance, whatever stands beside it. */
+	/** In a plain run, it adds its own Advance, whatever its neighbors. */
 	Simple = 1U << 0U,
 
-	/** Combines with the character before it. */
+	/** Combines with the preceding character. */
 	Mark = 1U << 1U,
 
 	/** Invisible by itself: joiners, variation selectors, direction marks. */
 	Ignorable = 1U << 2U,
 
-	/** Right-to-left, or decides about directions: the line needs the bidirectional algorithm. */
+	/** Right-to-left, or affects direction: the line needs the bidirectional algorithm. */
 	Bidi = 1U << 3U,
 
 	/** May be shown as an emoji (ASCII left aside: see keycaps); is one by default; a skin tone; half a flag. */
@@ -54,17 +54,17 @@ struct FCharInfo
 	/** In TextMetrics::UnitsPerEm; only of Simple characters. */
 	int32 Advance = 0;
 
-	/** First font that has the character, the emoji font last; the primary one where none has it. */
+	/** First font that has the character, the emoji font last; the primary one if none has it. */
 	FFontId Font = FFontSet::Primary;
 
-	/** For FCharTable::GetScript; kana and bopomofo count as Han, which they are set with. */
+	/** For FCharTable::GetScript; kana and bopomofo count as Han, with which they are laid out. */
 	uint8 Script = 0;
 	ECharFlags Flags = ECharFlags::None;
 };
 
 /**
- * What is known of every character, found out when it is first met. A look-up takes no lock: whoever meets a character
- * first computes the same record as everybody else, so it doesn't matter who stores it.
+ * Properties of every character, computed on first use. A lookup takes no lock: whoever sees a character
+ * first computes the same record as everyone else, so it does not matter who stores it.
  */
 class FCharTable
 {

@@ -30,7 +30,7 @@ bool IsKeycap(const FLine& InLine, std::size_t InBegin)
 	return bBase && Is(InLine, InBegin + (Is(InLine, InBegin + 1, EmojiSelector) ? 2 : 1), Keycap);
 }
 
-/** Whether the cluster that begins here is to be shown as an emoji. */
+/** Whether the cluster that begins here is displayed as an emoji. */
 bool IsEmoji(const FLine& InLine, std::size_t InBegin)
 {
 	if (!Has(InLine, InBegin, ECharFlags::Emoji))
@@ -77,13 +77,13 @@ void SetFont(FLine& InOutLine, std::size_t InBegin, std::size_t InEnd, FFontId I
 	for (std::size_t Index = InBegin; Index < InEnd; ++Index)
 	{
 		FCharInfo& Info = InOutLine.Infos[Index];
-		// The advance that a simple character brings along is that of its own font.
+		// The advance stored with a simple character is that of its own font.
 		Info.Flags = Info.Font == InFont ? Info.Flags : Without(Info.Flags, ECharFlags::Simple);
 		Info.Font = InFont;
 	}
 }
 
-/** The base's own font if it can draw the marks, else one that can draw all; else each mark is drawn by its own. */
+/** The base's own font if it has the marks, else one that has everything; else each mark uses its own. */
 void SetTextFont(FFontSet& InFonts, FLine& InOutLine, std::size_t InBegin, std::size_t InEnd)
 {
 	const FFontId Font = InOutLine.Infos[InBegin].Font;

@@ -6,8 +6,8 @@ namespace Flitmark
 {
 
 /**
- * Gives every character of a line the font of the cluster it belongs to: an emoji sequence (skin tones, joined
- * sequences, flags, keycaps, a presentation selector) the emoji font, marks and joiners that of what they stand on.
+ * Gives every character of a line the font of its cluster: an emoji sequence (skin tones, joined
+ * sequences, flags, keycaps, a presentation selector) the emoji font, marks and joiners that of their base.
  */
 void ChooseClusterFonts(FFontSet& InFonts, FLine& InOutLine);
 

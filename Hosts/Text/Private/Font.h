@@ -9,22 +9,22 @@
 namespace Flitmark
 {
 
-/** A loaded font: one side shapes (immutable, any thread), the other draws (one thread at a time, under Lock). */
+/** A loaded font: one half shapes (immutable, any thread), the other draws (one thread at a time, under Lock). */
 class FFont
 {
 public:
-	/** What draws. FreeType's faces keep a current size, so whoever uses one holds Lock. */
+	/** The drawing half. FreeType faces have a current size, so whoever uses one must hold Lock. */
 	struct FDrawing
 	{
 		std::mutex Lock;
 		FFtFacePtr Face;
 		FFtStrokerPtr Stroker;
 
-		/** What FT_Set_Char_Size was told last, in 1/64 pixel to the em; 0 where it must be told again. */
+		/** The last argument of FT_Set_Char_Size, in 1/64 pixel per em; 0 if it must be set again. */
 		FT_Pos CurrentEm = 0;
 	};
 
-	/** Null where the file is gone or broken. The library must outlive the font, and load one at a time. */
+	/** Null if the file is missing or damaged. The library must outlive the font and load one font at a time. */
 	static std::unique_ptr<FFont> Load(FT_Library InLibrary, const FFontFile& InFile);
 
 	/** Scaled to TextMetrics::UnitsPerEm. */
@@ -32,7 +32,7 @@ public:
 	FDrawing& GetDrawing() const { return *Drawing; }
 	bool IsColor() const { return bColor; }
 
-	/** Ems of this font to an em of text: 1 but for emoji fonts, whose glyphs are brought to EmojiAdvance. */
+	/** Ems of this font per em of text: 1 except for emoji fonts, whose glyphs are scaled to EmojiAdvance. */
 	double GetMagnification() const { return Magnification; }
 
 	bool Covers(uint32 InPoint) const;

@@ -8,7 +8,7 @@ namespace Flitmark
 namespace
 {
 
-/** Character tables of more fonts than this would not fit a character's packed record. */
+/** More fonts would not fit a character's packed record. */
 constexpr std::size_t MaxFonts = 2000;
 
 const FcChar8* ToFc(const char* InText)
@@ -29,7 +29,7 @@ bool GetFlag(const FcPattern* InPattern, const char* InObject)
 	return FcPatternGetBool(InPattern, InObject, 0, &Value) == FcResultMatch && Value != FcFalse;
 }
 
-/** Nothing where the font is of a kind that is not shaped here: bitmaps without colour, PostScript fonts. */
+/** Nothing for fonts we do not shape: bitmaps without color, PostScript fonts. */
 std::optional<FFontFile> ReadFont(const FcPattern* InPattern)
 {
 	FFontFile File;
@@ -41,7 +41,7 @@ std::optional<FFontFile> ReadFont(const FcPattern* InPattern)
 	const std::string Format = GetText(InPattern, FC_FONTFORMAT);
 	const bool bSfnt = Format == "TrueType" || Format == "CFF";
 	const bool bDrawable = GetFlag(InPattern, FC_SCALABLE) || File.bColor;
-	// A variable font is listed by its named instances too; those need no choice of axes.
+	// A variable font is also listed by its named instances, which need no choice of axes.
 	if (File.Path.empty() || !bHasCoverage || !bSfnt || !bDrawable || GetFlag(InPattern, FC_VARIABLE))
 	{
 		return std::nullopt;

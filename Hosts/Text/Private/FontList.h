@@ -8,23 +8,23 @@
 namespace Flitmark
 {
 
-/** A font that fontconfig knows of; nothing of it is loaded yet. */
+/** A font known to fontconfig; not loaded yet. */
 struct FFontFile
 {
 	std::string Path;
 
-	/** Face within a collection in the low 16 bits, named instance of a variable font (from 1) in those above. */
+	/** Face within a collection in the low 16 bits, named instance of a variable font (from 1) above. */
 	int Index = 0;
 	std::string Family;
 	FFcCharSetPtr Coverage;
 
-	/** Draws in colours of its own: an emoji font. */
+	/** Has its own colors: an emoji font. */
 	bool bColor = false;
 };
 
 /**
- * The fonts for comment text in the order in which they are asked for a character: the family, then the system's
- * sans-serif fallbacks; a colour font last. Empty with OutError set where there is none or the pattern can't be read.
+ * The fonts for comment text in fallback order: the family, then the system's
+ * sans-serif fallbacks; a color font last. Empty with OutError set if there is none or the pattern is invalid.
  */
 std::vector<FFontFile> ListFonts(const std::string& InFamily, std::string& OutError);
 

@@ -37,7 +37,7 @@ void FFontSet::Fill(std::vector<FFontFile> InFiles)
 	{
 		Slots.push_back(std::make_unique<FSlot>());
 		Slots.back()->File = std::move(File);
-		// The primary font stands in for all that no font has, so it must load.
+		// The primary font stands in for characters that no font has, so it must load.
 		if (Slots.size() == 1 && TryLoad(0) == nullptr)
 		{
 			Slots.clear();

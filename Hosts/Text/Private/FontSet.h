@@ -12,20 +12,20 @@
 namespace Flitmark
 {
 
-/** A font's place in the order of fallback. */
+/** A font's position in the fallback order. */
 using FFontId = uint16;
 
-/** The fonts of an engine, loaded when first needed. Safe to call from several threads. */
+/** The fonts of an engine, loaded on demand. Thread-safe. */
 class FFontSet
 {
 public:
-	/** Null with OutError set where not one font can be loaded. */
+	/** Null with OutError set if no font can be loaded. */
 	static std::unique_ptr<FFontSet> Create(const std::string& InFamily, std::string& OutError);
 
-	/** The first font that has all the characters; nothing where none has. */
+	/** The first font that has all the characters; nothing if none has. */
 	std::optional<FFontId> FindCovering(std::span<const uint32> InPoints);
 
-	/** An id that FindCovering, Primary or Emoji gave. */
+	/** An ID returned by FindCovering, Primary, or Emoji. */
 	const FFont& Get(FFontId InId) { return *TryLoad(InId); }
 
 	static constexpr FFontId Primary = 0;

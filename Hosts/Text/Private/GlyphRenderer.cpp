@@ -16,10 +16,10 @@ namespace
 
 constexpr FT_Pos SubPixels = 64;
 
-/** Bound of a mask: ligatures of a line's width exist, at absurd sizes they would be gigabytes. */
+/** Limit for a mask: there are ligatures as wide as a line, which would take gigabytes at absurd sizes. */
 constexpr FT_Pos MaxMaskPixels = FT_Pos{32} << 20;
 
-/** The outline lets a little of the picture through. */
+/** The outline is slightly translucent. */
 constexpr uint16 OutlineAlpha = 204;
 
 FT_Pos ToSubPixels(double InPixels)
@@ -37,13 +37,13 @@ bool SetSize(FFont::FDrawing& InDrawing, FT_Pos InEm)
 	return InDrawing.CurrentEm == InEm;
 }
 
-/** A mask in the making, of just an outline's size. */
+/** A mask under construction, sized to its outline. */
 struct FCoverage : FPixelRect
 {
 	std::vector<uint8> Pixels;
 };
 
-/** Fills an outline. The outline is moved. */
+/** Fills an outline, translating it in place. */
 bool FillMask(FT_Library InLibrary, FT_Outline& InOutline, FCoverage& OutMask)
 {
 	FT_BBox Box;
@@ -76,7 +76,7 @@ bool FillMask(FT_Library InLibrary, FT_Outline& InOutline, FCoverage& OutMask)
 	return FT_Outline_Get_Bitmap(InLibrary, &InOutline, &Bitmap) == 0;
 }
 
-/** Writes a mask into the low or high bytes of a plane that holds it. */
+/** Writes a mask into the low or high bytes of a plane large enough for it. */
 void PutMask(const FCoverage& InMask, uint16 InFactor, unsigned InShift, FMaskPlane& OutPlane)
 {
 	for (int32 Row = 0; Row < InMask.Height; ++Row)
@@ -106,7 +106,7 @@ FMaskPlane JoinMasks(const FCoverage& InFill, const FCoverage& InStroke)
 	return Plane;
 }
 
-/** From the square em that glyphs are loaded and stroked at to the picture's pixels, pen fraction included. */
+/** From the square em at which glyphs are loaded and stroked to the picture's pixels, including the pen fraction. */
 void ToPicture(FT_Outline& InOutOutline, const FGlyphKey& InKey)
 {
 	if (InKey.EmX != InKey.EmY)
@@ -161,7 +161,7 @@ void RenderMasks(FT_Library InLibrary, FFont::FDrawing& InDrawing, const FGlyphK
 	}
 }
 
-/** The smallest strike that need not be blown up, else the largest. Gives the em it was drawn for, in 1/64 pixel. */
+/** The smallest strike that need not be enlarged, else the largest. Returns the em it was drawn for, in 1/64 pixel. */
 FT_Pos SelectStrike(FFont::FDrawing& InDrawing, FT_Pos InEm)
 {
 	const FT_Face Face = InDrawing.Face.get();

@@ -5,7 +5,7 @@
 namespace Flitmark
 {
 
-/** Draws a glyph, unhinted. An empty image where the font has nothing to show. Safe to call from several threads. */
+/** Draws a glyph, unhinted. An empty image if the font has nothing to show. Thread-safe. */
 FGlyphImage RenderGlyph(FT_Library InLibrary, const FFont& InFont, const FGlyphKey& InKey);
 
 } // namespace Flitmark

@@ -26,7 +26,7 @@ std::shared_ptr<const FGlyphImage> FGlyphStore::Get(const FGlyphKey& InKey)
 
 std::size_t FGlyphStore::FHash::operator()(const FGlyphKey& InKey) const
 {
-	// Multiplied by odd constants of random bits and folded: cheap, and spreads neighbouring glyphs.
+	// Multiplied by odd random constants and folded: cheap, and spreads neighboring glyphs.
 	const uint64 Which = uint64{InKey.Glyph} << 24U | uint64{InKey.Font} << 8U | InKey.Phase;
 	const uint64 Size = static_cast<uint64>(static_cast<uint32>(InKey.EmX)) << 32U | static_cast<uint32>(InKey.EmY);
 	const uint64 Mixed = Which * 0x9e3779b97f4a7c15U ^ (Size * 0xc2b2ae3d27d4eb4fU >> 7U);

@@ -9,7 +9,7 @@
 namespace Flitmark
 {
 
-/** Draws each glyph once and keeps it while it is in use. Safe to call from several threads. */
+/** Draws each glyph once and caches it while it is in use. Thread-safe. */
 class FGlyphStore
 {
 public:
@@ -17,7 +17,7 @@ public:
 
 	std::shared_ptr<const FGlyphImage> Get(const FGlyphKey& InKey);
 
-	/** Memory that the kept glyphs take. */
+	/** Memory used by the cached glyphs. */
 	std::size_t CountBytes() { return Cache.CountBytes(); }
 
 private:
@@ -28,7 +28,7 @@ private:
 
 	FFontSet& Fonts;
 
-	/** Few shards, so that glyphs of 2,000 pixels are still kept. */
+	/** Few shards, so that glyphs of 2,000 pixels are still cached. */
 	TBoundedCache<FGlyphKey, std::shared_ptr<const FGlyphImage>, FHash, std::equal_to<FGlyphKey>, 4> Cache;
 };
 

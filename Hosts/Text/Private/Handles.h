@@ -11,7 +11,7 @@
 namespace Flitmark
 {
 
-/** Frees a C library's object by its own function. */
+/** Frees a C library's object with its own function. */
 template <auto InFree>
 struct TFree
 {

@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-/** Neighbouring characters of a line that are shaped together. */
+/** Adjacent characters of a line that are shaped together. */
 struct FRun
 {
 	std::size_t Begin = 0;
@@ -25,17 +25,17 @@ struct FRun
 	bool bSimple = false;
 };
 
-/** A line being set. Kept and filled again, so that setting a line takes no memory. */
+/** A line being laid out. Reused, so that laying out a line allocates nothing. */
 struct FLine
 {
 	std::vector<uint32> Points;
 	hb_language_t Language = nullptr;
 
-	/** Beside Points: their records, with the font that they are set in. */
+	/** Parallel to Points: their records, with the font to use. */
 	std::vector<FCharInfo> Infos;
 	std::vector<int8> Levels;
 
-	/** From left to right as they stand on screen. */
+	/** In visual order, left to right. */
 	std::vector<FRun> Runs;
 };
 

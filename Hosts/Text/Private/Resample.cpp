@@ -11,14 +11,14 @@ namespace
 
 constexpr std::size_t Channels = 4;
 
-/** The source pixels that make up one target pixel, and how much each counts. */
+/** The source pixels that contribute to one target pixel, and their weights. */
 struct FTaps
 {
 	int32 First = 0;
 	std::vector<float> Weights;
 };
 
-/** One direction of the scaling: where the target begins, and the taps of each of its pixels. */
+/** One axis of the scaling: where the target begins, and the taps of each of its pixels. */
 struct FAxis
 {
 	int32 Begin = 0;
@@ -83,7 +83,7 @@ std::vector<float> ResampleRows(const FT_Bitmap& InBitmap, const FAxis& InAxis)
 	return Result;
 }
 
-/** Down the columns, to bytes, and from BGRA to RGBA. */
+/** Vertical pass, to bytes, and from BGRA to RGBA. */
 std::vector<uint8> ResampleColumns(const std::vector<float>& InRows, std::size_t InWidth, const FAxis& InAxis)
 {
 	constexpr std::size_t Order[Channels] = {2, 1, 0, 3};

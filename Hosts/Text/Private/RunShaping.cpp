@@ -20,7 +20,7 @@ constexpr std::array PlainFeatures = {SwitchOff('k', 'e', 'r', 'n'), SwitchOff('
 
 bool IsSetPlain(const FFont& InFont, hb_script_t InScript)
 {
-	// Emoji fonts join their sequences by ligatures.
+	// Emoji fonts join sequences by ligatures.
 	return !InFont.IsColor() &&
 		   (InScript == HB_SCRIPT_HAN || InScript == HB_SCRIPT_HANGUL || InScript == HB_SCRIPT_COMMON);
 }

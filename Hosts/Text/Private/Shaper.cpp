@@ -1,6 +1,6 @@
 #include "Shaper.h"
 
-#include "Itemiser.h"
+#include "Itemizer.h"
 #include "TextLanguages.h"
 #include "RunShaping.h"
 #include "Text/TextLimits.h"
@@ -45,7 +45,7 @@ FTextExtent FShaper::SetLines(std::u16string_view InText, SetLineType InSetLine)
 			Extent.bCut = true;
 			break;
 		}
-		Itemise(Fonts, Chars, Line);
+		Itemize(Fonts, Chars, Line);
 		Extent.LongestAdvance = std::max(Extent.LongestAdvance, InSetLine(Line, Extent.Lines));
 		++Extent.Lines;
 	}
@@ -83,7 +83,7 @@ FTextExtent FShaper::Shape(std::u16string_view InText, std::vector<FShapedGlyph>
 
 int64 FShaper::MeasureRun(const FLine& InLine, const FRun& InRun)
 {
-	// Simple characters are on a grid: their advances add up to just what shaping the run gives.
+	// Simple characters are on a grid: their advances add up to exactly what shaping the run gives.
 	if (InRun.bSimple)
 	{
 		int64 Advance = 0;

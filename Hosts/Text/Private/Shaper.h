@@ -9,7 +9,7 @@
 namespace Flitmark
 {
 
-/** A glyph on its line: pen position from the line's left end, y upwards from the baseline, TextMetrics::UnitsPerEm. */
+/** A glyph on its line: pen position from the line's left end, y up from the baseline, TextMetrics::UnitsPerEm. */
 struct FShapedGlyph
 {
 	uint32 Glyph = 0;
@@ -19,7 +19,7 @@ struct FShapedGlyph
 	int64 Y = 0;
 };
 
-/** What a text's box comes from, at any size. */
+/** Metrics from which a text's box is computed at any size. */
 struct FTextExtent
 {
 	/** In TextMetrics::UnitsPerEm. */
@@ -30,7 +30,7 @@ struct FTextExtent
 	bool bCut = false;
 };
 
-/** Sets texts that LimitText has shortened. Safe to call from several threads. */
+/** Lays out texts shortened by LimitText. Thread-safe. */
 class FShaper
 {
 public:
@@ -42,7 +42,7 @@ public:
 
 	FTextExtent Measure(std::u16string_view InText);
 
-	/** Measures likewise, and adds the text's glyphs to OutGlyphs, line by line, from left to right. */
+	/** Also measures, and adds the text's glyphs to OutGlyphs, line by line, left to right. */
 	FTextExtent Shape(std::u16string_view InText, std::vector<FShapedGlyph>& OutGlyphs);
 
 private:

@@ -15,10 +15,10 @@ namespace Flitmark
 namespace
 {
 
-/** Pixels of a mask that a thread keeps for its next sprite. */
+/** Pixels of the mask that each thread keeps for its next sprite. */
 constexpr std::size_t MaxKeptPixels = std::size_t{1} << 20;
 
-/** Memory of the glyphs of a sprite: what covers a sprite of the largest size four times over. */
+/** Memory for the glyphs of a sprite: enough to cover the largest sprite four times. */
 constexpr std::size_t MaxGlyphBytes = std::size_t{FTextLimits::MaxSpritePixels} * sizeof(uint16) * 4;
 
 struct FPlacedImage
@@ -47,14 +47,14 @@ struct FBounds
 	}
 };
 
-/** Of two values up to 255, as fractions of it: the product, rounded. */
+/** Product of two fractions of 255, rounded. */
 constexpr uint16 Multiply(uint16 InLeft, uint16 InRight)
 {
 	const auto Sum = static_cast<uint16>(InLeft * InRight + 128U);
 	return static_cast<uint16>(static_cast<uint16>(Sum + (Sum >> 8U)) >> 8U);
 }
 
-/** Calls InBlendRow(first pixel in the sprite, row and column in the plane, pixels) for each row that lies in the sprite. */
+/** Calls InBlendRow(first pixel in the sprite, row and column in the plane, pixels) for each row inside the sprite. */
 template <typename BlendRowType>
 void ForEachRow(const FSprite& InSprite, const FPlacedImage& InPlaced, const FPixelRect& InPlane,
 				BlendRowType InBlendRow)
@@ -75,8 +75,8 @@ void ForEachRow(const FSprite& InSprite, const FPlacedImage& InPlaced, const FPi
 }
 
 /**
- * Coverages add up, since parts of one letter may abut in a pixel; of outlines the darkest counts, so that they don't
- * darken each other. In 16 bits and plain loops, so that compilers make vectors of it.
+ * Coverage adds up, since parts of a letter may abut within a pixel; for outlines the darkest wins, so that they do not
+ * darken each other. 16 bits and plain loops, so that compilers vectorize it.
  */
 void BlendMask(uint16* __restrict OutTarget, const uint16* __restrict InSource, int32 InCount)
 {
@@ -105,14 +105,14 @@ void BlendColor(uint8* OutTarget, const uint8* InSource, uint16 InAlpha, int32 I
 	}
 }
 
-/** Beyond these, in pixels from the comment's corner, nothing of a glyph would be painted. */
+/** Outside these bounds, in pixels from the comment's corner, nothing of a glyph would be painted. */
 struct FReach
 {
 	double Right = std::numeric_limits<double>::infinity();
 	double Bottom = std::numeric_limits<double>::infinity();
 };
 
-/** Known before a glyph is drawn: drawing what is left out would take the time and memory that the limits save. */
+/** Decided before a glyph is drawn: drawing what is then dropped would cost the time and memory that the limits save. */
 FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle)
 {
 	const auto IsLeftOf = [](const FShapedGlyph& InLeft, const FShapedGlyph& InRight)
@@ -128,7 +128,7 @@ FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InS
 	const double LineHeight = TextMetrics::LineHeight * InStyle.EmY;
 	const double Left = TextMetrics::ToEms(First->X) * InStyle.EmX;
 	const double Top = InGlyphs.front().Line * LineHeight;
-	// An em more on both sides for what the glyphs are wide.
+	// One more em on both sides for the width of the glyphs.
 	const double Width = TextMetrics::ToEms(Last->X) * InStyle.EmX - Left + 2.0 * InStyle.EmX;
 	const double Height = (InGlyphs.back().Line + 1) * LineHeight - Top;
 	if (Width * Height > static_cast<double>(FTextLimits::MaxSpritePixels))
@@ -140,7 +140,7 @@ FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InS
 	return Reach;
 }
 
-/** Draws the glyphs. False where some were left out. */
+/** Draws the glyphs. False if some were left out. */
 bool PlaceGlyphs(FGlyphStore& InStore, std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle,
 				 std::vector<FPlacedImage>& OutPlaced)
 {
@@ -170,7 +170,7 @@ bool PlaceGlyphs(FGlyphStore& InStore, std::span<const FShapedGlyph> InGlyphs, c
 	return OutPlaced.size() == InGlyphs.size();
 }
 
-/** Sizes the sprite to its ink, as far as that may be painted. */
+/** Sizes the sprite to its ink, within the limits. */
 void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
 {
 	FBounds Bounds;
@@ -200,14 +200,14 @@ void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
 
 static_assert(std::endian::native == std::endian::little, "a pixel's first byte, red, is its lowest");
 
-/** Whether a dark outline would make a blob of the letters: the colour's luma (BT.709) out of 255. */
+/** Whether a dark outline would make the letters illegible: the color's luma (BT.709) out of 255. */
 constexpr bool IsDark(FTextColor InColor)
 {
 	constexpr unsigned DarkestWithDarkOutline = 40;
 	return (54U * InColor.Red + 183U * InColor.Green + 19U * InColor.Blue) >> 8U < DarkestWithDarkOutline;
 }
 
-/** Fill over outline, the whole faded by the colour's alpha. The outline is black, around dark letters white. */
+/** Fill over outline, all faded by the color's alpha. The outline is black, or white around dark letters. */
 void ComposeMasks(const uint16* __restrict InMasks, std::size_t InCount, FTextColor InColor,
 				  uint8* __restrict OutPixels)
 {
@@ -225,14 +225,14 @@ void ComposeMasks(const uint16* __restrict InMasks, std::size_t InCount, FTextCo
 		const uint16 Light = Multiply(Edge, OutlineLight);
 		const auto Mix = [Fill, Light](uint16 InChannel)
 		{
-			// Both parts are rounded, so that together they may be one too much.
+			// Both parts are rounded, so their sum may be one too large.
 			const auto Sum = static_cast<uint16>(Multiply(Fill, InChannel) + Light);
 			return Sum < 255 ? Sum : uint16{255};
 		};
 		const auto RedGreen = static_cast<uint16>(Mix(Red) | Mix(Green) << 8U);
 		const auto BlueAlpha = static_cast<uint16>(Mix(Blue) | Multiply(Fill + Edge, Alpha) << 8U);
 		const uint32 Pixel = RedGreen | static_cast<uint32>(BlueAlpha) << 16U;
-		// Whole pixels, not bytes: those would be stored one by one.
+		// Whole pixels, because bytes would be stored one by one.
 		std::memcpy(OutPixels + 4 * Index, &Pixel, sizeof(Pixel));
 	}
 }
@@ -241,7 +241,7 @@ void PaintMasks(std::span<const FPlacedImage> InPlaced, FTextColor InColor, FSpr
 {
 	thread_local std::vector<uint16> Canvas;
 	const std::size_t Count = InOutSprite.Pixels.size() / 4;
-	// A glyph's whole blocks may reach past the last pixel: they are empty there.
+	// A glyph's blocks may extend past the last pixel; they are empty there.
 	Canvas.assign(Count + FMaskPlane::Block, 0);
 	for (const FPlacedImage& Placed : InPlaced)
 	{

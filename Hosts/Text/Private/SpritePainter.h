@@ -10,16 +10,16 @@
 namespace Flitmark
 {
 
-/** How a sprite is to be painted. */
+/** How to paint a sprite. */
 struct FSpriteStyle
 {
-	/** Pixels to the em of text; from 1 to FTextLimits::MaxEmPixels. */
+	/** Pixels per em of text; 1 to FTextLimits::MaxEmPixels. */
 	double EmX = 1.0;
 	double EmY = 1.0;
 	FTextColor Color;
 };
 
-/** Paints shaped text: all outlines beneath all fills, so that neighbours never darken each other. */
+/** Paints shaped text: all outlines below all fills, so that neighbors never darken each other. */
 FSprite PaintSprite(FGlyphStore& InStore, std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle);
 
 } // namespace Flitmark

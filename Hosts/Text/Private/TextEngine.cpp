@@ -24,7 +24,7 @@ struct FTextHash
 	std::size_t operator()(std::u16string_view InText) const { return std::hash<std::u16string_view>()(InText); }
 };
 
-/** Canvas units to the em; 0 where a text of that size can't be seen. */
+/** Canvas units per em; 0 if a text of that size is invisible. */
 double ToEm(float InSizePoints)
 {
 	if (!(InSizePoints > 0.0F))
@@ -53,7 +53,7 @@ public:
 		if (!Extents.Find(InText, Extent))
 		{
 			Extent = Shaper.Measure(InText);
-			// A node of the map, and what the allocator adds to it and to a long key.
+			// A map node, and what the allocator adds to it and to a long key.
 			constexpr std::size_t EntryBytes = sizeof(std::u16string) + sizeof(FTextExtent) + 64;
 			Extents.Add(std::u16string(InText), Extent, EntryBytes + InText.size() * sizeof(char16_t));
 		}
@@ -103,7 +103,7 @@ FSprite FTextEngine::Rasterise(std::u16string_view InText, float InSizePoints, F
 {
 	FSprite Sprite;
 	const FSpriteStyle Style = {ToEm(InSizePoints) * InScale.X, ToEm(InSizePoints) * InScale.Y, InColor};
-	// Less than a pixel to the em is no more than dust.
+	// Less than a pixel per em is just dust.
 	if (!(Style.EmX >= 1.0) || !(Style.EmY >= 1.0) || InColor.Alpha == 0)
 	{
 		return Sprite;

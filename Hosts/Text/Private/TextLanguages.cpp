@@ -19,7 +19,7 @@ struct FLanguages
 	hb_language_t OfLocale = ReadLocale();
 
 private:
-	/** The variables are asked in the order of setlocale, which a library must not call for its host. */
+	/** Looks at the variables in setlocale's order; a library must not call setlocale for its host. */
 	hb_language_t ReadLocale() const
 	{
 		std::string Locale;

@@ -18,7 +18,7 @@ bool IsLow(char16_t InUnit)
 	return (InUnit & 0xfc00U) == 0xdc00U;
 }
 
-/** Control characters, separators that end no line here, byte order marks, marks of annotations. */
+/** Control characters, separators that do not end lines here, byte order marks, annotation marks. */
 bool IsDropped(uint32 InPoint)
 {
 	return InPoint < 0x20 || (InPoint >= 0x7f && InPoint <= 0x9f) || InPoint == 0x2028 || InPoint == 0x2029 ||

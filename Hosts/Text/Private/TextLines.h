@@ -8,10 +8,10 @@
 namespace Flitmark
 {
 
-/** The part of a text that is set: the start of it, up to FTextLimits::MaxCodeUnits and not within a pair. */
+/** The part of a text that is laid out: up to FTextLimits::MaxCodeUnits, without splitting a surrogate pair. */
 std::u16string_view LimitText(std::u16string_view InText);
 
-/** Takes a text apart at LF, CR LF and CR: one line more than there are line ends. */
+/** Splits a text at LF, CR LF, and CR: one line more than there are line ends. */
 class FTextLines
 {
 public:
@@ -21,8 +21,8 @@ public:
 	}
 
 	/**
-	 * The next line's characters; false after the last. Lone surrogates become U+FFFD, a tab an em space; control
-	 * characters and others that are no text are left out.
+	 * The next line's characters; false after the last. Lone surrogates become U+FFFD, tabs an em space; control
+	 * characters and other non-text characters are dropped.
 	 */
 	bool Next(std::vector<uint32>& OutPoints);
 

@@ -7,7 +7,7 @@ namespace Flitmark
 
 /**
  * Proportions of comment text, in ems. Shaping happens once, at a reference scale of UnitsPerEm; sizes only multiply.
- * Integer positions make sums independent of their order, and so of threads and caches.
+ * Integer positions make sums independent of order, and so of threads and caches.
  */
 namespace TextMetrics
 {
@@ -23,7 +23,7 @@ constexpr double LineHeight = 1.25;
 constexpr double Baseline = 0.93;
 constexpr double Outline = 1.0 / 16.0;
 
-/** How wide an emoji is set: an ideograph and a little air. */
+/** Advance of an emoji: an ideograph plus a little space. */
 constexpr double EmojiAdvance = 1.0625;
 
 constexpr double ToEms(int64 InUnits)

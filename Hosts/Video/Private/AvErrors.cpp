@@ -69,7 +69,7 @@ void FAvLog::Start()
 				   []
 				   {
 					   av_log_set_callback(&KeepLine);
-					   // SVT-AV1 writes to the terminal past FFmpeg's log; this leaves its errors.
+					   // SVT-AV1 writes to the terminal, bypassing FFmpeg's log; this keeps only its errors.
 					   setenv("SVT_LOG", "1", 0);
 				   });
 	const std::lock_guard Lock(LogMutex);

@@ -9,16 +9,16 @@ namespace Flitmark
 std::string AvErrorText(int InCode);
 
 /**
- * Keeps FFmpeg's own log off the terminal and remembers its latest error lines, which often say better what is wrong
- * than the code does. One for the process, as FFmpeg's log is.
+ * Keeps FFmpeg's log off the terminal and remembers its latest error lines, which often describe the problem better
+ * than the error code. One per process, like FFmpeg's log.
  */
 class FAvLog
 {
 public:
-	/** Takes the log over (once) and forgets what it said so far. */
+	/** Takes over the log (once) and clears it. */
 	static void Start();
 
-	/** AvErrorText, followed by what the log said since Start in brackets. */
+	/** AvErrorText, followed by what was logged since Start, in parentheses. */
 	static std::string Explain(int InCode);
 };
 

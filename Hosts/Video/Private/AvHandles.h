@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Misc/Timespan.h"
 
 extern "C"
 {
@@ -16,7 +17,7 @@ extern "C"
 namespace Flitmark
 {
 
-/** Frees each of FFmpeg's objects by its own function. */
+/** Frees each FFmpeg object with its own function. */
 struct FAvDelete
 {
 	void operator()(AVFrame* InFrame) const { av_frame_free(&InFrame); }
@@ -34,12 +35,12 @@ using FInputPtr = std::unique_ptr<AVFormatContext, FAvDelete>;
 using FSwsPtr = std::unique_ptr<SwsContext, FAvDelete>;
 using FBufferPoolPtr = std::unique_ptr<AVBufferPool, FAvDelete>;
 
-/** Throw std::bad_alloc where there is no memory, like everything else here. */
+/** Throw std::bad_alloc if out of memory, like everything else here. */
 FFramePtr MakeFrame();
 FPacketPtr MakePacket();
 
 /** Ticks of 100 nanoseconds, the overlay's unit of media time. */
-inline constexpr AVRational TickBase{1, 10'000'000};
-inline constexpr int64 TicksPerSecond = 10'000'000;
+using ETimespan::TicksPerSecond;
+inline constexpr AVRational TickBase{1, TicksPerSecond};
 
 } // namespace Flitmark

@@ -5,11 +5,11 @@
 namespace Flitmark
 {
 
-/** Samples that the kernels take at a time; rows of sprite planes are padded to a multiple of it. */
+/** Samples per kernel step; rows of sprite planes are padded to a multiple of it. */
 inline constexpr int32 BlendBlock = 16;
 
 /**
- * One sample over another: what is left of the video's (InKeep of it) plus the comment's, already multiplied by its
+ * Blends one sample over another: the video's, scaled by InKeep, plus the comment's, already multiplied by its
  * alpha. 8 bits: InKeep is 255 - alpha, exactly rounded. 9 to 12 bits: InKeep is 65535 - alpha * 257.
  */
 inline uint8 BlendSample(uint8 InVideo, uint8 InKeep, uint8 InColor)
@@ -31,11 +31,11 @@ template <typename SampleType>
 using FBlendRow = void (*)(SampleType* InVideo, const SampleType* InKeep, const SampleType* InColor, int32 InCount,
 						   int32 InShift);
 
-/** The fastest kernel for the processor that this runs on. */
+/** The fastest kernel for this processor. */
 template <typename SampleType>
 FBlendRow<SampleType> FastestBlendRow();
 
-/** The kernel that runs everywhere; gives the same samples. */
+/** The portable kernel; produces the same samples. */
 template <typename SampleType>
 FBlendRow<SampleType> PlainBlendRow();
 

@@ -12,7 +12,7 @@ namespace Flitmark
 namespace
 {
 
-/** Planes of the sprites that are alive. */
+/** Planes of the live sprites. */
 template <typename SampleType>
 class TPlaneCache
 {
@@ -22,14 +22,15 @@ public:
 	{
 	}
 
-	TSpritePlanes<SampleType>& Find(const std::shared_ptr<const FSprite>& InSprite)
+	TSpritePlanes<SampleType>& Find(const FPlacedSprite& InPlaced)
 	{
-		FEntry& Entry = Entries[InSprite.get()];
-		// A new sprite may have got the address of a dead one.
-		if (Entry.Sprite.expired())
+		FEntry& Entry = Entries[InPlaced.Sprite.get()];
+		// A new sprite may have the address of a dead one.
+		if (Entry.Sprite.expired() || Entry.Opacity != InPlaced.Opacity)
 		{
-			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InSprite, Style);
-			Entry.Sprite = InSprite;
+			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InPlaced.Sprite, InPlaced.Opacity, Style);
+			Entry.Sprite = InPlaced.Sprite;
+			Entry.Opacity = InPlaced.Opacity;
 		}
 		return *Entry.Planes;
 	}
@@ -47,6 +48,7 @@ private:
 	struct FEntry
 	{
 		std::weak_ptr<const FSprite> Sprite;
+		double Opacity = 1.0;
 		std::unique_ptr<TSpritePlanes<SampleType>> Planes;
 	};
 
@@ -75,7 +77,7 @@ public:
 			{
 				continue;
 			}
-			TSpritePlanes<SampleType>& Planes = Cache.Find(Each.Sprite);
+			TSpritePlanes<SampleType>& Planes = Cache.Find(Each);
 			for (int32 Plane = 0; Plane < Style.Layout.PlaneCount; ++Plane)
 			{
 				const FPlaneLayout& Layout = Style.Layout.Planes[static_cast<size_t>(Plane)];
@@ -131,7 +133,7 @@ std::unique_ptr<IBlender> IBlender::Make(const FBlendStyle& InStyle)
 std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32 InWidth,
 									  int32 InHeight)
 {
-	// Far beyond any picture, and far from where integers run over.
+	// Far outside any picture, and far from integer overflow.
 	constexpr double Farthest = 1'000'000.0;
 	if (!InSprite.Sprite || InSprite.Sprite->Width <= 0 || InSprite.Sprite->Height <= 0)
 	{

@@ -10,15 +10,15 @@
 namespace Flitmark
 {
 
-/** Blends comments into frames of one format, in the frames' own planes. */
+/** Blends comments into frames of one format, directly in the frames' planes. */
 class IBlender
 {
 public:
 	virtual ~IBlender() = default;
 
 	/**
-	 * Blends the sprites in their order. The frame must be writable and of the format the blender was made for; what
-	 * reaches out of it is left out. Call it for frames without sprites too: sprites that are gone are forgotten then.
+	 * Blends the sprites in order. The frame must be writable and have the format the blender was made for; what
+	 * lies outside it is clipped. Call it for frames without sprites too, so that dead sprites are forgotten.
 	 */
 	virtual void Blend(AVFrame& InFrame, std::span<const FPlacedSprite> InSprites) = 0;
 
@@ -26,8 +26,8 @@ public:
 };
 
 /**
- * Where a sprite lies in the stored picture of a frame, its place rounded to whole pixels (halves up); empty where
- * nothing of it is in the picture.
+ * A sprite's rectangle in the stored picture of a frame, rounded to whole pixels (halves up); empty if
+ * none of it is in the picture.
  */
 std::optional<FPixelRect> StoredPlace(const FPlacedSprite& InSprite, const FOrientation& InOrientation, int32 InWidth,
 									  int32 InHeight);

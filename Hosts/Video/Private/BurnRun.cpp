@@ -82,7 +82,7 @@ bool FBurnRun::Open()
 	Codec = avcodec_find_encoder_by_name(Options.Codec.c_str());
 	if (Codec == nullptr || Codec->type != AVMEDIA_TYPE_VIDEO)
 	{
-		return Fail(Options.Codec + ": there is no video encoder of this name; \"ffmpeg -encoders\" lists them");
+		return Fail(Options.Codec + ": no such video encoder; \"ffmpeg -encoders\" lists them");
 	}
 	if (!OpenInput())
 	{
@@ -102,7 +102,7 @@ bool FBurnRun::Open()
 	const double Whole = Input->DurationSeconds();
 	const double End = Options.To && (Whole <= 0.0 || *Options.To < Whole) ? *Options.To : Whole;
 	State.TotalSeconds = std::max(0.0, End - Options.From.value_or(0.0));
-	Painter.emplace(Input->Orientation(), Options.Opacity);
+	Painter.emplace(Input->Orientation());
 	return true;
 }
 
@@ -127,7 +127,7 @@ bool FBurnRun::SkipToFrom(FOverlayClock& InClock)
 	if (Times->Ticks.empty() || Times->Ticks.back() < FromTicks())
 	{
 		const double End = static_cast<double>(Times->EndTicks.value_or(0)) / static_cast<double>(TicksPerSecond);
-		return Fail(Options.Input + ": lasts " + Seconds(End) + ", there is nothing to burn from " +
+		return Fail(Options.Input + ": is only " + Seconds(End) + " long; there is nothing to burn from " +
 					Seconds(*Options.From) + " on");
 	}
 	for (const int64 Ticks : Times->Ticks)
@@ -170,7 +170,7 @@ int64 FBurnRun::Zero(const AVFrame& InFirst) const
 	{
 		return InFirst.pts;
 	}
-	// Broadcast streams start anywhere on a clock of their own; elsewhere the times mean what they say.
+	// Broadcast streams start anywhere on their own clock; elsewhere times are literal.
 	const AVFormatContext& Format = Input->Format();
 	const bool bOwnClock = (Format.iformat->flags & AVFMT_TS_DISCONT) != 0 && Format.start_time != AV_NOPTS_VALUE;
 	return bOwnClock ? av_rescale_q(Format.start_time, {1, AV_TIME_BASE}, Input->Video().time_base) : 0;
@@ -209,9 +209,8 @@ void FBurnRun::SayConversion(AVPixelFormat InSource, const FFormatPlan& InPlan)
 {
 	if (WithoutImpliedRange(InSource) != InPlan.Paint || InPlan.Paint != InPlan.Encode)
 	{
-		Progress.OnMessage(std::string("the picture is converted from ") + NameOf(InSource) + " to " +
-						   NameOf(InPlan.Encode) + ", which comments can be painted into and " + Codec->name +
-						   " takes");
+		Progress.OnMessage(std::string("frames are converted from ") + NameOf(InSource) + " to " +
+						   NameOf(InPlan.Encode) + ", which can hold comments and which " + Codec->name + " accepts");
 	}
 }
 
@@ -249,7 +248,7 @@ bool FBurnRun::Encode(FFramePtr InFrame)
 	{
 		return false;
 	}
-	// Encoders want times that grow; only damaged files have others.
+	// Encoders need increasing times; only damaged files have others.
 	if (LastStamp && InFrame->pts <= *LastStamp)
 	{
 		InFrame->pts = *LastStamp + 1;
@@ -307,7 +306,7 @@ bool FBurnRun::Finish()
 {
 	if (!Encoder)
 	{
-		return Fail(Options.Input + ": not one frame of its video could be decoded" +
+		return Fail(Options.Input + ": no frame of its video could be decoded" +
 					(Options.From || Options.To ? " in the part to burn" : "; the file is empty or damaged"));
 	}
 	if (!Encoder->Send(nullptr, Error) || !Drain() || Cancel || !Output->Finish(Error))
@@ -323,20 +322,20 @@ void FBurnRun::TellDamage()
 	const int64 Broken = Input->BrokenReads() + Decoder->BrokenPackets();
 	if (Broken > 0)
 	{
-		Progress.OnMessage(Options.Input + ": " + std::to_string(Broken) + " damaged pieces were passed over");
+		Progress.OnMessage(Options.Input + ": " + std::to_string(Broken) + " damaged packets were skipped");
 	}
 	if (Misplaced > 0)
 	{
 		Progress.OnMessage(Options.Input + ": " + std::to_string(Misplaced) +
-						   " frames had times before the frame ahead of them and were moved behind it");
+						   " frames were timed before the frame preceding them and were moved after it");
 	}
 	const AVStream& Video = Input->Video();
 	const double Ends = static_cast<double>(LastEndTicks) / static_cast<double>(TicksPerSecond);
 	constexpr double Slack = 1.0;
 	if (!Options.To && Video.duration != AV_NOPTS_VALUE && Ends + Slack < Input->DurationSeconds())
 	{
-		Progress.OnMessage(Options.Input + ": its video ends at " + Seconds(Ends) + ", though the file says " +
-						   Seconds(Input->DurationSeconds()) + "; it is damaged or cut off");
+		Progress.OnMessage(Options.Input + ": its video ends at " + Seconds(Ends) + ", although the file says " +
+						   Seconds(Input->DurationSeconds()) + "; it is damaged or truncated");
 	}
 }
 

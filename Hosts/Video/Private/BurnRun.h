@@ -15,7 +15,7 @@
 namespace Flitmark
 {
 
-/** One burn, from opening the input to naming the output. */
+/** One burn, from opening the input to renaming the output. */
 class FBurnRun
 {
 public:
@@ -24,7 +24,7 @@ public:
 	FVideoResult Burn(IOverlaySource& InOverlay);
 
 private:
-	// Each false with Error set, or with the burn cancelled.
+	// Each returns false with Error set, or if the burn was canceled.
 	bool Open();
 	bool OpenInput();
 	bool SkipToFrom(FOverlayClock& InClock);
@@ -56,10 +56,10 @@ private:
 	std::unique_ptr<FVideoEncoder> Encoder;
 	std::optional<FFramePainter> Painter;
 
-	/** Only where the encoder takes no format that comments can be blended into. */
+	/** Only if the encoder accepts no format that comments can be blended into. */
 	std::optional<FFrameConverter> LastConverter;
 
-	/** Copied packets that came before the first frame, without which the output cannot start. */
+	/** Copied packets that arrived before the first frame, without which the output cannot start. */
 	std::deque<FPacketPtr> Waiting;
 
 	FPacketPtr Packet;

@@ -18,13 +18,13 @@ struct FColorMatrix
 	std::array<std::array<int32, 4>, 3> Row{};
 
 	/**
-	 * By the frame's tags. Without a matrix tag: BT.709 for pictures beyond standard definition (wider than 1279 or
-	 * higher than 576), else BT.601, as players do; without a range tag: limited.
+	 * According to the frame's tags. Without a matrix tag: BT.709 for pictures beyond standard definition (wider than
+	 * 1279 or higher than 576), else BT.601, as players do; without a range tag: limited.
 	 */
 	static FColorMatrix For(const AVFrame& InFrame, int32 InDepth);
 };
 
-/** The frame's matrix tag, with "unspecified" settled as said above. */
+/** The frame's matrix tag, with "unspecified" resolved as above. */
 AVColorSpace SettledMatrix(const AVFrame& InFrame);
 
 } // namespace Flitmark

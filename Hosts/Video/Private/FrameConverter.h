@@ -6,7 +6,10 @@
 namespace Flitmark
 {
 
-/** Brings frames to another pixel format or size. Colours keep their matrix; RGB becomes limited YCbCr, tagged so. */
+/**
+ * Converts frames to another pixel format or size. Colors keep their matrix; RGB becomes limited-range YCbCr, with
+ * tags to match.
+ */
 class FFrameConverter
 {
 public:
@@ -22,7 +25,7 @@ public:
 		return InFrame.format == Format && InFrame.width == Width && InFrame.height == Height;
 	}
 
-	/** The converted frame with the properties of the given one; empty where it cannot be converted. */
+	/** The converted frame with the properties of the given one; empty if it cannot be converted. */
 	FFramePtr Convert(const AVFrame& InFrame);
 
 private:

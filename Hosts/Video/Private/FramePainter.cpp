@@ -36,7 +36,6 @@ void FFramePainter::PrepareBlender(const AVFrame& InFrame)
 	Style.Layout = FPixelLayout::Of(static_cast<AVPixelFormat>(InFrame.format)).value();
 	Style.Matrix = FColorMatrix::For(InFrame, Style.Layout.Depth);
 	Style.Orientation = Orientation;
-	Style.Opacity = Opacity;
 	Blender = IBlender::Make(Style);
 }
 

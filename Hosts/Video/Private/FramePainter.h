@@ -11,22 +11,21 @@ namespace Flitmark
 {
 
 /**
- * Paints comments on decoded frames. All frames come out in one size and in one pixel format that can be blended into,
- * which are the first frame's own where possible.
+ * Paints comments on decoded frames. All frames come out in one size and one pixel format that comments can be
+ * blended into, which are the first frame's own where possible.
  */
 class FFramePainter
 {
 public:
-	FFramePainter(const FOrientation& InOrientation, double InOpacity)
+	explicit FFramePainter(const FOrientation& InOrientation)
 		: Orientation(InOrientation)
-		, Opacity(InOpacity)
 	{
 	}
 
-	/** InFormat: what frames are brought to before they are blended into; must be a format FPixelLayout knows. */
+	/** InFormat: the format frames are converted to before blending; must be one FPixelLayout knows. */
 	void Start(AVPixelFormat InFormat, int32 InWidth, int32 InHeight);
 
-	/** The painted frame; InFrame itself where nothing had to change. Null where a frame cannot be converted. */
+	/** The painted frame; InFrame itself if nothing had to change. Null if a frame cannot be converted. */
 	FFramePtr Paint(FFramePtr InFrame, std::span<const FPlacedSprite> InSprites);
 
 private:
@@ -34,11 +33,10 @@ private:
 	FFramePtr WritableCopy(const AVFrame& InFrame);
 
 	FOrientation Orientation;
-	double Opacity;
 	std::optional<FFrameConverter> Converter;
 	std::unique_ptr<IBlender> Blender;
 
-	/** The colour tags that the blender was made for. */
+	/** The color tags that the blender was made for. */
 	AVColorSpace Space = AVCOL_SPC_UNSPECIFIED;
 	AVColorRange Range = AVCOL_RANGE_UNSPECIFIED;
 

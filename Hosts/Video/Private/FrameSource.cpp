@@ -6,7 +6,7 @@ namespace Flitmark
 namespace
 {
 
-/** Whether decoding from where a seek leads gives a frame at or before InTicks first. */
+/** Whether decoding after a seek yields a frame at or before InTicks first. */
 bool SeekReaches(const std::string& InPath, int64 InTicks)
 {
 	std::string Ignored;

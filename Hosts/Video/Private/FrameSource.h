@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-/** Decodes an input's video alone, without its other streams. */
+/** Decodes only an input's video stream. */
 class FFrameSource
 {
 public:
@@ -25,8 +25,8 @@ private:
 };
 
 /**
- * Opens a file at the last keyframe from which the frame shown at InTicks of media time can be decoded: at the
- * beginning where seeking leads past it. Null with OutError set where the file cannot be read.
+ * Opens a file at the last keyframe from which the frame shown at InTicks of media time can be decoded, or at the
+ * beginning if seeking overshoots. Null with OutError set if the file cannot be read.
  */
 std::unique_ptr<FVideoInput> OpenVideoAt(const std::string& InPath, int64 InTicks, std::string& OutError);
 

@@ -17,8 +17,9 @@ struct FPixelRect
 };
 
 /**
- * How the upright picture that players show lies in the stored one. A stored pixel (p, q) is mirrored as the flips say
- * (p to Width - 1 - p, q to Height - 1 - q), then its coordinates swap if bTranspose: that is its upright place.
+ * How the upright picture that players show relates to the stored one. A stored pixel (p, q) is mirrored according to
+ * the flips (p to Width - 1 - p, q to Height - 1 - q), then its coordinates are swapped if bTranspose: that is its
+ * upright position.
  */
 struct FOrientation
 {
@@ -26,7 +27,7 @@ struct FOrientation
 	bool bFlipX = false;
 	bool bFlipY = false;
 
-	/** From FFmpeg's 3x3 display matrix (null: upright); other angles than quarter turns go to the nearest. */
+	/** From FFmpeg's 3x3 display matrix (null: upright); other angles are rounded to the nearest quarter turn. */
 	static FOrientation FromDisplayMatrix(const int32* InMatrix);
 
 	/** The stored pixel of an upright one (InX, InY); size is the stored picture's. */

@@ -10,7 +10,7 @@
 namespace Flitmark
 {
 
-/** Takes an overlay through the frames of a video; burn and shot go through the same times, so they agree. */
+/** Steps an overlay through the frames of a video; burn and shot use the same times, so they agree. */
 class FOverlayClock
 {
 public:
@@ -20,7 +20,7 @@ public:
 		Overlay.Open(InShape);
 	}
 
-	/** The comments on the frame at InTicks of media time, which is moved behind the frame before it if need be. */
+	/** The comments on the frame at InTicks of media time, which is moved after the previous frame if necessary. */
 	std::span<const FPlacedSprite> Advance(int64 InTicks)
 	{
 		const int64 Ticks = std::max(InTicks, Last);

@@ -10,7 +10,7 @@ namespace Flitmark
 namespace
 {
 
-/** Enough that neither side waits for a slow frame of the other; each costs a picture's memory. */
+/** Enough that neither side waits for a slow frame of the other; each costs the memory of a picture. */
 constexpr size_t FramesAhead = 4;
 constexpr size_t ItemsAhead = 512;
 
@@ -136,7 +136,7 @@ void FPacketReader::TakeOther(const AVPacket& InPacket)
 	const size_t Index = static_cast<size_t>(InPacket.stream_index);
 	if (Index >= PastEnd.size())
 	{
-		// A stream that turned up in mid-file has no place in the output.
+		// A stream that appears in mid-file has no place in the output.
 		return;
 	}
 	const int64 Stamp = InPacket.pts != AV_NOPTS_VALUE ? InPacket.pts : InPacket.dts;
@@ -159,7 +159,7 @@ bool FPacketReader::AllPastEnd() const
 	{
 		const AVStream& Stream = *Input.Format().streams[Index];
 		const AVMediaType Kind = Stream.codecpar->codec_type;
-		// Subtitles may be silent for the rest of the file: nobody waits for them.
+		// There may be no subtitles for the rest of the file: do not wait for them.
 		const bool bAwaited =
 			Stream.discard != AVDISCARD_ALL && (Kind == AVMEDIA_TYPE_VIDEO || Kind == AVMEDIA_TYPE_AUDIO);
 		if (bAwaited && !PastEnd[Index])

@@ -14,31 +14,31 @@
 namespace Flitmark
 {
 
-/** What comes next in a file: a decoded frame of its video, or a packet of another stream. */
+/** The next item of a file: a decoded frame of its video or a packet of another stream. */
 struct FReadItem
 {
 	FFramePtr Frame;
 	FPacketPtr Packet;
 };
 
-/** Which part of a file is read, ticks of media time: from InFrom (included) to InTo (left out). */
+/** Which part of a file to read, in ticks of media time: from InFrom (inclusive) to InTo (exclusive). */
 struct FReadRange
 {
 	int64 From = 0;
 	int64 To = INT64_MAX;
 };
 
-/** Reads and decodes on a thread of its own, a few frames ahead. */
+/** Reads and decodes a few frames ahead on its own thread. */
 class FPacketReader
 {
 public:
-	/** Both are the thread's own until this object is gone. */
+	/** Both belong to the thread until this object is gone. */
 	FPacketReader(FVideoInput& InInput, FVideoDecoder& InDecoder, const FReadRange& InRange);
 
 	/** Stops reading. */
 	~FPacketReader();
 
-	/** The next item, in the file's order; false at the end. What went wrong on the thread is thrown here. */
+	/** The next item, in file order; false at the end. Exceptions of the thread are rethrown here. */
 	bool Next(FReadItem& OutItem);
 
 private:
@@ -53,7 +53,7 @@ private:
 	FVideoDecoder& Decoder;
 	FReadRange Range;
 
-	/** By the streams: whether they have come past the end of the range. */
+	/** Per stream: whether it is past the end of the range. */
 	std::vector<bool> PastEnd;
 
 	std::mutex Mutex;

@@ -51,7 +51,7 @@ FPacketPtr Encode(AVFrame& InPicture, std::string& OutError)
 	FCodecPtr Codec(Png != nullptr ? avcodec_alloc_context3(Png) : nullptr);
 	if (!Codec)
 	{
-		OutError = "there is no PNG encoder";
+		OutError = "FFmpeg has no PNG encoder";
 		return nullptr;
 	}
 	Codec->width = InPicture.width;

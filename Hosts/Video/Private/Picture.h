@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-/** Writes a YCbCr frame as an upright 8-bit RGB PNG, whole or not at all; false with OutError set. */
+/** Writes a YCbCr frame as an upright 8-bit RGB PNG, atomically; false with OutError set on failure. */
 bool WritePicture(const AVFrame& InFrame, const FOrientation& InOrientation, const std::string& InPath,
 				  std::string& OutError);
 

@@ -76,7 +76,7 @@ std::vector<AVPixelFormat> AllBlendable()
 	return Formats;
 }
 
-/** A grey picture gets the chroma that costs least: it only holds the comments'. */
+/** A gray picture gets the cheapest chroma: it only holds the comments'. */
 AVPixelFormat WithChroma(AVPixelFormat InFormat)
 {
 	const AVPixFmtDescriptor* const Format = av_pix_fmt_desc_get(InFormat);

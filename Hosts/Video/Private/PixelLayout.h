@@ -17,7 +17,7 @@ namespace Flitmark
 /** One of a frame's planes: what its samples mean. */
 struct FPlaneLayout
 {
-	/** Components by index: 0 Y, 1 Cb, 2 Cr; two where chroma is interleaved. */
+	/** Components by index: 0 Y, 1 Cb, 2 Cr; two if chroma is interleaved. */
 	int32 Components = 1;
 	std::array<int32, 2> Component{};
 
@@ -27,8 +27,8 @@ struct FPlaneLayout
 };
 
 /**
- * A pixel format that comments are blended into as it is: YCbCr without alpha, 8 to 12 bits, any subsampling, chroma in
- * planes of its own or interleaved, 16-bit samples in this machine's byte order.
+ * A pixel format that comments can be blended into directly: YCbCr without alpha, 8 to 12 bits, any subsampling, chroma in
+ * separate planes or interleaved, 16-bit samples in native byte order.
  */
 struct FPixelLayout
 {
@@ -46,11 +46,11 @@ struct FPixelLayout
 	/** The format to convert InFormat to: the blendable one that loses least of it. */
 	static AVPixelFormat Nearest(AVPixelFormat InFormat);
 
-	/** The same out of those that InAllowed lists (ended by AV_PIX_FMT_NONE); AV_PIX_FMT_NONE where there is none. */
+	/** The same, restricted to InAllowed (terminated by AV_PIX_FMT_NONE); AV_PIX_FMT_NONE if there is none. */
 	static AVPixelFormat Nearest(AVPixelFormat InFormat, const AVPixelFormat* InAllowed);
 };
 
-/** The old formats that imply full range (yuvj420p) are the plain ones with a tag: gives the plain one. */
+/** Maps the legacy full-range formats (yuvj420p), which are the plain ones plus a tag, to the plain ones. */
 AVPixelFormat WithoutImpliedRange(AVPixelFormat InFormat);
 
 } // namespace Flitmark

@@ -17,7 +17,7 @@ int32 RoundedUp(int32 InCount, int32 InShift)
 	return (InCount + (1 << InShift) - 1) >> InShift;
 }
 
-/** What of the video stays under the sum of alpha of 1 << InShift pixels; see BlendSample for the two scales. */
+/** How much of the video to keep under the summed alpha of 1 << InShift pixels; see BlendSample for the two scales. */
 template <typename SampleType>
 SampleType KeepOf(int32 InAlphaSum, int32 InShift)
 {
@@ -38,18 +38,19 @@ int64 Weighed(const std::array<int32, 4>& InRow, const int32* InSums, int32 InSh
 	return Sum >> (InShift + 16);
 }
 
-std::vector<uint8> Oriented(const FSprite& InSprite, const FBlendStyle& InStyle, int32 InWidth, int32 InHeight)
+std::vector<uint8> Oriented(const FSprite& InSprite, double InOpacity, const FOrientation& InOrientation, int32 InWidth,
+							int32 InHeight)
 {
-	const double Opacity = std::isfinite(InStyle.Opacity) ? std::clamp(InStyle.Opacity, 0.0, 1.0) : 1.0;
+	const double Opacity = std::isfinite(InOpacity) ? std::clamp(InOpacity, 0.0, 1.0) : 1.0;
 	std::array<uint8, 256> Scaled;
 	for (size_t Value = 0; Value < Scaled.size(); ++Value)
 	{
 		Scaled[Value] = static_cast<uint8>(std::lround(static_cast<double>(Value) * Opacity));
 	}
 	std::vector<uint8> Rgba(static_cast<size_t>(InWidth) * static_cast<size_t>(InHeight) * 4);
-	const auto Step = [&InSprite, &InStyle, InWidth, InHeight](int32 InP, int32 InQ)
+	const auto Step = [&InSprite, &InOrientation, InWidth, InHeight](int32 InP, int32 InQ)
 	{
-		const auto [X, Y] = InStyle.Orientation.ToUpright(InP, InQ, InWidth, InHeight);
+		const auto [X, Y] = InOrientation.ToUpright(InP, InQ, InWidth, InHeight);
 		return (ptrdiff_t{Y} * InSprite.Width + X) * 4;
 	};
 	const ptrdiff_t NextPixel = Step(1, 0) - Step(0, 0);
@@ -87,7 +88,7 @@ template <typename SampleType>
 void TInkLayer<SampleType>::SetColor(int32 InColor, int32 InRow, int32 InSample, int64 InValue, int32 InMaximum)
 {
 	const size_t Index = At(InRow, InSample);
-	// What is left of the brightest sample bounds the colour, so that no sum runs over, however it is rounded.
+	// The color is bounded by what remains above the brightest sample, so that no sum overflows, however it is rounded.
 	const SampleType Brightest = static_cast<SampleType>(InMaximum);
 	const int32 Room = InMaximum - BlendSample(Brightest, Keep[Index], SampleType{0});
 	Colors[static_cast<size_t>(InColor)][Index] = static_cast<SampleType>(std::clamp<int64>(InValue, 0, Room));
@@ -122,13 +123,13 @@ void TInkLayer<SampleType>::FindInk()
 }
 
 template <typename SampleType>
-TSpritePlanes<SampleType>::TSpritePlanes(const FSprite& InSprite, const FBlendStyle& InStyle)
+TSpritePlanes<SampleType>::TSpritePlanes(const FSprite& InSprite, double InOpacity, const FBlendStyle& InStyle)
 	: Width(InStyle.Orientation.bTranspose ? InSprite.Height : InSprite.Width)
 	, Height(InStyle.Orientation.bTranspose ? InSprite.Width : InSprite.Height)
 	, Style(InStyle)
 	, Luma(0, 0, 0)
 {
-	Rgba = Oriented(InSprite, InStyle, Width, Height);
+	Rgba = Oriented(InSprite, InOpacity, InStyle.Orientation, Width, Height);
 	Luma = MakeLuma();
 }
 
@@ -167,7 +168,7 @@ TInkLayer<SampleType> TSpritePlanes<SampleType>::MakeChroma(const FPlaneLayout& 
 	std::vector<int32> Sums;
 	for (int32 Row = 0; Row < Rows; ++Row)
 	{
-		// Pixels of the chroma block that lie outside the sprite count as empty.
+		// Pixels of the chroma block outside the sprite count as empty.
 		Sums.assign(static_cast<size_t>(Columns) * 4, 0);
 		const int32 First = std::max(0, (Row << InPlane.ShiftY) - InPhaseY);
 		const int32 Last = std::min(Height, ((Row + 1) << InPlane.ShiftY) - InPhaseY);

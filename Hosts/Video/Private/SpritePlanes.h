@@ -13,13 +13,12 @@
 namespace Flitmark
 {
 
-/** All that decides how a sprite becomes samples of a video. */
+/** Everything that determines how a sprite becomes samples of a video. */
 struct FBlendStyle
 {
 	FPixelLayout Layout;
 	FColorMatrix Matrix;
 	FOrientation Orientation;
-	double Opacity = 1.0;
 };
 
 /** A run of samples of one row that hold ink; both ends are multiples of BlendBlock. */
@@ -29,14 +28,14 @@ struct FInkSpan
 	int32 End = 0;
 };
 
-/** A sprite as one kind of the video's planes wants it: how much of the video stays, and what is added. */
+/** A sprite converted for one kind of plane: how much of the video to keep, and what to add. */
 template <typename SampleType>
 class TInkLayer
 {
 public:
 	TInkLayer(int32 InWidth, int32 InHeight, int32 InColors);
 
-	/** Samples a row (twice the chroma positions where Cb and Cr are interleaved), and from row to row. */
+	/** Samples per row (twice the chroma positions if Cb and Cr are interleaved), and stride. */
 	int32 Width;
 	int32 Height;
 	int32 Stride;
@@ -52,7 +51,7 @@ public:
 		return {Spans.data() + FirstSpan[Row], FirstSpan[Row + 1] - FirstSpan[Row]};
 	}
 
-	/** Sets a sample; InValue is cut to what the rest of the video leaves room for. */
+	/** Sets a sample; InValue is clamped to the room that the kept part of the video leaves. */
 	void SetKeep(int32 InRow, int32 InSample, SampleType InKeep) { Keep[At(InRow, InSample)] = InKeep; }
 	void SetColor(int32 InColor, int32 InRow, int32 InSample, int64 InValue, int32 InMaximum);
 
@@ -69,12 +68,13 @@ private:
 	std::vector<uint32> FirstSpan;
 };
 
-/** A sprite turned into a video's planes, once; chroma for each way it can lie on the chroma grid, as needed. */
+/** A sprite converted to a video's planes, once; chroma for each alignment with the chroma grid, on demand. */
 template <typename SampleType>
 class TSpritePlanes
 {
 public:
-	TSpritePlanes(const FSprite& InSprite, const FBlendStyle& InStyle);
+	/** InOpacity: from 0 (invisible) to 1. */
+	TSpritePlanes(const FSprite& InSprite, double InOpacity, const FBlendStyle& InStyle);
 
 	/**
 	 * The layer for a plane, of a sprite whose left top stored pixel is at (InX, InY) of the picture; only the low
@@ -82,7 +82,7 @@ public:
 	 */
 	const TInkLayer<SampleType>& Layer(const FPlaneLayout& InPlane, int32 InX, int32 InY);
 
-	/** Which of a layer's colours a plane takes. */
+	/** Which of a layer's colors a plane uses. */
 	static int32 ColorOf(const FPlaneLayout& InPlane)
 	{
 		return InPlane.Components == 1 && InPlane.Component[0] == 2 ? 1 : 0;
@@ -92,7 +92,7 @@ private:
 	TInkLayer<SampleType> MakeLuma() const;
 	TInkLayer<SampleType> MakeChroma(const FPlaneLayout& InPlane, int32 InPhaseX, int32 InPhaseY) const;
 
-	/** The sprite as it lies in the stored picture, with the opacity worked in. */
+	/** The sprite in the orientation of the stored picture, with opacity applied. */
 	std::vector<uint8> Rgba;
 	int32 Width;
 	int32 Height;

@@ -16,7 +16,7 @@ namespace Flitmark
 namespace
 {
 
-/** Tags that the container writes anew, or that count what the burn changes. */
+/** Tags that the container writes itself, or that describe what the burn changes. */
 constexpr const char* StaleTags[] = {
 	"major_brand", "minor_version",	   "compatible_brands", "encoder",	   "duration",
 	"bps",		   "number_of_frames", "number_of_bytes",	"_statistics",
@@ -29,7 +29,7 @@ bool IsStale(const char* InName)
 					   { return av_strncasecmp(InName, InStale, std::strlen(InStale)) == 0; });
 }
 
-/** Whether side data of a video stream holds for its new encoding too. */
+/** Whether side data of a video stream remains valid for its new encoding. */
 bool StaysTrue(AVPacketSideDataType InType)
 {
 	switch (InType)
@@ -65,7 +65,7 @@ std::string CopyObstacle(const AVStream& InStream, const AVOutputFormat& InConta
 		std::string(KindName != nullptr ? KindName : "data") + ", " + avcodec_get_name(InStream.codecpar->codec_id);
 	if (Kind == AVMEDIA_TYPE_VIDEO)
 	{
-		return What + ": only one video stream is burnt";
+		return What + ": only one video stream is burned";
 	}
 	const bool bKind = Kind == AVMEDIA_TYPE_AUDIO || Kind == AVMEDIA_TYPE_SUBTITLE || Kind == AVMEDIA_TYPE_ATTACHMENT;
 	const bool bAttachable = Kind != AVMEDIA_TYPE_ATTACHMENT || std::strcmp(InContainer.name, "matroska") == 0;

@@ -23,15 +23,11 @@ std::string OptionsObstacle(const FBurnOptions& InOptions)
 {
 	if (!IsTime(InOptions.From) || !IsTime(InOptions.To))
 	{
-		return "the part to burn must be given in seconds from 0 on";
+		return "the start and end must be 0 seconds or later";
 	}
 	if (InOptions.To && *InOptions.To <= InOptions.From.value_or(0.0))
 	{
-		return "the part to burn ends before it begins; give an end behind its beginning";
-	}
-	if (!(InOptions.Opacity >= 0.0 && InOptions.Opacity <= 1.0))
-	{
-		return "the opacity must be from 0 to 1";
+		return "the end must be after the start";
 	}
 	if (InOptions.Crf && !std::isfinite(*InOptions.Crf))
 	{
@@ -55,7 +51,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return FVideoResult::Fail(InOptions.Input + ": burning stopped: " + Exception.what());
+	return FVideoResult::Fail(InOptions.Input + ": the burn failed: " + Exception.what());
 }
 
 } // namespace Flitmark

@@ -15,7 +15,7 @@ std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, i
 	const AVCodec* const Decoder = avcodec_find_decoder(Stream.codecpar->codec_id);
 	if (Decoder == nullptr)
 	{
-		OutError = std::string(InInput.Format().url) + ": there is no decoder for its video (" + Name + ")";
+		OutError = std::string(InInput.Format().url) + ": no decoder for its video (" + Name + ")";
 		return nullptr;
 	}
 	FCodecPtr Codec(avcodec_alloc_context3(Decoder));
@@ -31,7 +31,7 @@ std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, i
 	Code = Code < 0 ? Code : avcodec_open2(Codec.get(), Decoder, nullptr);
 	if (Code < 0)
 	{
-		OutError = std::string("the decoder for ") + Name + " does not start: " + FAvLog::Explain(Code);
+		OutError = std::string("the decoder for ") + Name + " cannot be started: " + FAvLog::Explain(Code);
 		return nullptr;
 	}
 	return std::unique_ptr<FVideoDecoder>(new FVideoDecoder(std::move(Codec)));

@@ -9,17 +9,17 @@
 namespace Flitmark
 {
 
-/** The decoder of an input's video stream. Damaged packets are passed over and counted. */
+/** The decoder of an input's video stream. Damaged packets are skipped and counted. */
 class FVideoDecoder
 {
 public:
-	/** Null with OutError set where there is no decoder for the stream. */
+	/** Null with OutError set if there is no decoder for the stream. */
 	static std::unique_ptr<FVideoDecoder> Open(const FVideoInput& InInput, int32 InThreads, std::string& OutError);
 
-	/** Takes a packet (null: there are no more); after it, Receive until it gives nothing. */
+	/** Takes a packet (null at the end); afterwards, call Receive until it returns nothing. */
 	void Send(const AVPacket* InPacket);
 
-	/** The next frame in order of time, its pts set; false where the decoder wants another packet or is done. */
+	/** The next frame in time order, with its pts set; false if the decoder needs another packet or is done. */
 	bool Receive(AVFrame& OutFrame);
 
 	int64 BrokenPackets() const { return Broken; }

@@ -18,7 +18,7 @@ namespace Flitmark
 namespace
 {
 
-/** More than any encoder looks ahead. */
+/** More than any encoder's lookahead. */
 constexpr size_t MostFramesInside = 1024;
 
 bool Takes(const AVCodec& InCodec, AVPixelFormat InFormat)
@@ -33,7 +33,7 @@ bool Takes(const AVCodec& InCodec, AVPixelFormat InFormat)
 	return InCodec.pix_fmts == nullptr;
 }
 
-/** The options that go to the encoder by name; what it does not know is left in the dictionary. */
+/** Options passed to the encoder by name; unknown ones stay in the dictionary. */
 AVDictionary* OptionsOf(const FEncoderSetup& InSetup)
 {
 	AVDictionary* Options = nullptr;
@@ -49,7 +49,7 @@ AVDictionary* OptionsOf(const FEncoderSetup& InSetup)
 	}
 	if (std::string(InSetup.Codec->name) == "libx265")
 	{
-		// It writes to the terminal past FFmpeg's log, and has no other way to be told the number of threads.
+		// It writes to the terminal, bypassing FFmpeg's log, and has no other way to set the number of threads.
 		std::string Parameters = "log-level=error";
 		Parameters += InSetup.Threads > 0 ? ":pools=" + std::to_string(InSetup.Threads) : "";
 		av_dict_set(&Options, "x265-params", Parameters.c_str(), 0);
@@ -71,7 +71,7 @@ void Configure(AVCodecContext& InCodec, const FEncoderSetup& InSetup, const AVFr
 	InCodec.color_trc = InFirst.color_trc;
 	InCodec.colorspace = InFirst.colorspace;
 	InCodec.chroma_sample_location = InFirst.chroma_location;
-	// Motion JPEG takes limited range only so; players know its mark.
+	// The only way to get limited range in Motion JPEG; players know the marker.
 	InCodec.strict_std_compliance = FF_COMPLIANCE_UNOFFICIAL;
 	InCodec.thread_count = std::max(0, InSetup.Threads);
 	InCodec.flags |= InSetup.bGlobalHeader ? AV_CODEC_FLAG_GLOBAL_HEADER : 0;
@@ -113,8 +113,8 @@ std::unique_ptr<FVideoEncoder> FVideoEncoder::Open(const FEncoderSetup& InSetup,
 	av_dict_free(&Options);
 	if (Code < 0)
 	{
-		OutError = std::string("the encoder ") + InSetup.Codec->name + " does not start: " + FAvLog::Explain(Code) +
-				   "; check the codec, its quality and its preset";
+		OutError = std::string("the encoder ") + InSetup.Codec->name + " cannot be started: " + FAvLog::Explain(Code) +
+				   "; check the codec, quality, and preset";
 		return nullptr;
 	}
 	if (!UnknownName.empty())
@@ -130,13 +130,13 @@ bool FVideoEncoder::Send(AVFrame* InFrame, std::string& OutError)
 {
 	if (InFrame != nullptr)
 	{
-		// The source's frame types must not become orders to the encoder.
+		// The source's frame types must not become requests to the encoder.
 		InFrame->pict_type = AV_PICTURE_TYPE_NONE;
 		if (InFrame->pkt_duration > 0)
 		{
 			Durations.emplace(InFrame->pts, InFrame->pkt_duration);
 		}
-		// Frames that an encoder drops never come back.
+		// Frames dropped by an encoder never come back.
 		if (Durations.size() > MostFramesInside)
 		{
 			Durations.erase(Durations.begin());

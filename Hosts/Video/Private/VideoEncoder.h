@@ -10,7 +10,7 @@
 namespace Flitmark
 {
 
-/** What an encoder is to make. */
+/** Settings of an encoder. */
 struct FEncoderSetup
 {
 	const AVCodec* Codec = nullptr;
@@ -20,39 +20,39 @@ struct FEncoderSetup
 	AVPixelFormat Format = AV_PIX_FMT_NONE;
 	AVRational TimeBase{1, 1};
 
-	/** 0/1 where unknown. */
+	/** 0/1 if unknown. */
 	AVRational FrameRate{0, 1};
 	AVRational PixelAspect{0, 1};
 	AVFieldOrder FieldOrder = AV_FIELD_UNKNOWN;
 
-	/** Whether the container wants the codec's headers apart from the packets. */
+	/** Whether the container stores the codec's headers separately from the packets. */
 	bool bGlobalHeader = false;
 };
 
-/** The pixel formats on the way to an encoder. */
+/** The pixel formats on the way to the encoder. */
 struct FFormatPlan
 {
-	/** In which frames are painted, and which the encoder takes; the same but for encoders that take only others. */
+	/** The format frames are painted in and the one the encoder accepts; usually the same. */
 	AVPixelFormat Paint = AV_PIX_FMT_NONE;
 	AVPixelFormat Encode = AV_PIX_FMT_NONE;
 
 	static FFormatPlan For(const AVCodec& InCodec, AVPixelFormat InSource);
 };
 
-/** A video encoder; gives packets with the times and durations of the frames it was sent. */
+/** A video encoder; its packets have the times and durations of the frames sent to it. */
 class FVideoEncoder
 {
 public:
-	/** InFirst: a frame as it will be sent, for size and colour tags. Null with OutError set where it cannot start. */
+	/** InFirst: a frame as it will be sent, for size and color tags. Null with OutError set if it cannot start. */
 	static std::unique_ptr<FVideoEncoder> Open(const FEncoderSetup& InSetup, const AVFrame& InFirst,
 											   std::string& OutError);
 
 	const AVCodecContext& Context() const { return *Codec; }
 
-	/** Takes a frame (null: there are no more); after it, Receive until it gives nothing. False with OutError set. */
+	/** Takes a frame (null at the end); then call Receive until it returns nothing. False with OutError set on failure. */
 	bool Send(AVFrame* InFrame, std::string& OutError);
 
-	/** The next packet; false where there is none for now, with OutError set where the encoder failed. */
+	/** The next packet; false if there is none for now, with OutError set if the encoder failed. */
 	bool Receive(AVPacket& OutPacket, std::string& OutError);
 
 private:
@@ -63,7 +63,7 @@ private:
 
 	FCodecPtr Codec;
 
-	/** Durations of the frames inside the encoder by their times; encoders don't hand them through. */
+	/** Durations of the frames inside the encoder, by time; encoders do not pass them on. */
 	std::map<int64, int64> Durations;
 };
 

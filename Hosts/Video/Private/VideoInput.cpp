@@ -34,13 +34,13 @@ std::unique_ptr<FVideoInput> FVideoInput::Open(const std::string& InPath, std::s
 	const int Index = av_find_best_stream(Opened, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
 	if (Index < 0 || (Opened->streams[Index]->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0)
 	{
-		OutError = InPath + ": holds no video stream; name a file with moving pictures";
+		OutError = InPath + ": has no video stream";
 		return nullptr;
 	}
 	const AVCodecParameters& Video = *Opened->streams[Index]->codecpar;
 	if (Video.width <= 0 || Video.height <= 0)
 	{
-		OutError = InPath + ": its video's size cannot be found, the file is damaged or cut off";
+		OutError = InPath + ": the size of its video cannot be determined; the file is damaged or truncated";
 		return nullptr;
 	}
 	return std::unique_ptr<FVideoInput>(new FVideoInput(std::move(Handle), static_cast<unsigned>(Index)));
@@ -102,7 +102,7 @@ int64 FVideoInput::ToTimestamp(int64 InTicks) const
 
 bool FVideoInput::Read(AVPacket& OutPacket)
 {
-	// Some containers stumble over the same spot for ever.
+	// Some containers fail at the same spot forever.
 	constexpr int32 MostInARow = 64;
 	for (int32 Tries = 0; Tries < MostInARow; ++Tries)
 	{
@@ -160,7 +160,7 @@ std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64 InTic
 		{
 			continue;
 		}
-		// Packets that an edit list cuts away are decoded but never shown.
+		// Packets that an edit list removes are decoded but never shown.
 		if ((Packet->flags & AV_PKT_FLAG_DISCARD) == 0)
 		{
 			const int64 Shown = Packet->duration > 0
@@ -169,7 +169,7 @@ std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64 InTic
 			Times.Ticks.push_back(Input->ToTicks(Stamp));
 			End = std::max(End, Times.Ticks.back() + Shown);
 		}
-		// No frame comes before its decoding time.
+		// No frame is shown before its decoding time.
 		bMore = Packet->dts == AV_NOPTS_VALUE || Input->ToTicks(Packet->dts) <= InTicks;
 	}
 	std::sort(Times.Ticks.begin(), Times.Ticks.end());

@@ -11,11 +11,11 @@
 namespace Flitmark
 {
 
-/** A video file opened for reading: its streams, and where its video's frames lie in media time. */
+/** A video file opened for reading: its streams, and the media times of its frames. */
 class FVideoInput
 {
 public:
-	/** Null with OutError set where the file cannot be read or has no video stream. */
+	/** Null with OutError set if the file cannot be read or has no video stream. */
 	static std::unique_ptr<FVideoInput> Open(const std::string& InPath, std::string& OutError);
 
 	AVFormatContext& Format() const { return *Handle; }
@@ -23,7 +23,7 @@ public:
 	FOrientation Orientation() const;
 	FVideoShape Shape() const;
 
-	/** Seconds the file says it lasts; 0 where it does not. */
+	/** Duration in seconds, according to the file; 0 if unknown. */
 	double DurationSeconds() const;
 
 	/** Media time of a timestamp of the video stream: since the start of the file, never negative. */
@@ -33,14 +33,14 @@ public:
 	/** The video stream's timestamp of a media time. */
 	int64 ToTimestamp(int64 InTicks) const;
 
-	/** Reads on; false at the end. Damage is passed over and counted. */
+	/** Reads the next packet; false at the end. Damage is skipped and counted. */
 	bool Read(AVPacket& OutPacket);
 	int64 BrokenReads() const { return Broken; }
 
-	/** Goes to the last keyframe at or before a timestamp of the video stream; false where the file cannot seek. */
+	/** Seeks to the last keyframe at or before a timestamp of the video stream; false if the file is not seekable. */
 	bool Seek(int64 InTimestamp);
 
-	/** Leaves all streams but the video's out of what Read gives. */
+	/** Makes Read skip all streams but the video's. */
 	void ReadVideoOnly();
 
 private:
@@ -52,23 +52,23 @@ private:
 	int64 Broken = 0;
 };
 
-/** The timestamps of a video's frames, in order of time. */
+/** The timestamps of a video's frames, in time order. */
 struct FFrameTimes
 {
 	/** Media time, ticks. */
 	std::vector<int64> Ticks;
 
-	/** End of the last frame, ticks; only where all of the file was read. */
+	/** End of the last frame, in ticks; only if the whole file was read. */
 	std::optional<int64> EndTicks;
 };
 
-/** Reads the times of frames out of the file's packets, without decoding, at least of all up to InTicks. */
+/** Reads frame times from the file's packets, without decoding, at least up to InTicks. */
 std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64 InTicks, std::string& OutError);
 
 /** Frames per second of a stream; 0 where unknown. */
 AVRational FrameRateOf(const AVStream& InStream);
 
-/** Time that one frame is shown where a packet does not say, in ticks. */
+/** Duration of a frame if its packet has none, in ticks. */
 int64 UsualFrameTicks(const AVStream& InStream);
 
 } // namespace Flitmark

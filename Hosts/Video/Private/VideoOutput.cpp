@@ -22,7 +22,7 @@ std::unique_ptr<FVideoOutput> FVideoOutput::Open(const std::string& InPath, cons
 	const AVOutputFormat* const Container = av_guess_format(nullptr, InPath.c_str(), nullptr);
 	if (Container == nullptr || (Container->flags & AVFMT_NOFILE) != 0)
 	{
-		OutError = InPath + ": its ending names no container for video; end it in .mp4, .mkv, .mov or .webm";
+		OutError = InPath + ": its extension is not a video container; use .mp4, .mkv, .mov or .webm";
 		return nullptr;
 	}
 	if (avformat_query_codec(Container, InCodec.id, FF_COMPLIANCE_NORMAL) == 0)
@@ -67,7 +67,7 @@ FVideoOutput::~FVideoOutput()
 std::string FVideoOutput::WriteError(int InCode) const
 {
 	return Path + ": cannot be written: " + FAvLog::Explain(InCode) +
-		   (InCode == AVERROR(ENOSPC) ? "; make room and start again" : "");
+		   (InCode == AVERROR(ENOSPC) ? "; free some space and try again" : "");
 }
 
 void FVideoOutput::ChooseCopies(FVideoInput& InInput, std::vector<std::string>& OutMessages)
@@ -86,7 +86,7 @@ void FVideoOutput::ChooseCopies(FVideoInput& InInput, std::vector<std::string>& 
 		if (!Obstacle.empty())
 		{
 			Stream.discard = AVDISCARD_ALL;
-			OutMessages.push_back("stream " + std::to_string(Index) + " (" + Obstacle + ") is left out");
+			OutMessages.push_back("stream " + std::to_string(Index) + " (" + Obstacle + ") is dropped");
 		}
 	}
 	if (const std::string Obstacle = RotationObstacle(InInput); !Obstacle.empty())
@@ -102,10 +102,9 @@ std::string FVideoOutput::RotationObstacle(const FVideoInput& InInput) const
 	constexpr std::string_view QuickTimeFamily[] = {"mov", "mp4", "ipod", "3gp", "3g2", "psp", "ismv", "f4v"};
 	const bool bHolds = std::find(std::begin(QuickTimeFamily), std::end(QuickTimeFamily), Muxer->oformat->name) !=
 						std::end(QuickTimeFamily);
-	return !bTurned || bHolds
-			   ? std::string()
-			   : std::string("the container ") + Muxer->oformat->name +
-					 " cannot say that the video is turned, players will show it lying; end the output in .mp4 or .mov";
+	return !bTurned || bHolds ? std::string()
+							  : std::string("the container ") + Muxer->oformat->name +
+									" cannot store rotation, so players will show the video sideways; use .mp4 or .mov";
 }
 
 void FVideoOutput::AddCopy(const AVStream& InSource)
@@ -152,8 +151,8 @@ void FVideoOutput::CopyChapters(const AVFormatContext& InSource)
 
 void FVideoOutput::KeepTimes(int64 InFirst)
 {
-	// Matroska has no times before 0, for which FFmpeg moves all streams. Only sound that an encoder put before the
-	// beginning to warm up has such times, and it is not heard.
+	// Matroska has no times before 0, so FFmpeg would shift all streams. Only audio that an encoder put before the
+	// beginning as priming has such times, and it is not heard.
 	const std::string_view Container = Muxer->oformat->name;
 	if ((Container == "matroska" || Container == "webm") && InFirst >= Cut.Zero)
 	{
@@ -165,7 +164,7 @@ void FVideoOutput::KeepTimes(int64 InFirst)
 
 int64 FVideoOutput::ZeroOf(const AVStream& InTarget, AVRational InBase) const
 {
-	// Matroska keeps Opus's warming up in a field that readers subtract from the stream's times.
+	// Matroska stores Opus priming in a field that readers subtract from the stream's times.
 	const AVCodecParameters& Codec = *InTarget.codecpar;
 	const int64 WarmUp = bWarmUpApart && Codec.codec_id == AV_CODEC_ID_OPUS
 							 ? av_rescale_q(Codec.initial_padding, {1, 48000}, InBase)
@@ -198,7 +197,7 @@ bool FVideoOutput::Start(const FVideoInput& InInput, const AVCodecContext& InEnc
 	KeepTimes(InFirst.pts);
 	LastDts.assign(Muxer->nb_streams, AV_NOPTS_VALUE);
 	FAvLog::Start();
-	// MP4 rounds where a stream begins to this clock, a millisecond where it is left alone.
+	// MP4 rounds the start of a stream to this clock, which is a millisecond by default.
 	AVDictionary* Settings = nullptr;
 	av_dict_set_int(&Settings, "movie_timescale", std::max(1000, VideoBase.den), 0);
 	const int Code = avformat_write_header(Muxer, &Settings);
@@ -215,7 +214,7 @@ bool FVideoOutput::Write(AVPacket& InPacket, AVRational InBase, AVStream& InTarg
 	av_packet_rescale_ts(&InPacket, InBase, InTarget.time_base);
 	InPacket.stream_index = InTarget.index;
 	InPacket.pos = -1;
-	// Containers refuse times that run backwards, which damaged inputs hold.
+	// Containers reject times that run backward, which damaged inputs contain.
 	int64& Last = LastDts[static_cast<size_t>(InTarget.index)];
 	if (InPacket.dts != AV_NOPTS_VALUE)
 	{

@@ -12,16 +12,16 @@
 namespace Flitmark
 {
 
-/** Which part of the input goes into the output. */
+/** Which part of the input to copy. */
 struct FOutputCut
 {
 	/** Timestamp of the input's video stream that becomes 0. */
 	int64 Zero = 0;
 
-	/** Whether packets of copied streams that start before Zero are left out. */
+	/** Whether to drop packets of copied streams that start before Zero. */
 	bool bCutBefore = false;
 
-	/** Seconds that the output lasts, for its chapters; endless where unknown. */
+	/** Duration of the output in seconds, for its chapters; infinite if unknown. */
 	std::optional<double> Seconds;
 };
 
@@ -29,31 +29,31 @@ struct FOutputCut
 class FVideoOutput
 {
 public:
-	/** Null with OutError set where no container has the name's ending, or it cannot hold the codec. */
+	/** Null with OutError set if the extension is not a container's, or the container cannot hold the codec. */
 	static std::unique_ptr<FVideoOutput> Open(const std::string& InPath, const AVCodec& InCodec, std::string& OutError);
 
-	/** Frees without finishing: the file is gone. */
+	/** Discards an unfinished file. */
 	~FVideoOutput();
 
 	bool WantsGlobalHeader() const { return (Muxer->oformat->flags & AVFMT_GLOBALHEADER) != 0; }
 
 	/**
 	 * Decides which of the input's streams are copied and makes the input skip the others.
-	 * OutMessages: what of the input the container cannot hold.
+	 * OutMessages: parts of the input that the container cannot hold.
 	 */
 	void ChooseCopies(FVideoInput& InInput, std::vector<std::string>& OutMessages);
 
-	/** Writes the headers. InFirst: a frame as it is encoded, which may carry data on its light. */
+	/** Writes the headers. InFirst: a frame as encoded, which may carry HDR metadata. */
 	bool Start(const FVideoInput& InInput, const AVCodecContext& InEncoder, const AVFrame& InFirst,
 			   const FOutputCut& InCut, std::string& OutError);
 
-	/** A packet of the encoder, in the input's video time base. */
+	/** A packet from the encoder, in the time base of the input's video. */
 	bool WriteVideo(AVPacket& InPacket, std::string& OutError);
 
-	/** A packet of a copied stream, as it came out of the input. */
+	/** A packet of a copied stream, as read from the input. */
 	bool WriteCopy(AVPacket& InPacket, std::string& OutError);
 
-	/** Ends the file and gives it its name. */
+	/** Finishes the file and gives it its name. */
 	bool Finish(std::string& OutError);
 
 private:
@@ -65,7 +65,7 @@ private:
 	void CopyChapters(const AVFormatContext& InSource);
 	void KeepTimes(int64 InFirst);
 
-	/** The time of a copied stream that becomes 0, in the base of its source. */
+	/** The time of a copied stream that becomes 0, in the source's time base. */
 	int64 ZeroOf(const AVStream& InTarget, AVRational InBase) const;
 	bool Write(AVPacket& InPacket, AVRational InBase, AVStream& InTarget, std::string& OutError);
 	std::string WriteError(int InCode) const;
@@ -78,12 +78,12 @@ private:
 	AVRational VideoBase{1, 1};
 	bool bWarmUpApart = false;
 
-	/** By the input's streams: whether they are copied, then where to. */
+	/** Per input stream: whether it is copied, then to which output stream. */
 	std::vector<bool> Chosen;
 	std::vector<AVStream*> Copies;
 	std::vector<AVRational> Bases;
 
-	/** The latest decoding time by the output's streams. */
+	/** The latest decoding time per output stream. */
 	std::vector<int64> LastDts;
 };
 

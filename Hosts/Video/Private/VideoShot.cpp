@@ -54,8 +54,8 @@ FVideoResult TakeShot(const FShotOptions& InOptions, IOverlaySource& InOverlay)
 	}
 	if (Times->EndTicks && At >= std::max<int64>(1, *Times->EndTicks))
 	{
-		return FVideoResult::Fail(InOptions.Input + ": lasts " + Seconds(*Times->EndTicks) + ", there is no frame at " +
-								  Seconds(At));
+		return FVideoResult::Fail(InOptions.Input + ": is only " + Seconds(*Times->EndTicks) +
+								  " long; there is no frame at " + Seconds(At));
 	}
 	const auto Input = OpenVideoAt(InOptions.Input, At, Error);
 	const auto Decoder = Input ? FVideoDecoder::Open(*Input, InOptions.Threads, Error) : nullptr;
@@ -74,7 +74,7 @@ FVideoResult TakeShot(const FShotOptions& InOptions, IOverlaySource& InOverlay)
 	{
 		Clock.Advance(Times->Ticks[Index]);
 	}
-	FFramePainter Painter(Input->Orientation(), InOptions.Opacity);
+	FFramePainter Painter(Input->Orientation());
 	Painter.Start(FPixelLayout::Nearest(WithoutImpliedRange(static_cast<AVPixelFormat>(Frame->format))), Frame->width,
 				  Frame->height);
 	Frame->sample_aspect_ratio = av_guess_sample_aspect_ratio(&Input->Format(), &Input->Video(), Frame.get());
@@ -93,11 +93,7 @@ try
 {
 	if (!(InOptions.At >= 0.0 && InOptions.At <= LongestSeconds))
 	{
-		return FVideoResult::Fail("the time of the picture must be given in seconds from 0 on");
-	}
-	if (!(InOptions.Opacity >= 0.0 && InOptions.Opacity <= 1.0))
-	{
-		return FVideoResult::Fail("the opacity must be from 0 to 1");
+		return FVideoResult::Fail("the time must be 0 seconds or later");
 	}
 	if (const std::string Obstacle = OutputObstacle(InOptions.Input, InOptions.Output); !Obstacle.empty())
 	{
@@ -107,7 +103,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return FVideoResult::Fail(InOptions.Input + ": taking the picture stopped: " + Exception.what());
+	return FVideoResult::Fail(InOptions.Input + ": the picture could not be made: " + Exception.what());
 }
 
 } // namespace Flitmark

@@ -5,8 +5,8 @@
 namespace
 {
 
-const TCHAR* const SlotName = TEXT("Danmaku_SGSLOT");
-constexpr int32 SlotUserIndex = 0;
+const TCHAR* const SaveSlotName = TEXT("Danmaku_SGSLOT");
+constexpr int32 SaveUserIndex = 0;
 
 } // namespace
 
@@ -62,7 +62,7 @@ void UDanmakuSave::CreateSlotIfNotExist()
 
 UDanmakuSave* UDanmakuSave::ReadRecord()
 {
-	return Cast<UDanmakuSave>(UGameplayStatics::LoadGameFromSlot(SlotName, SlotUserIndex));
+	return Cast<UDanmakuSave>(UGameplayStatics::LoadGameFromSlot(SaveSlotName, SaveUserIndex));
 }
 
 UDanmakuSave* UDanmakuSave::ReadOrMakeRecord()
@@ -84,5 +84,5 @@ UDanmakuSave* UDanmakuSave::MakeRecord()
 void UDanmakuSave::WriteRecord(UDanmakuSave* Record)
 {
 	// Preferences are not worth a message in the middle of a video: a failed write is tried again by the next call.
-	UGameplayStatics::SaveGameToSlot(Record, SlotName, SlotUserIndex);
+	UGameplayStatics::SaveGameToSlot(Record, SaveSlotName, SaveUserIndex);
 }

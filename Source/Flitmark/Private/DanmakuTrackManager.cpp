@@ -3,10 +3,9 @@
 #include "Blueprint/UserWidget.h"
 #include "Components/CanvasPanel.h"
 #include "DanmakuDataStruct.h"
+#include "DanmakuRandom.h"
 #include "DanmakuTrack.h"
 #include "UI_DanmakuNode.h"
-
-#include <cstdlib>
 
 namespace
 {
@@ -15,9 +14,6 @@ namespace
 constexpr double InverseTrackHeight = 0.06613756613756615;
 
 constexpr float PercentScale = 0.01f;
-
-/** The reciprocal of the largest 15-bit number. */
-constexpr float InverseRandMax = 1.f / 32767.f;
 
 /** A whole number of lanes; absurdly many are as many as can be counted. */
 int32 ToTrackCount(double Count)
@@ -31,7 +27,7 @@ int32 ComputeTrackCount(const UUI_DanmakuNode* Node)
 	return ToTrackCount(FMath::CeilToDouble(Node->GetNodeSize().Y * InverseTrackHeight));
 }
 
-/** The first lane of a run of TrackCount out of TrackNum lanes, drawn at random; 0 where the run does not fit. */
+/** A random first lane for a run of TrackCount out of TrackNum lanes; 0 if the run does not fit. */
 int32 DrawStartIndex(int32 TrackNum, int32 TrackCount)
 {
 	const int32 Last = TrackNum - TrackCount;
@@ -40,8 +36,7 @@ int32 DrawStartIndex(int32 TrackNum, int32 TrackCount)
 	{
 		return 0;
 	}
-	const float Drawn = static_cast<float>(std::rand() & 0x7FFF) * InverseRandMax * static_cast<float>(Choices);
-	return FMath::Min(static_cast<int32>(Drawn), Last);
+	return FMath::Min(static_cast<int32>(DrawDanmakuFraction() * static_cast<float>(Choices)), Last);
 }
 
 } // namespace

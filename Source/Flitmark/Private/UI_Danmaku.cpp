@@ -55,12 +55,6 @@ FTimespan ToLookupKey(const FTimespan& MediaTime)
 void UUI_Danmaku::Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuBar* InDanmakuBar,
 					   UUI_DanmakuNodeSetting* InDanmakuNodeSetting)
 {
-	if (DanmakuBar)
-	{
-		// A bar that stayed connected would send every comment twice.
-		DanmakuBar->GetOpenDanmakuButtonClickedEvent().RemoveDynamic(this, &UUI_Danmaku::OnOpenDanmakuButtonClicked);
-		DanmakuBar->OnSendDanmaku.RemoveDynamic(this, &UUI_Danmaku::OnDanmakuSend);
-	}
 	MediaPlayer = InMediaPlayer;
 	DanmakuBar = InDanmakuBar;
 	if (DanmakuBar)
@@ -182,6 +176,11 @@ TArray<FDanmakuData>& UUI_Danmaku::FindBucket(const FDanmakuData& InDanmakuData)
 
 bool UUI_Danmaku::EnsureTrackManager()
 {
+	// A class that no blueprint made has no canvas.
+	if (!DanmakuCanvasPanel)
+	{
+		return false;
+	}
 	const auto& CanvasSize = DanmakuCanvasPanel->GetCachedGeometry().GetLocalSize();
 	if ((CanvasSize.X == 0.f && CanvasSize.Y == 0.f) || !MediaPlayer)
 	{
@@ -192,6 +191,10 @@ bool UUI_Danmaku::EnsureTrackManager()
 		TrackManager = NewObject<UDanmakuTrackManager>(this);
 		TrackManager->Init(DanmakuCanvasPanel, DanmakuNodeClass, DanmakuNodeUserClass);
 		bIsTrackManagerCreated = true;
+		if (bIsSwitchedOffEarly)
+		{
+			TrackManager->Close();
+		}
 	}
 	return HasLiveTrackManager();
 }
@@ -204,7 +207,7 @@ bool UUI_Danmaku::HasLiveTrackManager() const
 void UUI_Danmaku::OnDanmakuSend(const FString&, const int64& InTime, const FString& InContent,
 								const EDanmakuMode& InMode, const int32& InFontSize, const FString& InFontColor)
 {
-	// Before the first laid-out frame there is nothing to show the comment on, and after the overlay's end nobody to.
+	// Before the first laid-out frame there is nothing to show the comment on; after the overlay is gone, nobody sees it.
 	if (!HasLiveTrackManager())
 	{
 		return;
@@ -221,18 +224,28 @@ void UUI_Danmaku::OnDanmakuSend(const FString&, const int64& InTime, const FStri
 
 void UUI_Danmaku::OnOpenDanmakuButtonClicked(bool bIsChecked)
 {
+	if (!bIsTrackManagerCreated)
+	{
+		bIsSwitchedOffEarly = !bIsChecked;
+	}
 	const bool bHasTracks = HasLiveTrackManager();
 	if (bIsChecked)
 	{
 		if (bHasTracks)
 		{
-			TrackManager->Open(MediaPlayer->IsPlaying());
+			TrackManager->Open(MediaPlayer && MediaPlayer->IsPlaying());
 		}
-		DanmakuBar->Open();
+		if (DanmakuBar)
+		{
+			DanmakuBar->Open();
+		}
 	}
 	else
 	{
-		DanmakuBar->Close();
+		if (DanmakuBar)
+		{
+			DanmakuBar->Close();
+		}
 		if (bHasTracks)
 		{
 			TrackManager->Close();

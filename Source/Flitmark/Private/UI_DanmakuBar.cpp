@@ -58,14 +58,23 @@ UButton* UUI_DanmakuBar::GetButton() const
 void UUI_DanmakuBar::NativePreConstruct()
 {
 	Super::NativePreConstruct();
-	SetCounter(0);
+	// The designer runs this on classes whose widgets are not bound.
+	if (TextNum)
+	{
+		SetCounter(0);
+	}
 }
 
 void UUI_DanmakuBar::NativeConstruct()
 {
 	Super::NativeConstruct();
+	if (!InputDanmakuText)
+	{
+		// A class that no blueprint made has no widgets.
+		return;
+	}
 	InputDanmakuText->SetText(FText::GetEmpty());
-	// A widget that is taken out and put in again is constructed again: unique, or it would send every comment twice.
+	// Unique, because a widget that is removed and added back is constructed again.
 	InputDanmakuText->OnTextChanged.AddUniqueDynamic(this, &UUI_DanmakuBar::OnInputTextChanged);
 	SendDanmakuButton->OnClicked.AddUniqueDynamic(this, &UUI_DanmakuBar::OnSendDanmakuButtonClicked);
 	InputDanmakuText->OnTextCommitted.AddUniqueDynamic(this, &UUI_DanmakuBar::OnInputDanmakuTextCommitted);
@@ -100,7 +109,6 @@ void UUI_DanmakuBar::OnInputTextChanged(const FText& Text)
 	FString Written = Text.ToString();
 	if (Written.Len() >= MaxNumOFInputTex)
 	{
-		// Where this raises the event again, the text is within the maximum then, and setting it once more is no change.
 		Written = UKismetStringLibrary::GetSubstring(Written, 0, MaxNumOFInputTex);
 		InputDanmakuText->SetText(FText::FromString(Written));
 	}

@@ -3,9 +3,8 @@
 #include "Components/CanvasPanel.h"
 #include "Components/CanvasPanelSlot.h"
 #include "Components/TextBlock.h"
+#include "DanmakuRandom.h"
 #include "DanmakuTrack.h"
-
-#include <cstdlib>
 
 namespace
 {
@@ -14,13 +13,10 @@ namespace
 constexpr double MinTimePerUnit = 0.004059999999999999;
 constexpr double ExtraTimePerUnit = 0.0017399999999999998;
 
-/** The reciprocal of the largest 15-bit number. */
-constexpr float InverseRandMax = 1.f / 32767.f;
-
 /** 0 or 1, each with probability one half. */
 int32 DrawZeroOrOne()
 {
-	const float Drawn = static_cast<float>(std::rand() & 0x7FFF) * InverseRandMax;
+	const float Drawn = DrawDanmakuFraction();
 	return FMath::Min(static_cast<int32>(Drawn + Drawn), 1);
 }
 
@@ -42,6 +38,11 @@ void UUI_DanmakuNode::Init(const FDanmakuData& InDanmakuData, UCanvasPanel* InCa
 
 void UUI_DanmakuNode::ApplyStyle()
 {
+	if (!NodeContentText)
+	{
+		// A class that no blueprint made has no text block; such a comment is empty.
+		return;
+	}
 	NodeContentText->SetText(FText::FromString(Data.Content));
 	FSlateFontInfo Font = NodeContentText->GetFont();
 	Font.Size = static_cast<float>(Data.FontSize);

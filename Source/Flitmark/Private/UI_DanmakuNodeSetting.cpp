@@ -46,7 +46,8 @@ FString GetPresetDigits(const UCheckBox* Box)
 
 EDanmakuMode UUI_DanmakuNodeSetting::GetModel() const
 {
-	const FString Name = ModelSelect->GetName();
+	// Null where the engine skipped NativeOnInitialized, as it does without a player context.
+	const FString Name = ModelSelect != nullptr ? ModelSelect->GetName() : FString();
 	if (Name.Equals(TEXT("Top"), ESearchCase::IgnoreCase))
 	{
 		return EDanmakuMode::TOP;
@@ -60,12 +61,14 @@ EDanmakuMode UUI_DanmakuNodeSetting::GetModel() const
 
 int32 UUI_DanmakuNodeSetting::GetFontSize() const
 {
-	return FontSelect == Small ? SmallFontSize : NormalFontSize;
+	return FontSelect != nullptr && FontSelect == Small ? SmallFontSize : NormalFontSize;
 }
 
 FString UUI_DanmakuNodeSetting::GetFontColor() const
 {
-	return FString(TEXT("#")) + DisplayColorImage->GetColorAndOpacity().ToFColorSRGB().ToHex();
+	const FLinearColor Color =
+		DisplayColorImage != nullptr ? DisplayColorImage->GetColorAndOpacity() : FLinearColor::White;
+	return FString(TEXT("#")) + Color.ToFColorSRGB().ToHex();
 }
 
 void UUI_DanmakuNodeSetting::SetVisible()
@@ -93,6 +96,11 @@ void UUI_DanmakuNodeSetting::NativeOnInitialized()
 {
 	Super::NativeOnInitialized();
 	SetVisibility(ESlateVisibility::Hidden);
+	if (InputColorText == nullptr)
+	{
+		// A class that no blueprint made has no widgets.
+		return;
+	}
 
 	InputColorText->OnTextChanged.AddDynamic(this, &UUI_DanmakuNodeSetting::OnInputColorTextChanged);
 	Scroll->SetIsChecked(true);
@@ -101,7 +109,6 @@ void UUI_DanmakuNodeSetting::NativeOnInitialized()
 	FontSelect = Normal;
 	C_FFFFFF->SetIsChecked(true);
 	ColorSelect = C_FFFFFF;
-	// Raises no event yet: the panel is not displayed.
 	InputColorText->SetText(FText::FromString(TEXT("#FFFFFF")));
 	DisplayColorImage->SetColorAndOpacity(FLinearColor(FColor::FromHex(TEXT("#FFFFFF"))));
 
@@ -235,8 +242,7 @@ void UUI_DanmakuNodeSetting::OnC_FFFFFFCheckStateChanged(bool)
 
 void UUI_DanmakuNodeSetting::OnInputColorTextChanged(const FText& InText)
 {
-	// The field's text is rewritten here, which may raise the event again; the rewritten text is rewritten to itself,
-	// and setting the present text raises nothing, so the field comes to rest.
+	// The rewritten text rewrites to itself, so this settles even if setting it raised the event again.
 	if (InText.IsEmptyOrWhitespace())
 	{
 		InputColorText->SetText(FText::FromString(TEXT("#")));

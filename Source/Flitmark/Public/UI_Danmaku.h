@@ -25,8 +25,8 @@ class FLITMARK_API UUI_Danmaku : public UUserWidget
 
 public:
 	/**
-	 * Connects the player and, where given, the bar and the panel in which the viewer styles comments. Needed once; a
-	 * further call connects the bar it is given instead of the one before.
+	 * Connects the player and, if given, the bar and the panel in which the viewer styles comments. Call it once: another
+	 * call binds the overlay to the bar's events again, so that each comment sent shows twice.
 	 */
 	void Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuBar* InDanmakuBar, UUI_DanmakuNodeSetting* InDanmakuNodeSetting);
 
@@ -68,7 +68,7 @@ private:
 
 	/**
 	 * The bar's check box: opens or closes the lanes and the bar. Before the first laid-out frame there are no lanes yet:
-	 * only the bar follows, and the lanes start open.
+	 * the bar follows at once, and the lanes start out closed if the box is unticked by then.
 	 */
 	UFUNCTION()
 	void OnOpenDanmakuButtonClicked(bool bIsChecked);
@@ -99,4 +99,7 @@ private:
 
 	bool bIsTrackManagerCreated = false;
 	bool bIsPaused = false;
+
+	/** The viewer unticked the bar's check box before there were lanes to close. */
+	bool bIsSwitchedOffEarly = false;
 };

@@ -10,4 +10,7 @@ struct FFileHelper
 	 * Wrong UTF-8 becomes U+FFFD. Size: in bytes.
 	 */
 	static ENGINELAYER_API void BufferToString(FString& Result, const uint8* Buffer, int32 Size);
+
+	/** Reads a whole text file as BufferToString does; false with Result untouched where it can't be read. */
+	static ENGINELAYER_API bool LoadFileToString(FString& Result, const TCHAR* Filename);
 };

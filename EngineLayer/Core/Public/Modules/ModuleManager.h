@@ -15,7 +15,7 @@ public:
 	FModuleManager(const FModuleManager&) = delete;
 	FModuleManager& operator=(const FModuleManager&) = delete;
 
-	/** Where to look for libraries, before the folder of the program. InDirectory: UTF-8. */
+	/** Where to look for libraries, before the folder of the layer's own library. InDirectory: UTF-8. */
 	void AddBinariesDirectory(const std::string& InDirectory);
 
 	/** The module, loaded and started unless it is already; null with OutError set where that fails. */

@@ -43,6 +43,8 @@ public:
 	using EKind = UECodeGen_Private::EPropertyGenKind;
 
 	explicit FProperty(const UECodeGen_Private::FPropertyParams& InParams);
+	virtual ~FProperty() = default;
+	FProperty(FProperty&&) = default;
 
 	FName GetFName() const { return Name; }
 	FString GetName() const { return Name.ToString(); }
@@ -52,8 +54,8 @@ public:
 	const FMetaData& GetMetaData() const { return MetaData; }
 	/** The class that an object or class reference is restricted to; else null. */
 	UClass* GetReferencedClass() const;
-	/** The enumeration's name; empty for no enumeration. */
-	FString GetEnumName() const;
+	/** The name of an enumeration, a structure or a delegate; empty for other kinds. */
+	FString GetTypeName() const;
 	/** What an array holds; else null. */
 	const FProperty* GetInner() const { return Inner.get(); }
 	uint32 GetOffset() const { return Offset; }
@@ -97,17 +99,21 @@ public:
 	FString GetName() const { return Name.ToString(); }
 	uint32 GetFunctionFlags() const { return Flags; }
 	bool HasAnyFunctionFlags(uint32 InFlags) const { return (Flags & InFlags) != 0; }
+	/** Without the result. */
 	const std::vector<FProperty>& GetParameters() const { return Parameters; }
+	/** Null for a function without a result. */
+	const FProperty* GetReturnProperty() const { return Result.get(); }
 	const FMetaData& GetMetaData() const { return MetaData; }
 
-	/** Calls it; one pointer to a value of the right type for each parameter. */
-	void Invoke(UObject* Context, const void* const* InParameters) const;
+	/** Calls it; one pointer to a value of the right type for each parameter. OutResult: for what it returns, if anything. */
+	void Invoke(UObject* Context, const void* const* InParameters, void* OutResult = nullptr) const;
 
 private:
 	FName Name;
 	uint32 Flags;
 	FNativeFuncPtr Native;
 	std::vector<FProperty> Parameters;
+	std::unique_ptr<FProperty> Result;
 	FMetaData MetaData;
 };
 
@@ -139,10 +145,10 @@ public:
 	const FMetaData& GetMetaData() const { return MetaData; }
 
 	/** Of this class alone, in order of declaration. */
-	const std::vector<FProperty>& GetOwnProperties() const { return Properties; }
+	const std::vector<std::unique_ptr<FProperty>>& GetOwnProperties() const { return Properties; }
 	const std::vector<std::unique_ptr<UFunction>>& GetOwnFunctions() const { return Functions; }
 	/** Of this class or a base; null without one. */
-	const FProperty* FindPropertyByName(FName InName) const;
+	FProperty* FindPropertyByName(FName InName) const;
 	UFunction* FindFunctionByName(FName InName) const;
 
 	/** The object whose values new objects start with; made when first asked for. */
@@ -181,7 +187,7 @@ private:
 	uint32 Size;
 	uint32 Alignment;
 	void (*Construct)(const FObjectInitializer&);
-	std::vector<FProperty> Properties;
+	std::vector<std::unique_ptr<FProperty>> Properties;
 	std::vector<std::unique_ptr<UFunction>> Functions;
 	/** The bases' too. */
 	std::vector<FReferenceToken> References;

@@ -41,6 +41,10 @@ enum class EPropertyGenKind : uint8
 	Object,
 	/** A TSubclassOf; ClassGetter gives the class it is restricted to. */
 	Class,
+	/** A structure of the engine's; TypeName says which. */
+	Struct,
+	/** A dynamic multicast delegate; TypeName says which. */
+	MulticastDelegate,
 	/** A TArray; Inner describes its elements. */
 	Array,
 };
@@ -56,9 +60,9 @@ struct FPropertyParams
 	uint32 Offset;
 	/** The class an object or class reference is restricted to; else null. */
 	UClass* (*ClassGetter)();
-	/** The enumeration; else null. An enumeration of the engine itself has its name in EnumName only. */
+	/** The enumeration; else null. An enumeration of the engine itself has its name in TypeName only. */
 	UEnum* (*EnumGetter)();
-	const char* EnumName;
+	const char* TypeName;
 	/** What an array holds; else null. */
 	const FPropertyParams* Inner;
 	FMetaDataList MetaData;
@@ -71,6 +75,7 @@ struct FFunctionParams
 	FNativeFuncPtr Native;
 	/** EFunctionFlags. */
 	uint32 Flags;
+	/** The result, if there is one, is marked CPF_ReturnParm. */
 	const FPropertyParams* Parameters;
 	int32 NumParameters;
 	FMetaDataList MetaData;

@@ -40,12 +40,15 @@ enum EPropertyFlags : uint64
 	CPF_ConstParm = 0x0000000000000002u,
 	CPF_BlueprintVisible = 0x0000000000000004u,
 	CPF_ExportObject = 0x0000000000000008u,
+	CPF_BlueprintReadOnly = 0x0000000000000010u,
 	CPF_Parm = 0x0000000000000080u,
 	CPF_OutParm = 0x0000000000000100u,
 	CPF_ReturnParm = 0x0000000000000400u,
+	CPF_Transient = 0x0000000000002000u,
 	CPF_DisableEditOnInstance = 0x0000000000010000u,
 	CPF_InstancedReference = 0x0000000000080000u,
 	CPF_ReferenceParm = 0x0000000008000000u,
+	CPF_BlueprintAssignable = 0x0000000010000000u,
 	CPF_TObjectPtr = 0x0100000000000000u,
 };
 
@@ -61,6 +64,9 @@ enum EFunctionFlags : uint32
 	FUNC_Protected = 0x00080000u,
 	FUNC_Delegate = 0x00100000u,
 	FUNC_HasOutParms = 0x00400000u,
+	FUNC_BlueprintCallable = 0x04000000u,
+	FUNC_BlueprintPure = 0x10000000u,
+	FUNC_Const = 0x40000000u,
 };
 
 /** State of an object that its users may ask for. */

@@ -30,6 +30,11 @@ public:
 	{
 		std::erase(Bindings, FBinding{FWeakObjectPtr(Object), FunctionName});
 	}
+	/** All subscriptions of an object. */
+	void RemoveAll(const UObject* Object)
+	{
+		std::erase_if(Bindings, [Object](const FBinding& Each) { return Each.Object == FWeakObjectPtr(Object); });
+	}
 	bool IsBound() const { return !Bindings.empty(); }
 
 protected:

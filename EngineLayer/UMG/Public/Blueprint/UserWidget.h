@@ -2,10 +2,11 @@
 
 #include "Components/Widget.h"
 #include "Templates/SubclassOf.h"
+#include "UObject/ScriptDelegates.h"
 
-class UWidgetBlueprintGeneratedClass;
+class UWidgetTree;
 
-/** A widget made of a widget blueprint's tree, with a class of its own behind it. */
+/** A widget made of others: of a widget blueprint's tree, or of one that its own class builds. */
 class ENGINELAYER_API UUserWidget : public UWidget
 {
 	DECLARE_LAYER_CLASS(UUserWidget, UWidget)
@@ -16,14 +17,21 @@ public:
 	{
 	}
 
-	/** Makes a widget that belongs to the user widget around InOwner; null for a class that can't be made. */
+	/** The widgets inside; made by Initialize at the latest. */
+	TObjectPtr<UWidgetTree> WidgetTree;
+
+	/** Makes the tree and tells the class. Once: true the first time. CreateWidget calls it. */
+	virtual bool Initialize();
+
+	/** Makes a widget that belongs to the tree of the user widget around InOwner; null for a class that can't be made. */
 	static UUserWidget* CreateWidgetInstance(UWidget& InOwner, TSubclassOf<UUserWidget> InClass, FName InName);
+	static UUserWidget* CreateWidgetInstance(UWidgetTree& InOwner, TSubclassOf<UUserWidget> InClass, FName InName);
 	/** Makes a widget that belongs to a world alone: a root. */
 	static UUserWidget* CreateWidgetInstance(UWorld& InOwner, TSubclassOf<UUserWidget> InClass, FName InName);
 
 	/** The widget of the tree with that name; null without one. */
 	UWidget* GetWidgetFromName(FName InName) const;
-	UWidget* GetRootWidget() const { return RootWidget; }
+	UWidget* GetRootWidget() const;
 
 	void Arrange(const FVector2f& InSize) override;
 	void TickTree(float InDeltaTime) override;
@@ -36,6 +44,8 @@ public:
 	void PointerLeave();
 
 protected:
+	/** For a class that no blueprint made: the time to build its tree. WidgetTree is null before. */
+	virtual void InitializeNativeClassData() {}
 	/** Once, when the tree is made and bound. */
 	virtual void NativeOnInitialized() {}
 	/** In the designer too, before NativeConstruct. */
@@ -55,10 +65,9 @@ protected:
 	FVector2D ComputeDesiredSize() override;
 
 private:
-	friend class UWidgetBlueprintGeneratedClass;
 	static UUserWidget* Create(UObject& InOuter, UClass* InClass, FName InName);
 
-	TObjectPtr<UWidget> RootWidget;
+	bool bInitialized = false;
 };
 
 /** Makes a user widget of InClass; the owner is a widget or a world. */

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "Components/Widget.h"
+#include "Components/ContentWidget.h"
 #include "UObject/ScriptDelegates.h"
 
 DECLARE_DYNAMIC_MULTICAST_DELEGATE_OneParam(FOnCheckBoxComponentStateChanged, bool, bIsChecked);
 
 /** Something to tick. */
-class ENGINELAYER_API UCheckBox : public UWidget
+class ENGINELAYER_API UCheckBox : public UContentWidget
 {
-	DECLARE_LAYER_CLASS(UCheckBox, UWidget)
+	DECLARE_LAYER_CLASS(UCheckBox, UContentWidget)
 
 public:
 	explicit UCheckBox(const FObjectInitializer& ObjectInitializer)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Components/Widget.h"
+#include "Fonts/SlateFontInfo.h"
 #include "Types/SlateEnums.h"
 #include "UObject/ScriptDelegates.h"
 
@@ -19,25 +20,39 @@ public:
 	{
 	}
 
-	/** Raised with the whole new text, whoever changed it. */
+	/** Raised with the whole new text when the viewer changes it. */
 	FOnEditableTextChangedEvent OnTextChanged;
 	FOnEditableTextCommittedEvent OnTextCommitted;
 
-	/**
-	 * Raises OnTextChanged if the new text reads otherwise, to the letter, than the present one; never before the field
-	 * first stood in a displayed tree.
-	 */
-	virtual void SetText(FText InText);
+	/** Whether the field gives up the keyboard after the viewer pressed Enter. */
+	bool ClearKeyboardFocusOnCommit = true;
+
+	/** Raises no event: only the viewer's changes do. */
+	virtual void SetText(FText InText) { Text = InText; }
 	FText GetText() const { return Text; }
 
-	/** The viewer makes the field read InText, as by select-all and paste. Nothing where it reads so or is not usable. */
-	void TypeText(const FText& InText);
-	/** The viewer commits the present text; by moving the focus, the field first loses it. Nothing where not usable. */
-	void Commit(ETextCommit::Type InCommitMethod);
+	/** What an empty field shows. */
+	virtual void SetHintText(FText InHintText) { HintText = InHintText; }
+	FText GetHintText() const { return HintText; }
+	virtual void SetFont(FSlateFontInfo InFontInfo) { Font = InFontInfo; }
+	const FSlateFontInfo& GetFont() const { return Font; }
+	/** Slate units. */
+	virtual void SetMinimumDesiredWidth(float InMinDesiredWidth) { MinimumDesiredWidth = InMinDesiredWidth; }
+	float GetMinimumDesiredWidth() const { return MinimumDesiredWidth; }
 
-	void ConstructTree() override;
+	/**
+	 * The viewer makes the field read InText, as by select-all and paste. Nothing if it already does, or is not usable.
+	 */
+	void TypeText(const FText& InText);
+	/**
+	 * The viewer commits the present text. The field gives up the keyboard before the event if the viewer moved it, and
+	 * after the event on Enter, which then raises a second event, OnCleared. Nothing where not usable.
+	 */
+	void Commit(ETextCommit::Type InCommitMethod);
 
 private:
 	FText Text;
-	bool bWasDisplayed = false;
+	FText HintText;
+	FSlateFontInfo Font;
+	float MinimumDesiredWidth = 0.f;
 };

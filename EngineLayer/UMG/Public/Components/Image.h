@@ -1,8 +1,9 @@
 #pragma once
 
 #include "Components/Widget.h"
+#include "Styling/SlateBrush.h"
 
-/** A picture or a plain area; reduced to its tint. */
+/** A picture or a plain area; reduced to its tint and its texture. */
 class ENGINELAYER_API UImage : public UWidget
 {
 	DECLARE_LAYER_CLASS(UImage, UWidget)
@@ -16,6 +17,22 @@ public:
 	virtual void SetColorAndOpacity(FLinearColor InColorAndOpacity) { ColorAndOpacity = InColorAndOpacity; }
 	const FLinearColor& GetColorAndOpacity() const { return ColorAndOpacity; }
 
+	virtual void SetBrushResourceObject(UObject* ResourceObject) { Brush.SetResourceObject(ResourceObject); }
+	const FSlateBrush& GetBrush() const { return Brush; }
+	/** The size that the image wishes for, in slate units, instead of its brush's. */
+	void SetDesiredSizeOverride(FVector2D InDesiredSize) { DesiredSizeOverride = InDesiredSize; }
+
+	void VisitReferences(FReferenceCollector& Collector) override
+	{
+		Super::VisitReferences(Collector);
+		Collector.AddReferencedObject(Brush.GetResourceObject());
+	}
+
+protected:
+	FVector2D ComputeDesiredSize() override { return DesiredSizeOverride; }
+
 private:
+	FSlateBrush Brush;
+	FVector2D DesiredSizeOverride = FVector2D::ZeroVector;
 	FLinearColor ColorAndOpacity{1.f, 1.f, 1.f, 1.f};
 };

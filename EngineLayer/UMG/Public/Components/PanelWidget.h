@@ -39,7 +39,10 @@ public:
 	UWidget* GetChildAt(int32 Index) const { return Slots.IsValidIndex(Index) ? Slots[Index]->Content.Get() : nullptr; }
 	bool HasChild(const UWidget* Content) const { return Content != nullptr && Content->GetParent() == this; }
 
-	/** Takes the widget out of where it is and puts it in as the last child. */
+	/**
+	 * Takes the widget out of where it is and puts it in as the last child. Null, and nothing done, where the panel has its
+	 * only child.
+	 */
 	UPanelSlot* AddChild(UWidget* Content);
 	bool RemoveChild(UWidget* Content);
 	bool RemoveChildAt(int32 Index);
@@ -53,6 +56,7 @@ public:
 	void VisitReferences(FReferenceCollector& Collector) override;
 
 protected:
+	virtual bool CanHaveMultipleChildren() const { return true; }
 	virtual UClass* GetSlotClass() const { return UPanelSlot::StaticClass(); }
 	FVector2D ComputeDesiredSize() override;
 

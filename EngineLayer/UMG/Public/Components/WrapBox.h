@@ -12,4 +12,11 @@ public:
 		: Super(ObjectInitializer)
 	{
 	}
+
+	/** Room between the children, in slate units. */
+	void SetInnerSlotPadding(FVector2D InPadding) { InnerSlotPadding = InPadding; }
+	FVector2D GetInnerSlotPadding() const { return InnerSlotPadding; }
+
+private:
+	FVector2D InnerSlotPadding = FVector2D::ZeroVector;
 };

@@ -12,3 +12,20 @@ enum Type : int
 	OnCleared,
 };
 } // namespace ETextCommit
+
+/** Where a widget stands in the room it is given. The values are the engine's. */
+enum EHorizontalAlignment : int
+{
+	HAlign_Fill,
+	HAlign_Left,
+	HAlign_Center,
+	HAlign_Right,
+};
+
+enum EVerticalAlignment : int
+{
+	VAlign_Fill,
+	VAlign_Top,
+	VAlign_Center,
+	VAlign_Bottom,
+};

@@ -7,12 +7,12 @@ namespace Flitmark
 {
 
 /**
- * Well-formed UTF-8 with lines parted by LF: wrong bytes become U+FFFD, CR LF and CR become LF, control characters other
- * than LF and TAB go.
+ * Makes a text valid UTF-8 with LF line ends: wrong bytes become U+FFFD, CR LF and CR become LF, control characters other
+ * than LF and TAB are dropped.
  */
 void CleanText(std::string& InOutText);
 
-/** Copied only once where nothing is to be cleaned. */
+/** Copies only once if there is nothing to clean. */
 std::string MakeCleanText(std::string_view InText);
 
 /** Lists write `/n` for a line break. */

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Misc/Timespan.h"
 #include "Formats/ServiceComment.h"
 
 #include <string>
@@ -9,7 +10,7 @@
 namespace Flitmark
 {
 
-constexpr int64 TicksPerSecond = 10'000'000;
+using ETimespan::TicksPerSecond;
 
 /** The overlay looks comments up by whole seconds of a day. */
 constexpr int64 SecondsPerDay = 86'400;

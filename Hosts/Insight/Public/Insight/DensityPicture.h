@@ -3,48 +3,19 @@
 #include "CoreTypes.h"
 #include "Formats/ServiceComment.h"
 
-#include <cstddef>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace Flitmark
 {
 
-/** A moment that is pointed out. */
-struct FDensityMark
-{
-	int64 Ticks = 0;
-	/** What there is to say about it, UTF-8; long labels are cut. */
-	std::string Label;
-};
-
-/** What a picture of the density over time shows. */
-struct FDensityPicture
-{
-	std::string Title;
-	/** One line below the title. */
-	std::string Subtitle;
-
-	/** Media times of the comments, and of the axis's end, in ticks of 100 ns. */
-	std::vector<int64> SpawnTicks;
-	int64 DurationTicks = 0;
-
-	/** The most important first: a label for which there is no room is left out. */
-	std::vector<FDensityMark> Marks;
-};
-
 /**
- * The moments at which most is said, the busiest first, with what is said there; none where it is hardly busier than
- * elsewhere. InDurationTicks: of the picture that they are for.
+ * Draws how many comments come when: an SVG image of 1200 x 400. It has a title, one line below it, a bar for each of up
+ * to 200 round stretches of time, axes with round times and counts, and the (up to three) busiest bars marked with their
+ * time and what is said most there. The background is opaque, so the image reads on light and dark pages; texts are
+ * escaped, and no font or other file is needed. Comments that are never reached are left out.
  */
-std::vector<FDensityMark> FindBusyMoments(std::span<const FServiceComment> InComments, int64 InDurationTicks,
-										  std::size_t InMost);
-
-/** An SVG picture, 1200 x 400, on a light ground; texts are escaped, and no font or other file is needed. */
-std::string DrawDensityPicture(const FDensityPicture& InPicture);
-
-/** "1:05" or, from an hour on, "1:01:05"; without fractions. */
-std::string FormatMediaTime(int64 InTicks);
+std::string DrawDensityPicture(std::span<const FServiceComment> InComments, const std::string& InTitle,
+							   const std::string& InSubtitle);
 
 } // namespace Flitmark

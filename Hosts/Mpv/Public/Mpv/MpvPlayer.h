@@ -18,40 +18,40 @@ namespace Flitmark
 
 struct FMpvOptions
 {
-	/** Where there is any. */
+	/** If there is one. */
 	bool bHardwareDecoding = true;
 
-	/** mpv's name of an audio output; empty: the first that works. */
+	/** mpv's name of an audio output; empty for the first that works. */
 	std::string AudioOutput;
 };
 
-/** Is told what happens, from within FMpvPlayer::ProcessEvents. */
+/** Receives events from within FMpvPlayer::ProcessEvents. */
 class IMpvObserver
 {
 public:
 	virtual ~IMpvObserver() = default;
 
-	/** Something of the state is different. */
+	/** The state has changed. */
 	virtual void OnStateChanged() = 0;
-	/** What was opened last plays now. */
+	/** The last opened file is playing. */
 	virtual void OnLoaded() = 0;
-	/** What was opened last cannot be played, or not on. InReason: without an end stop. */
+	/** The last opened file cannot be played, or not any further. InReason: without a period. */
 	virtual void OnFailed(const std::string& InReason) = 0;
 	/** The position has jumped. */
 	virtual void OnSeeked() = 0;
-	/** The picture of the new position is there, after opening and after each jump. */
+	/** The picture at the new position is ready, after opening and after each jump. */
 	virtual void OnArrived() {}
 };
 
 /**
- * libmpv: plays one video at a time and draws it through an FMpvRenderer. Commands return at once, what comes of them is
- * told by the state. One thread, except for the wake-up.
+ * libmpv: plays one video at a time and draws it through an FMpvRenderer. Commands return at once; the state shows what
+ * came of them. Single-threaded, except for the wake-up.
  */
 class FMpvPlayer
 {
 public:
 	/**
-	 * Null with OutError set where libmpv cannot start. InObserver outlives the player. InWakeUp is called from other
+	 * Null with OutError set if libmpv cannot start. InObserver outlives the player. InWakeUp is called from other
 	 * threads when ProcessEvents is due, and must not call the player.
 	 */
 	static std::unique_ptr<FMpvPlayer> Create(const FMpvOptions& InOptions, IMpvObserver& InObserver,
@@ -59,18 +59,18 @@ public:
 	~FMpvPlayer();
 
 	/**
-	 * Whatever libmpv plays: a file's path or an address. Plays from the start, unless paused; waits until there is a
-	 * renderer, without which libmpv would play the sound alone.
+	 * Opens anything libmpv plays: a path or a URL. Plays from the start, unless paused; waits until there is a
+	 * renderer, without which libmpv would play only the audio.
 	 */
 	void Open(const std::string& InUrl);
-	/** A renderer was made for this player. */
+	/** A renderer was created for this player. */
 	void StartRendering();
 	void Close();
 
 	void SetPaused(bool bInPaused);
-	/** Seconds from the start; bInExact: to the very frame, else to where decoding is quick. */
+	/** Seconds from the start; bInExact: to the exact frame, else to a keyframe nearby. */
 	void Seek(double InPosition, bool bInExact);
-	/** Shows the next or the last frame, and pauses. */
+	/** Shows the next or previous frame and pauses. */
 	void StepFrame(bool bInForward);
 	void SetSpeed(double InSpeed);
 	void SetVolume(double InPercent);
@@ -78,7 +78,7 @@ public:
 
 	const FMpvState& GetState() const { return State; }
 
-	/** Takes in what has happened; to be called after each wake-up. */
+	/** Processes pending events; call it after each wake-up. */
 	void ProcessEvents();
 
 	/** For FMpvRenderer, which keeps it alive. */
@@ -100,12 +100,12 @@ private:
 	std::function<void()> WakeUp;
 	std::shared_ptr<mpv_handle> Handle;
 	FMpvState State;
-	/** What mpv found wrong first with what was opened: it tells more than the error that comes of it. */
+	/** mpv's first complaint about the opened file; it says more than the error that follows from it. */
 	std::string Complaint;
-	/** mpv's error, until it is told. */
+	/** mpv's error, until it is reported. */
 	std::string Failure;
 	bool bRenders = false;
-	/** How often something was loaded, and mpv's numbers of what was loaded last (0 until mpv tells) and of what it starts. */
+	/** Number of loads, and mpv's entry IDs of the last one (0 until mpv reports it) and of the one it starts. */
 	uint64_t NumLoads = 0;
 	int64_t Entry = 0;
 	int64_t StartedEntry = 0;

@@ -8,7 +8,7 @@ namespace Flitmark
 /** What the player plays, and how. */
 struct FMpvState
 {
-	/** As it was opened; empty where nothing is. */
+	/** As it was opened; empty if nothing is open. */
 	std::string Url;
 
 	/** The container's title, or the file's name. */
@@ -17,24 +17,24 @@ struct FMpvState
 	/** Decoding has begun: length and size are known. */
 	bool bLoaded = false;
 
-	/** Told to pause; what waits for data is not paused. */
+	/** Paused on request; waiting for data is not pausing. */
 	bool bPaused = false;
 
 	/** Waits for data. */
 	bool bBuffering = false;
 
-	/** Looks for a new place. */
+	/** Seeking. */
 	bool bSeeking = false;
 
-	/** Stands at the end. */
+	/** At the end. */
 	bool bEnded = false;
 
 	bool bSeekable = false;
 
-	/** Seconds; the duration is 0 where it is not known (live). */
+	/** Seconds; the duration is 0 if unknown (live). */
 	double Position = 0.0;
 	double Duration = 0.0;
-	/** Up to where it has been read from the file or received, in seconds from the start. */
+	/** How far the file has been read or received, in seconds from the start. */
 	double BufferedTo = 0.0;
 
 	/** Times normal speed. */
@@ -44,7 +44,7 @@ struct FMpvState
 	double Volume = 100.0;
 	bool bMuted = false;
 
-	/** The picture as it is to be shown (turned, with square pixels); 0 where there is none. */
+	/** The displayed picture (rotated, square pixels); 0 if there is none. */
 	int Width = 0;
 	int Height = 0;
 

@@ -13,7 +13,7 @@ namespace Flitmark
 class FCellMeasure final : public FSlateFontMeasure
 {
 public:
-	FVector2D Measure(const FString& Text, const FSlateFontInfo& FontInfo) override;
+	FVector2D Measure(const FString& InText, const FSlateFontInfo& InFontInfo) override;
 };
 
 } // namespace Flitmark

@@ -44,7 +44,7 @@ FLoadOutcome LoadFiles(const QStringList& InPaths, bool bInChosen, const std::at
 
 FCommentLoader::FCommentLoader()
 {
-	// Two, so that what was given up need not end before the next begins.
+	// Two, so that a load can start before a canceled one has ended.
 	Pool.setMaxThreadCount(2);
 }
 

@@ -24,37 +24,37 @@ struct FLoadedComments
 	QStringList Notes;
 };
 
-/** What came of loading. */
+/** The result of a load. */
 struct FLoadOutcome
 {
-	/** Null where none of the files gave comments. */
+	/** Null if none of the files had comments. */
 	std::shared_ptr<FLoadedComments> Comments;
 
-	/** Which file could not be read, and why; both empty where that is no news. */
+	/** Which file could not be read, and why; both empty if nobody needs to know. */
 	QString FailedPath;
 	QString Reason;
 };
 
-/** Reads comment files on a thread of its own. What is asked for last counts, earlier work is given up. */
+/** Reads comment files on a worker thread. A new load cancels the one before. */
 class FCommentLoader final : public QObject
 {
 	Q_OBJECT
 
 public:
 	FCommentLoader();
-	/** Gives up what is under way; waits until its thread has noticed. */
+	/** Cancels the load under way, and waits for its thread. */
 	~FCommentLoader() override;
 
 	/** A file that the viewer has chosen. */
 	void Load(const QString& InPath);
-	/** The first of these that has comments; those that are something else are passed over without a word. */
+	/** The first of these that has comments; files of another kind are skipped silently. */
 	void LoadFirst(const QStringList& InPaths);
 	void Cancel();
 
 	bool IsBusy() const { return Current != nullptr; }
 
 Q_SIGNALS:
-	/** On the thread of this object, once for each load that was not given up. */
+	/** On the thread of this object, once for each load that was not canceled. */
 	void Finished(const Flitmark::FLoadOutcome& InOutcome);
 
 private:
@@ -64,7 +64,7 @@ private:
 	void Finish(const FCancel& InCancel, const FLoadOutcome& InOutcome);
 
 	QThreadPool Pool;
-	/** Set to true to give up; null where nothing is under way. */
+	/** Set to true to cancel; null when idle. */
 	FCancel Current;
 };
 

@@ -14,7 +14,7 @@ namespace Flitmark
 namespace
 {
 
-/** Milliseconds in which the timers of bar and panel have run out. */
+/** Milliseconds after which the timers of bar and panel have run out. */
 constexpr qint64 AwakeTime = 1'500;
 
 } // namespace
@@ -62,13 +62,12 @@ bool FFrameDrive::eventFilter(QObject*, QEvent* InEvent)
 
 bool FFrameDrive::IsMoving() const
 {
-	return (Player.IsPlaying() && !Player.IsWaiting() && Overlay.IsMoving()) || Bridge.GetPanel()->IsDisplayed() ||
-		   SinceWake.elapsed() < AwakeTime;
+	return Overlay.IsMoving() || Bridge.GetPanel()->IsDisplayed() || SinceWake.elapsed() < AwakeTime;
 }
 
 void FFrameDrive::RunFrame()
 {
-	// A layer that is told to draw anew asks for one more frame by itself: without this it would never end.
+	// Updating the layer requests one more frame by itself: without this check, frames would never stop.
 	if (!IsMoving())
 	{
 		return;

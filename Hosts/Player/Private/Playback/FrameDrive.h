@@ -14,19 +14,19 @@ class FPlayer;
 class FViewerBridge;
 
 /**
- * Runs the overlay with the window's frames: one overlay frame before each, and a further frame only as long as something
- * moves. A paused player that nobody touches costs nothing.
+ * Runs one overlay frame before each frame of the window, and asks for another one only as long as something moves. A
+ * paused player that nobody touches costs nothing.
  */
 class FFrameDrive final : public QObject
 {
 	Q_OBJECT
 
 public:
-	/** All outlive the drive. */
+	/** All arguments outlive the drive. */
 	FFrameDrive(QQuickWindow& InWindow, FCommentLayer& InLayer, FPlayer& InPlayer, FOverlay& InOverlay,
 				FViewerBridge& InBridge);
 
-	/** Frames from now on, for a while: somebody did something, and what comes of it may take its time. */
+	/** Keeps frames coming for a while: the viewer did something, and its effects may take time. */
 	void Wake();
 
 protected:

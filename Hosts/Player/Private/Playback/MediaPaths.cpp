@@ -1,6 +1,6 @@
 #include "Playback/MediaPaths.h"
 
-#include "Formats/CommentImport.h"
+#include "Formats/CommentFormat.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,22 +14,26 @@ namespace Flitmark
 namespace
 {
 
-/** Ends of names that comments come with, the likeliest first. */
-constexpr const char* CommentEnds[] = {"json", "xml", "pb", "protobuf", "bin", "jsonl"};
+/** Extensions of comment files, the likeliest first. */
+constexpr const char* CommentExtensions[] = {"json", "xml", "pb", "protobuf", "bin", "jsonl"};
 
-constexpr const char* Context = "Flitmark::MediaPaths";
+/** The context of these messages in the translations. */
+struct FPathText
+{
+	Q_DECLARE_TR_FUNCTIONS(Flitmark::MediaPaths)
+};
 
-/** Smaller is likelier; negative where the file is none of the video's. */
+/** Smaller is likelier; negative if the file doesn't belong to the video. */
 int RankBeside(const QString& InName, const QString& InVideoBase, const QStringList& InLanguages)
 {
 	const QString End = InName.section('.', -1).toLower();
-	const auto Found = std::find(std::begin(CommentEnds), std::end(CommentEnds), End);
-	if (Found == std::end(CommentEnds))
+	const auto Found = std::find(std::begin(CommentExtensions), std::end(CommentExtensions), End);
+	if (Found == std::end(CommentExtensions))
 	{
 		return -1;
 	}
-	constexpr int Step = std::size(CommentEnds);
-	const int EndRank = static_cast<int>(Found - std::begin(CommentEnds));
+	constexpr int Step = std::size(CommentExtensions);
+	const int EndRank = static_cast<int>(Found - std::begin(CommentExtensions));
 	const QString Base = InName.chopped(End.size() + 1);
 	if (Base == InVideoBase)
 	{
@@ -95,26 +99,26 @@ QString FindFileFault(const QString& InPathOrAddress)
 	const QFileInfo Info(InPathOrAddress);
 	if (!Info.exists())
 	{
-		return QCoreApplication::translate(Context, "there is no such file. Has it been moved or renamed?");
+		return FPathText::tr("no such file. Was it moved or renamed?");
 	}
 	if (Info.isDir())
 	{
-		return QCoreApplication::translate(Context, "it is a folder. Choose a file in it.");
+		return FPathText::tr("it's a folder. Choose a file in it.");
 	}
 	if (!Info.isReadable())
 	{
-		return QCoreApplication::translate(Context, "you are not allowed to read it. Change the file's permissions.");
+		return FPathText::tr("you don't have permission to read it. Change the file's permissions.");
 	}
 	if (Info.isFile() && Info.size() == 0)
 	{
-		return QCoreApplication::translate(Context, "the file is empty. Has it been copied in full?");
+		return FPathText::tr("the file is empty. Was it copied completely?");
 	}
 	return {};
 }
 
 bool IsCommentFile(const QString& InPath)
 {
-	return !IsAddress(InPath) && DetectFile(InPath.toStdString()) != ECommentFormat::Unknown;
+	return !IsAddress(InPath) && DetectFile(InPath.toStdString()) != nullptr;
 }
 
 QStringList FindCommentsBeside(const QString& InVideo, const QStringList& InLanguages)

@@ -15,18 +15,18 @@ bool IsAddress(const QString& InText);
 QString ToPathOrAddress(const QString& InText);
 QString ToPathOrAddress(const QUrl& InUrl);
 
-/** What people call it: a file's name, or the last part of an address. */
+/** The name to show: a file's name, or the last part of an address. */
 QString NameOf(const QString& InPathOrAddress);
 
-/** Why a file cannot be opened, as the end of a sentence; empty where nothing speaks against it, and for addresses. */
+/** Why a file can't be opened, as the end of a sentence; empty if it can, and for addresses. */
 QString FindFileFault(const QString& InPathOrAddress);
 
-/** Told by what is in the file, whatever its name. False for addresses. */
+/** Detected from its content, whatever its name. False for addresses. */
 bool IsCommentFile(const QString& InPath);
 
 /**
- * Files beside the video that by their names belong to it, the likeliest first: those named as the video is, then those
- * with a word between ("film.en.xml"), of which InLanguages ("en", "zh_CN") come first.
+ * Files next to the video that belong to it by name, the likeliest first: those with the same base name, then those with
+ * a word in between ("film.en.xml"), InLanguages ("en", "zh_CN") before the rest.
  */
 QStringList FindCommentsBeside(const QString& InVideo, const QStringList& InLanguages);
 

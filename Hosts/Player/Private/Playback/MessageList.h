@@ -7,7 +7,7 @@
 namespace Flitmark
 {
 
-/** What went wrong and was not yet put away by the viewer, the newest last; the oldest makes room for a fourth. */
+/** Errors that the viewer hasn't dismissed, the newest last; a fourth pushes out the oldest. */
 class FMessageList : public QAbstractListModel
 {
 	Q_OBJECT
@@ -18,7 +18,7 @@ public:
 
 	using QAbstractListModel::QAbstractListModel;
 
-	/** The same text again only comes to the end. */
+	/** A text that is already there moves to the end. */
 	void Add(const QString& InText);
 	void Clear();
 	Q_INVOKABLE void Dismiss(int InRow);

@@ -3,9 +3,9 @@
 #include "Playback/MediaPaths.h"
 #include "Scene/Overlay.h"
 #include "Playback/PlayerText.h"
+#include "Values/TimeText.h"
 
 #include <QQmlEngine>
-#include <QSizeF>
 
 #include <algorithm>
 #include <cmath>
@@ -21,26 +21,26 @@ FPlayer* Living = nullptr;
 
 constexpr double Speeds[] = {0.25, 0.5, 0.75, 1.0, 1.25, 1.5, 1.75, 2.0, 2.5, 3.0, 4.0};
 
-/** Milliseconds after which a seek counts as lost. */
-constexpr int SeekPatience = 5'000;
-
 } // namespace
 
 FPlayer::FPlayer(FOverlay& InOverlay, QSettings& InOutSettings)
 	: Overlay(InOverlay)
 	, Settings(InOutSettings)
-	, Recents(InOutSettings)
+	, Media(InOutSettings)
+	, Comments(InOverlay)
 {
-	SeekTimer.setSingleShot(true);
-	SeekTimer.setInterval(SeekPatience);
-	connect(&SeekTimer, &QTimer::timeout, this, &FPlayer::EndSeek);
-	connect(&Loader, &FCommentLoader::Finished, this, &FPlayer::TakeComments);
+	connect(&Seeks, &FSeekControl::Started, this,
+			[this](double InPosition, bool bInExact) { Mpv->Seek(InPosition, bInExact); });
+	connect(&Seeks, &FSeekControl::TargetChanged, this, &FPlayer::PositionChanged);
+	connect(&Comments, &FCommentSession::Loaded, this, &FPlayer::AnnounceComments);
+	connect(&Comments, &FCommentSession::Failed, this, &FPlayer::Complain);
+	connect(&Comments, &FCommentSession::Changed, this, &FPlayer::FrameNeeded);
 	Living = this;
 }
 
 FPlayer::~FPlayer()
 {
-	KeepPosition();
+	LeavePosition();
 	Living = nullptr;
 }
 
@@ -74,23 +74,105 @@ bool FPlayer::Start(const FPlayerOptions& InOptions, std::string& OutError)
 	SetVolume(InOptions.Volume.value_or(Settings.value("volume", 100.0).toDouble()));
 	SetMuted(!InOptions.Volume && Settings.value("muted", false).toBool());
 	SetSpeed(InOptions.Speed);
-	TellOverlay();
+	Apply();
 	return true;
+}
+
+void FPlayer::OpenVideo(const QString& InVideo, const QString& InComments, double InStart)
+{
+	const QString Wanted = ToPathOrAddress(InVideo);
+	if (const QString Fault = FindFileFault(Wanted); !Fault.isEmpty())
+	{
+		Complain(tr("Can't play %1: %2").arg(NameOf(Wanted), Fault));
+		if (!IsOpen() && !InComments.isEmpty())
+		{
+			Comments.Open(InComments);
+		}
+		return;
+	}
+	LeavePosition();
+	// Comments opened before any video belong to the first one.
+	const bool bKeepComments = !IsOpen() && InComments.isEmpty() && !Comments.IsEmpty();
+	Media.Open(Wanted, InStart);
+	State.Open();
+	Overlay.Jump();
+	if (!bKeepComments)
+	{
+		Comments.Close();
+		InComments.isEmpty() ? Comments.OpenFirst(Media.FindComments()) : Comments.Open(InComments);
+	}
+	Overlay.SetUrl(Wanted.toStdString());
+	Mpv->SetPaused(false);
+	Mpv->Open(Wanted.toStdString());
+	Known = Mpv->GetState();
+	Apply();
+	Q_EMIT PositionChanged();
+}
+
+void FPlayer::OpenUrls(const QList<QUrl>& InUrls)
+{
+	QString NewVideo;
+	QString NewComments;
+	for (const QUrl& Url : InUrls)
+	{
+		const QString Path = ToPathOrAddress(Url);
+		QString& New = IsCommentFile(Path) ? NewComments : NewVideo;
+		if (New.isEmpty())
+		{
+			New = Path;
+		}
+	}
+	if (!NewVideo.isEmpty())
+	{
+		OpenVideo(NewVideo, NewComments);
+	}
+	else if (!NewComments.isEmpty())
+	{
+		Comments.Open(NewComments);
+	}
+}
+
+void FPlayer::Close()
+{
+	LeavePosition();
+	State.Close();
+	Media.Close();
+	Comments.Close();
+	Mpv->Close();
+	Known = Mpv->GetState();
+	GetRecents()->Refresh();
+	Apply();
+}
+
+void FPlayer::LeavePosition()
+{
+	if (IsSeekable())
+	{
+		Media.KeepPosition(GetPosition(), GetDuration());
+	}
+	Seeks.Cancel();
+}
+
+void FPlayer::AnnounceComments(const QStringList& InNotes)
+{
+	GetRecents()->SetComments(Media.GetVideo(), Comments.GetPath());
+	QStringList Lines{Comments.GetName() + ": " + Comments.GetCountText()};
+	Lines += InNotes;
+	if (!IsOpen())
+	{
+		Lines += tr("Open a video to see them.");
+	}
+	Announce(Lines.join('\n'));
 }
 
 QString FPlayer::GetTitle() const
 {
-	if (!IsOpen())
-	{
-		return {};
-	}
-	const QString Title = QString::fromStdString(Shown.Title);
-	return Shown.bLoaded && !Title.isEmpty() ? Title : NameOf(Video);
+	return IsLoaded() && !Known.Title.empty() ? QString::fromStdString(Known.Title) : NameOf(Media.GetVideo());
 }
 
 double FPlayer::GetPosition() const
 {
-	return NextSeek ? NextSeek->Position : Seeking ? Seeking->Position : Shown.Position;
+	return Seeks.GetTarget().value_or(Known.Position);
 }
 
 void FPlayer::TogglePlaying()
@@ -100,42 +182,39 @@ void FPlayer::TogglePlaying()
 
 void FPlayer::SetPlaying(bool bInPlaying)
 {
-	if (bInPlaying && Shown.bEnded)
+	if (bInPlaying && HasEnded())
 	{
 		SeekTo(0.0);
 	}
-	bPlaying = bInPlaying;
-	Mpv->SetPaused(!bPlaying);
-	TellOverlay();
-	Q_EMIT StateChanged();
+	State.SetPlaying(bInPlaying);
+	Mpv->SetPaused(!bInPlaying);
+	Apply();
 	if (IsOpen())
 	{
-		Announce(bPlaying ? tr("Playing") : tr("Paused"));
+		Announce(bInPlaying ? tr("Playing") : tr("Paused"));
 	}
 }
 
 void FPlayer::StepFrame(bool bInForward)
 {
-	if (!IsLoaded())
+	if (IsLoaded())
 	{
-		return;
+		// libmpv pauses by itself after the step.
+		State.SetPlaying(false);
+		Mpv->StepFrame(bInForward);
+		Apply();
+		Announce(bInForward ? tr("Next frame") : tr("Previous frame"));
 	}
-	bPlaying = false;
-	Mpv->StepFrame(bInForward);
-	TellOverlay();
-	Q_EMIT StateChanged();
-	Announce(bInForward ? tr("Next frame") : tr("Previous frame"));
 }
 
 void FPlayer::SeekTo(double InPosition)
 {
-	if (!IsSeekable())
+	if (IsSeekable())
 	{
-		return;
+		Seek(InPosition, true);
+		const QString Time = FormatTime(GetPosition());
+		Announce(GetDuration() > 0.0 ? Time + " / " + FormatTime(GetDuration()) : Time);
 	}
-	Seek(InPosition, true);
-	const QString Time = Flitmark::FormatTime(GetPosition());
-	Announce(Shown.Duration > 0.0 ? Time + " / " + Flitmark::FormatTime(Shown.Duration) : Time);
 }
 
 void FPlayer::SeekBy(double InSeconds)
@@ -153,40 +232,18 @@ void FPlayer::Scrub(double InPosition)
 
 void FPlayer::Seek(double InPosition, bool bInExact)
 {
-	const double Last = Shown.Duration > 0.0 ? Shown.Duration : InPosition;
-	const FSeek Wanted{std::clamp(InPosition, 0.0, std::max(Last, 0.0)), bInExact};
-	if (Seeking)
-	{
-		NextSeek = Wanted;
-	}
-	else
-	{
-		Seeking = Wanted;
-		SeekTimer.start();
-		Mpv->Seek(Wanted.Position, Wanted.bExact);
-	}
-	Q_EMIT PositionChanged();
-}
-
-void FPlayer::EndSeek()
-{
-	SeekTimer.stop();
-	Seeking.reset();
-	if (const std::optional<FSeek> Next = std::exchange(NextSeek, std::nullopt))
-	{
-		Seek(Next->Position, Next->bExact);
-	}
-	Q_EMIT PositionChanged();
+	const double Position = std::max(InPosition, 0.0);
+	Seeks.Seek(GetDuration() > 0.0 ? std::min(Position, GetDuration()) : Position, bInExact);
 }
 
 void FPlayer::SetSpeed(double InSpeed)
 {
 	const double Wanted = std::clamp(InSpeed, std::begin(Speeds)[0], std::end(Speeds)[-1]);
-	const bool bTell = Wanted != Speed;
+	const bool bChanged = Wanted != Speed;
 	Speed = Wanted;
 	Mpv->SetSpeed(Speed);
 	Overlay.SetRate(Speed);
-	if (bTell)
+	if (bChanged)
 	{
 		Q_EMIT StateChanged();
 		Announce(tr("Speed %1").arg(Flitmark::FormatSpeed(Speed)));
@@ -218,18 +275,18 @@ void FPlayer::ChangeVolume(double InPercent)
 		SetMuted(false);
 	}
 	SetVolume(Volume + InPercent);
-	Announce(tr("Volume %1 %").arg(std::lround(Volume)));
+	Announce(tr("Volume %1%").arg(std::lround(Volume)));
 }
 
 void FPlayer::SetMuted(bool bInMuted)
 {
-	const bool bTell = std::exchange(bMuted, bInMuted) != bInMuted;
+	const bool bChanged = std::exchange(bMuted, bInMuted) != bInMuted;
 	Mpv->SetMuted(bMuted);
 	Settings.setValue("muted", bMuted);
-	if (bTell)
+	if (bChanged)
 	{
 		Q_EMIT StateChanged();
-		Announce(bMuted ? tr("Sound off") : tr("Sound on"));
+		Announce(bMuted ? tr("Muted") : tr("Unmuted"));
 	}
 }
 
@@ -256,12 +313,12 @@ QVariantMap FPlayer::CollectFigures() const
 			{"spritesMade", static_cast<qlonglong>(Sprites.NumMade)},
 			{"spritesWaiting", Sprites.NumWaiting},
 			{"textureBytes", static_cast<qlonglong>(Sprites.TextureBytes)},
-			{"decoder", Shown.HardwareDecoder == "no" ? QString() : QString::fromStdString(Shown.HardwareDecoder)}};
+			{"decoder", Known.HardwareDecoder == "no" ? QString() : QString::fromStdString(Known.HardwareDecoder)}};
 }
 
 QString FPlayer::FormatTime(double InSeconds)
 {
-	return Flitmark::FormatTime(InSeconds);
+	return QString::fromStdString(Flitmark::FormatTime(InSeconds));
 }
 
 QString FPlayer::FormatSpeed(double InSpeed)
@@ -269,66 +326,65 @@ QString FPlayer::FormatSpeed(double InSpeed)
 	return Flitmark::FormatSpeed(InSpeed);
 }
 
-void FPlayer::TellOverlay()
+void FPlayer::Apply()
 {
-	Overlay.SetPaused(!IsPlaying() || IsWaiting());
+	Overlay.SetPaused(!State.IsRunning());
+	Comments.SetDuration(Known.Duration);
 	Q_EMIT FrameNeeded();
+	Q_EMIT StateChanged();
 }
 
 void FPlayer::UpdateOverlay()
 {
-	ToldTime = GetPosition();
-	Overlay.SetMediaTime(ToldTime);
+	OverlayTime = GetPosition();
+	Overlay.SetMediaTime(OverlayTime);
 	const bool bUndrawn = Overlay.GetMeter().GetSprites().bUndrawn;
-	if (bUndrawn && !bToldUndrawn)
+	if (bUndrawn && !bWarnedUndrawn)
 	{
-		Announce(tr("Some comments are not drawn in full: they are too large or too many."));
+		Announce(tr("Some comments can't be drawn in full: they are too large, or there are too many."));
 	}
-	bToldUndrawn = bUndrawn;
+	bWarnedUndrawn = bUndrawn;
 }
 
 void FPlayer::OnStateChanged()
 {
-	const FMpvState Before = std::exchange(Shown, Mpv->GetState());
-	if (Shown.Position != Before.Position || Shown.BufferedTo != Before.BufferedTo)
+	const FMpvState Before = std::exchange(Known, Mpv->GetState());
+	if (Known.Position != Before.Position || Known.BufferedTo != Before.BufferedTo)
 	{
 		Q_EMIT PositionChanged();
 	}
 	FMpvState Compared = Before;
-	Compared.Position = Shown.Position;
-	Compared.BufferedTo = Shown.BufferedTo;
-	if (Shown == Compared)
+	Compared.Position = Known.Position;
+	Compared.BufferedTo = Known.BufferedTo;
+	if (Known == Compared)
 	{
 		Q_EMIT FrameNeeded();
 		return;
 	}
-	TellOverlay();
-	Q_EMIT StateChanged();
-	if (Shown.Duration != Before.Duration)
+	State.Follow(Known);
+	Apply();
+	if (IsLoaded() && Known.Title != Before.Title)
 	{
-		UpdateDensity();
-	}
-	if (Shown.bLoaded && Shown.Title != Before.Title)
-	{
-		Remember();
+		Media.Remember(GetTitle(), Comments.GetPath());
 	}
 }
 
 void FPlayer::OnLoaded()
 {
-	Shown = Mpv->GetState();
-	Remember();
-	if (const double Start = std::exchange(FirstPosition, 0.0); Start > 0.0)
+	Known = Mpv->GetState();
+	State.Follow(Known);
+	Media.Remember(GetTitle(), Comments.GetPath());
+	if (Media.GetStart() > 0.0)
 	{
-		Seek(Start, true);
+		Seek(Media.GetStart(), true);
 	}
-	TellOverlay();
-	Q_EMIT StateChanged();
+	Apply();
 }
 
 void FPlayer::OnFailed(const std::string& InReason)
 {
-	Complain(tr("%1 cannot be played: %2")
+	const QString& Video = Media.GetVideo();
+	Complain(tr("Can't play %1: %2")
 				 .arg(NameOf(Video), DescribePlaybackFault(QString::fromStdString(InReason), IsAddress(Video))));
 	Close();
 }
@@ -341,10 +397,10 @@ void FPlayer::OnSeeked()
 
 void FPlayer::OnArrived()
 {
-	const double Expected = ToldTime;
-	EndSeek();
-	// A rough seek ends elsewhere: what was due where it led to is not due now.
-	if (!Seeking && std::floor(Mpv->GetState().Position) != std::floor(Expected))
+	const double Expected = OverlayTime;
+	Seeks.Finish();
+	// An inexact seek lands elsewhere: the comments due at its target are not due there.
+	if (!Seeks.GetTarget() && std::floor(Mpv->GetState().Position) != std::floor(Expected))
 	{
 		Overlay.Jump();
 	}

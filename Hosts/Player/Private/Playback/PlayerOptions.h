@@ -8,13 +8,13 @@
 namespace Flitmark
 {
 
-/** How a player starts. */
+/** What the player starts with. */
 struct FPlayerOptions
 {
 	/** A file's path or an address; empty starts with nothing open. */
 	QString Video;
 
-	/** Empty: those that lie beside the video. */
+	/** Empty: those found next to the video. */
 	QString Comments;
 
 	bool bFullScreen = false;
@@ -25,15 +25,15 @@ struct FPlayerOptions
 	/** Times normal speed. */
 	double Speed = 1.0;
 
-	/** Percent; empty: as loud as last time. */
+	/** Percent; empty: as last time. */
 	std::optional<double> Volume;
 
 	bool bHardwareDecoding = true;
 
-	/** libmpv's name of an audio output; empty: the first that works. */
+	/** An audio output by its libmpv name; empty: the first that works. */
 	std::string AudioOutput;
 
-	/** Where window, volume and recent files are remembered, and the viewer's preferences; empty: the user's folders. */
+	/** Folders of the player's settings and of the viewer's preferences; empty: the user's own. */
 	QString SettingsFolder;
 	QString SaveFolder;
 };

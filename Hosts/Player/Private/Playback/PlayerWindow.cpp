@@ -56,7 +56,7 @@ FPlayerWindow::~FPlayerWindow()
 			Settings.setValue("maximised", Window->visibility() == QWindow::Maximized);
 		}
 	}
-	// The window's controls lean on all the others, which are still there while it goes.
+	// The window's controls use everything else, so the window goes first.
 	Engine.reset();
 }
 
@@ -106,22 +106,18 @@ bool FPlayerWindow::MakeWindow(const FPlayerOptions& InOptions, std::string& Out
 	QObject::disconnect(Engine.get(), &QQmlEngine::warnings, nullptr, nullptr);
 	if (Window == nullptr)
 	{
-		OutError = "the window cannot be built: " + Faults.join("; ").toStdString();
+		OutError = "can't build the window: " + Faults.join("; ").toStdString();
 		return false;
 	}
 	Connect();
 	Show(InOptions.bFullScreen);
 	if (!InOptions.Video.isEmpty())
 	{
-		Player->OpenVideo(InOptions.Video, InOptions.Comments);
-		if (InOptions.Start > 0.0)
-		{
-			Player->StartAt(InOptions.Start);
-		}
+		Player->OpenVideo(InOptions.Video, InOptions.Comments, InOptions.Start);
 	}
 	else if (!InOptions.Comments.isEmpty())
 	{
-		Player->OpenComments(InOptions.Comments);
+		Player->GetComments()->Open(InOptions.Comments);
 	}
 	return true;
 }
@@ -161,7 +157,7 @@ void FPlayerWindow::Connect()
 	QObject::connect(Video, &FVideoItem::Ready, Player.get(), [this] { Player->GetMpv().StartRendering(); });
 	QObject::connect(Video, &FVideoItem::Failed, Player.get(),
 					 [this](const QString& InReason)
-					 { Player->Complain(FPlayer::tr("Video cannot be drawn: %1.").arg(InReason)); });
+					 { Player->Complain(FPlayer::tr("Can't show the video: %1.").arg(InReason)); });
 	Video->SetHandle(Player->GetMpv().GetHandle());
 	Layer->SetOverlay(Overlay.get());
 	ScreenSaver = std::make_unique<FScreenSaver>();

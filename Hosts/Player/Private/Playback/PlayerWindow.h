@@ -21,11 +21,11 @@ class FPreferences;
 class FScreenSaver;
 class FViewerBridge;
 
-/** The player's whole window, and all that lives in it. One at a time in a process; GUI thread. */
+/** The player's window and everything in it. One at a time in a process; GUI thread. */
 class FPlayerWindow
 {
 public:
-	/** Null with OutError set where it cannot be shown. A QGuiApplication and OpenGL as the scene's API are needed before. */
+	/** Null with OutError set if it can't be shown. Needs a QGuiApplication, and OpenGL as the graphics API. */
 	static std::unique_ptr<FPlayerWindow> Create(const FPlayerOptions& InOptions, std::string& OutError);
 	~FPlayerWindow();
 	FPlayerWindow(const FPlayerWindow&) = delete;
@@ -52,7 +52,7 @@ private:
 	QQuickWindow* Window = nullptr;
 	std::unique_ptr<FFrameDrive> Drive;
 	std::unique_ptr<FScreenSaver> ScreenSaver;
-	/** The window's when it is neither maximised nor in full screen. */
+	/** The window's size when it is neither maximized nor full screen. */
 	QSize UsualSize;
 };
 

@@ -15,12 +15,12 @@ namespace
 
 constexpr int Signals[] = {SIGINT, SIGTERM, SIGHUP};
 
-/** Read from, written to. */
+/** Read end, write end. */
 std::array<int, 2> Pipe{-1, -1};
 
 void OnSignal(int InSignal)
 {
-	// A second one ends the program at once.
+	// A second one kills the program.
 	std::signal(InSignal, SIG_DFL);
 	const char Byte = 0;
 	[[maybe_unused]] const ssize_t Written = write(Pipe[1], &Byte, 1);

@@ -7,7 +7,7 @@
 namespace Flitmark
 {
 
-/** While one lives, signals that ask the program to end (such as Ctrl+C) close it as the viewer would. */
+/** While it exists, signals to terminate (such as Ctrl+C) close the program the way the viewer would. */
 class FQuitSignals
 {
 public:
@@ -17,7 +17,7 @@ public:
 	FQuitSignals& operator=(const FQuitSignals&) = delete;
 
 private:
-	/** Signal handlers may do little more than write to a pipe. */
+	/** A signal handler can do little more than write to a pipe. */
 	std::unique_ptr<QSocketNotifier> Notifier;
 };
 

@@ -13,7 +13,7 @@ namespace Flitmark
 namespace
 {
 
-/** The folder, with the home folder shortened; an address as it is. */
+/** The folder, with the home folder as "~"; an address as it is. */
 QString DescribePlace(const QString& InVideo)
 {
 	if (IsAddress(InVideo))

@@ -16,14 +16,14 @@ struct FRecentFile
 	QString Video;
 	QString Title;
 
-	/** The comments' file last used with it; empty for none. */
+	/** The comment file last used with it; empty for none. */
 	QString Comments;
 
 	/** Where it was left, in seconds; 0 at the start and at the end. */
 	double Position = 0.0;
 };
 
-/** The videos played last, the newest first; each change is kept in the settings at once. */
+/** The videos played last, newest first; each change is written to the settings at once. */
 class FRecentFiles final : public QAbstractListModel
 {
 	Q_OBJECT
@@ -32,23 +32,23 @@ class FRecentFiles final : public QAbstractListModel
 public:
 	static constexpr int MaxFiles = 10;
 
-	/** InOutSettings: outlives the list. */
+	/** InOutSettings outlives the list. */
 	explicit FRecentFiles(QSettings& InOutSettings);
 
-	/** To the top. */
+	/** Adds it at the top, or moves it there. */
 	void Add(const FRecentFile& InFile);
-	/** Nothing happens where the video is not in the list. */
+	/** Does nothing if the video is not in the list. */
 	void SetComments(const QString& InVideo, const QString& InComments);
 	void SetPosition(const QString& InVideo, double InSeconds);
-	/** Null where the video is not in the list; valid until the next change. */
+	/** Null if the video is not in the list; valid until the next change. */
 	const FRecentFile* Find(const QString& InVideo) const;
 
-	/** Null where the list is empty. */
+	/** Null if the list is empty. */
 	const FRecentFile* GetLatest() const { return Files.isEmpty() ? nullptr : &Files.first(); }
 
 	Q_INVOKABLE void Remove(int InRow);
 	Q_INVOKABLE void Clear();
-	/** Looks again which of them are still there. */
+	/** Checks again which of them still exist. */
 	Q_INVOKABLE void Refresh();
 
 	int rowCount(const QModelIndex& InParent = {}) const override;

@@ -7,7 +7,7 @@
 namespace Flitmark
 {
 
-/** Asks the desktop to leave the screen on. Where no desktop answers, nothing happens; the end of the program takes the wish back. */
+/** Asks the desktop to keep the screen on. Does nothing if no desktop answers; the request ends with the program. */
 class FScreenSaver final : public QObject
 {
 	Q_OBJECT
@@ -22,9 +22,9 @@ private:
 	void Release();
 
 	bool bHeldOff = false;
-	/** The wish is on its way. */
+	/** A request is on its way. */
 	bool bAsking = false;
-	/** The desktop's number of the wish that it has granted. */
+	/** The desktop's handle of the request that it granted. */
 	std::optional<uint> Cookie;
 };
 

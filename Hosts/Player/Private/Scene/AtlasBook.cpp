@@ -29,10 +29,10 @@ void FAtlasBook::BeginFrame(double InNow)
 	}
 }
 
-const FAtlasSprite* FAtlasBook::Use(uint64 InLookId)
+const FAtlasSprite* FAtlasBook::Use(uint64 InStyleId)
 {
-	const auto Known = ByLook.find(InLookId);
-	if (Known == ByLook.end())
+	const auto Known = ByStyle.find(InStyleId);
+	if (Known == ByStyle.end())
 	{
 		return nullptr;
 	}
@@ -46,10 +46,10 @@ const FAtlasSprite* FAtlasBook::Use(uint64 InLookId)
 	return &Entry.Sprite;
 }
 
-const FAtlasSprite* FAtlasBook::Find(uint64 InLookId) const
+const FAtlasSprite* FAtlasBook::Find(uint64 InStyleId) const
 {
-	const auto Known = ByLook.find(InLookId);
-	return Known != ByLook.end() ? &Known->second->Sprite : nullptr;
+	const auto Known = ByStyle.find(InStyleId);
+	return Known != ByStyle.end() ? &Known->second->Sprite : nullptr;
 }
 
 std::optional<std::vector<FAtlasTile>> FAtlasBook::Reserve(int32 InWidth, int32 InHeight)
@@ -133,7 +133,7 @@ bool FAtlasBook::DropIdle()
 void FAtlasBook::Drop(FEntries::iterator InEntry)
 {
 	Release(InEntry->Sprite.Tiles);
-	ByLook.erase(InEntry->Sprite.Look->Id);
+	ByStyle.erase(InEntry->Sprite.Style->Id);
 	Entries.erase(InEntry);
 }
 
@@ -147,13 +147,13 @@ void FAtlasBook::Release(const std::vector<FAtlasTile>& InTiles)
 
 void FAtlasBook::Enter(FAtlasSprite InSprite)
 {
-	const uint64 Id = InSprite.Look->Id;
-	if (const auto Known = ByLook.find(Id); Known != ByLook.end())
+	const uint64 Id = InSprite.Style->Id;
+	if (const auto Known = ByStyle.find(Id); Known != ByStyle.end())
 	{
 		Drop(Known->second);
 	}
 	Entries.push_back({std::move(InSprite), Frame, Now});
-	ByLook.emplace(Id, std::prev(Entries.end()));
+	ByStyle.emplace(Id, std::prev(Entries.end()));
 }
 
 } // namespace Flitmark

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Scene/AtlasPacker.h"
-#include "Scene/CommentScene.h"
+#include "Overlay/CommentScene.h"
 
 #include <list>
 #include <memory>
@@ -29,8 +29,8 @@ struct FAtlasTile
 /** A sprite in the atlas; without tiles where there is nothing to be seen. */
 struct FAtlasSprite
 {
-	/** Keeps the look's number from being given up while its sprite is at hand. */
-	std::shared_ptr<const FSharedLook> Look;
+	/** Keeps the style's number from being given up while its sprite is at hand. */
+	std::shared_ptr<const FSharedStyle> Style;
 	/** Device pixels per canvas unit that it was made for. */
 	double Scale = 1.0;
 
@@ -59,15 +59,15 @@ public:
 	/** A frame begins at InNow, in seconds: what is not used in it may be given up. */
 	void BeginFrame(double InNow);
 
-	/** A look's sprite, which the present frame uses; null where there is none. */
-	const FAtlasSprite* Use(uint64 InLookId);
-	const FAtlasSprite* Find(uint64 InLookId) const;
+	/** A style's sprite, which the present frame uses; null where there is none. */
+	const FAtlasSprite* Use(uint64 InStyleId);
+	const FAtlasSprite* Find(uint64 InStyleId) const;
 
 	/** Room for a sprite, in tiles where it is larger than a page. Null where the pages are full of sprites in use. */
 	std::optional<std::vector<FAtlasTile>> Reserve(int32 InWidth, int32 InHeight);
 	/** Gives up what Reserve gave. */
 	void Release(const std::vector<FAtlasTile>& InTiles);
-	/** Enters a sprite, in place of its look's one before. */
+	/** Enters a sprite, in place of its style's one before. */
 	void Enter(FAtlasSprite InSprite);
 
 	int32 GetPageSize() const { return PageSize; }
@@ -103,7 +103,7 @@ private:
 	std::vector<FPage> Pages;
 	/** The longest unused first. */
 	FEntries Entries;
-	std::unordered_map<uint64, FEntries::iterator> ByLook;
+	std::unordered_map<uint64, FEntries::iterator> ByStyle;
 };
 
 } // namespace Flitmark

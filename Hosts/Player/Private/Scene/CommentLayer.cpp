@@ -74,7 +74,7 @@ QSGNode* FCommentLayer::updatePaintNode(QSGNode* InNode, UpdatePaintNodeData*)
 	{
 		Node = new FCommentNode(*window());
 	}
-	Node->Sync(*Overlay, RasterScale, mapToScene(QPointF()) * Overlay->GetView().DevicePixelRatio);
+	Node->Sync(*Overlay, RasterScale, mapToScene(QPointF()) * Overlay->GetDevicePixelRatio());
 	return Node;
 }
 
@@ -121,24 +121,18 @@ void FCommentLayer::TellView()
 	{
 		Settle();
 	}
-	else if (RasterScale != GetDeviceScale())
+	else if (RasterScale != Overlay->GetView().Scale.Y)
 	{
 		SettleTimer.start();
 	}
 	update();
 }
 
-double FCommentLayer::GetDeviceScale() const
-{
-	const FOverlayView& View = Overlay->GetView();
-	return View.Scale * View.DevicePixelRatio;
-}
-
 void FCommentLayer::Settle()
 {
 	if (Overlay != nullptr)
 	{
-		RasterScale = GetDeviceScale();
+		RasterScale = Overlay->GetView().Scale.Y;
 		update();
 	}
 }

@@ -36,8 +36,6 @@ private:
 	void TellView();
 	void TellRefreshRate();
 	void Settle();
-	/** Device pixels per canvas unit. */
-	double GetDeviceScale() const;
 
 	FOverlay* Overlay = nullptr;
 	QMetaObject::Connection ScreenChanged;

@@ -25,15 +25,14 @@ FCommentNode::~FCommentNode()
 
 void FCommentNode::Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOrigin)
 {
-	const FOverlayView& View = InOverlay.GetView();
 	Maker = InOverlay.GetMaker();
 	Origin = InOrigin;
-	DevicePixelRatio = View.DevicePixelRatio;
-	Scale = View.Scale * View.DevicePixelRatio;
+	DevicePixelRatio = InOverlay.GetDevicePixelRatio();
+	Scale = InOverlay.GetView().Scale.Y;
 	Comments.clear();
 	for (const FSceneComment& Comment : InOverlay.GetScene().GetComments())
 	{
-		Comments.push_back({Comment.Look->Id, QPointF(Comment.Position.X * Scale, Comment.Position.Y * Scale),
+		Comments.push_back({Comment.Style->Id, QPointF(Comment.Position.X * Scale, Comment.Position.Y * Scale),
 							!Comment.bMovesX, !Comment.bMovesY, Comment.bViewers});
 	}
 	bStale = true;
@@ -47,14 +46,14 @@ void FCommentNode::HaveMade(const FOverlay& InOverlay, double InRasterScale)
 {
 	std::vector<FWantedSprite> Wanted;
 	std::unordered_set<uint64> Listed;
-	for (const bool bInView : {true, false})
+	for (const bool bEntered : {true, false})
 	{
 		for (const FSceneComment& Comment : InOverlay.GetScene().GetComments())
 		{
-			if (Comment.bInView == bInView && Atlas.IsMissing(Comment.Look->Id, InRasterScale) &&
-				Listed.insert(Comment.Look->Id).second)
+			if (Comment.bEntered == bEntered && Atlas.IsMissing(Comment.Style->Id, InRasterScale) &&
+				Listed.insert(Comment.Style->Id).second)
 			{
-				Wanted.push_back({Comment.Look, InRasterScale});
+				Wanted.push_back({Comment.Style, InRasterScale});
 			}
 		}
 	}
@@ -75,7 +74,7 @@ void FCommentNode::preprocess()
 	bStale |= Atlas.BeginFrame(ReadSteadyClock());
 	for (const FDrawn& Comment : Comments)
 	{
-		Atlas.Use(Comment.LookId);
+		Atlas.Use(Comment.StyleId);
 	}
 	bStale |= Atlas.Upload(*Maker);
 	if (Atlas.HasMore())
@@ -97,7 +96,7 @@ void FCommentNode::Build()
 	}
 	for (const FDrawn& Comment : Comments)
 	{
-		if (const FAtlasSprite* Sprite = Atlas.Find(Comment.LookId))
+		if (const FAtlasSprite* Sprite = Atlas.Find(Comment.StyleId))
 		{
 			AddQuads(Comment, *Sprite);
 		}

@@ -35,7 +35,7 @@ public:
 private:
 	struct FDrawn
 	{
-		uint64 LookId = 0;
+		uint64 StyleId = 0;
 		/** Top-left corner in device pixels from the item's. */
 		QPointF Position;
 		/** Stands on whole device pixels. */

@@ -68,14 +68,14 @@ bool FSpriteAtlas::BeginFrame(double InNow)
 	return bClosed;
 }
 
-bool FSpriteAtlas::IsMissing(uint64 InLookId, double InScale) const
+bool FSpriteAtlas::IsMissing(uint64 InStyleId, double InScale) const
 {
-	if (Current && Current->Target.Look->Id == InLookId && Current->Target.Scale == InScale)
+	if (Current && Current->Target.Style->Id == InStyleId && Current->Target.Scale == InScale)
 	{
 		return false;
 	}
-	const FAtlasSprite* Sprite = Book.Find(InLookId);
-	return (Sprite == nullptr || Sprite->Scale != InScale) && !Refused.contains(InLookId);
+	const FAtlasSprite* Sprite = Book.Find(InStyleId);
+	return (Sprite == nullptr || Sprite->Scale != InScale) && !Refused.contains(InStyleId);
 }
 
 bool FSpriteAtlas::Upload(FSpriteMaker& InMaker)
@@ -121,14 +121,14 @@ void FSpriteAtlas::Begin(FMadeSprite InMade)
 	if (!Tiles)
 	{
 		bUndrawn = true;
-		Refused[InMade.Look->Id] = Now + RetryTime;
+		Refused[InMade.Style->Id] = Now + RetryTime;
 		return;
 	}
 	for (const FAtlasTile& Tile : *Tiles)
 	{
 		OpenPage(Tile.Page);
 	}
-	FAtlasSprite Target{std::move(InMade.Look), InMade.Scale, Sprite.Width, Sprite.Height, Sprite.Left, Sprite.Top,
+	FAtlasSprite Target{std::move(InMade.Style), InMade.Scale, Sprite.Width, Sprite.Height, Sprite.Left, Sprite.Top,
 						std::move(*Tiles)};
 	Current.emplace(FUpload{std::move(InMade.Sprite), std::move(Target)});
 }

@@ -39,11 +39,11 @@ public:
 	bool BeginFrame(double InNow);
 
 	/** As FAtlasBook has them; at any scale. */
-	const FAtlasSprite* Use(uint64 InLookId) { return Book.Use(InLookId); }
-	const FAtlasSprite* Find(uint64 InLookId) const { return Book.Find(InLookId); }
+	const FAtlasSprite* Use(uint64 InStyleId) { return Book.Use(InStyleId); }
+	const FAtlasSprite* Find(uint64 InStyleId) const { return Book.Find(InStyleId); }
 
 	/** Whether a sprite is to be made: it is neither here, at this scale, nor on its way, nor was there no room just now. */
-	bool IsMissing(uint64 InLookId, double InScale) const;
+	bool IsMissing(uint64 InStyleId, double InScale) const;
 
 	/** Takes what was made and hands over as much as a frame may. Whether a sprite became drawable. */
 	bool Upload(FSpriteMaker& InMaker);
@@ -90,7 +90,7 @@ private:
 	std::vector<uint8> Staging;
 
 	double Now = 0.0;
-	/** Looks for which there was no room, and when to try again. */
+	/** Styles for which there was no room, and when to try again. */
 	std::unordered_map<uint64, double> Refused;
 	bool bHasMore = false;
 	bool bUndrawn = false;

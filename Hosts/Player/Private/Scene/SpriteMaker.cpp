@@ -21,9 +21,9 @@ int64 CountBytes(const FMadeSprite& InMade)
 
 } // namespace
 
-std::size_t FSpriteMaker::FKeyHash::operator()(const FKey& InKey) const
+std::size_t FSpriteMaker::FHash::operator()(const FWantedSprite& InWanted) const
 {
-	return std::hash<uint64>()(InKey.LookId) * 31 + std::hash<double>()(InKey.Scale);
+	return std::hash<uint64>()(InWanted.Style->Id) * 31 + std::hash<double>()(InWanted.Scale);
 }
 
 FSpriteMaker::FSpriteMaker(FTextEngine& InEngine, int64 InMaxReadyBytes)
@@ -71,22 +71,18 @@ void FSpriteMaker::SetWanted(std::vector<FWantedSprite> InWanted)
 	{
 		const std::lock_guard Lock(Mutex);
 		Queue.clear();
-		Wanted.clear();
-		for (const FWantedSprite& Each : InWanted)
-		{
-			Wanted.insert({Each.Look->Id, Each.Scale});
-		}
-		std::erase_if(Ready, [this](const FMadeSprite& InMade) { return !Wanted.contains(FKey{InMade}); });
+		Wanted = FSet(InWanted.begin(), InWanted.end());
+		std::erase_if(Ready, [this](const FMadeSprite& InMade) { return !Wanted.contains(InMade); });
 		ReadyBytes = 0;
-		std::unordered_set<FKey, FKeyHash> Started = AtHand;
+		FSet Started = AtHand;
 		for (const FMadeSprite& Each : Ready)
 		{
 			ReadyBytes += CountBytes(Each);
-			Started.insert(FKey{Each});
+			Started.insert(Each);
 		}
 		for (auto Each = InWanted.rbegin(); Each != InWanted.rend(); ++Each)
 		{
-			if (!Started.contains({Each->Look->Id, Each->Scale}))
+			if (!Started.contains(*Each))
 			{
 				Queue.push_back(std::move(*Each));
 			}
@@ -107,7 +103,7 @@ std::optional<FMadeSprite> FSpriteMaker::Take()
 		Made = std::move(Ready.front());
 		Ready.pop_front();
 		ReadyBytes -= CountBytes(*Made);
-		Wanted.erase(FKey{*Made});
+		Wanted.erase(*Made);
 	}
 	Wake.notify_all();
 	return Made;
@@ -133,20 +129,19 @@ void FSpriteMaker::Work(std::stop_token InStop)
 			}
 			Next = std::move(Queue.back());
 			Queue.pop_back();
-			AtHand.insert({Next.Look->Id, Next.Scale});
+			AtHand.insert(Next);
 		}
-		FSprite Sprite = Next.Look->Look.Rasterise(Engine, {Next.Scale, Next.Scale});
-		Finish({std::move(Next.Look), Next.Scale, std::move(Sprite)});
+		FSprite Sprite = Next.Style->Style.Rasterise(Engine, {Next.Scale, Next.Scale});
+		Finish({std::move(Next), std::move(Sprite)});
 	}
 }
 
 void FSpriteMaker::Finish(FMadeSprite InMade)
 {
-	const FKey Key{InMade};
 	const std::lock_guard Lock(Mutex);
 	++NumMade;
-	AtHand.erase(Key);
-	if (!Wanted.contains(Key))
+	AtHand.erase(InMade);
+	if (!Wanted.contains(InMade))
 	{
 		return;
 	}

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Scene/CommentScene.h"
+#include "Overlay/CommentScene.h"
 #include "Text/TextEngine.h"
 
 #include <condition_variable>
@@ -19,16 +19,16 @@ namespace Flitmark
 /** A sprite that is to be made. */
 struct FWantedSprite
 {
-	std::shared_ptr<const FSharedLook> Look;
+	std::shared_ptr<const FSharedStyle> Style;
 	/** Device pixels per canvas unit. */
 	double Scale = 1.0;
+
+	bool operator==(const FWantedSprite&) const = default;
 };
 
 /** A sprite that was made. */
-struct FMadeSprite
+struct FMadeSprite : FWantedSprite
 {
-	std::shared_ptr<const FSharedLook> Look;
-	double Scale = 1.0;
 	FSprite Sprite;
 };
 
@@ -64,26 +64,11 @@ public:
 	void Stop();
 
 private:
-	struct FKey
+	struct FHash
 	{
-		uint64 LookId = 0;
-		double Scale = 0.0;
-
-		FKey(uint64 InLookId, double InScale)
-			: LookId(InLookId)
-			, Scale(InScale)
-		{
-		}
-		explicit FKey(const FMadeSprite& InMade)
-			: FKey(InMade.Look->Id, InMade.Scale)
-		{
-		}
-		bool operator==(const FKey&) const = default;
+		std::size_t operator()(const FWantedSprite& InWanted) const;
 	};
-	struct FKeyHash
-	{
-		std::size_t operator()(const FKey& InKey) const;
-	};
+	using FSet = std::unordered_set<FWantedSprite, FHash>;
 
 	void Work(std::stop_token InStop);
 	void Finish(FMadeSprite InMade);
@@ -97,8 +82,8 @@ private:
 	/** The most urgent last. */
 	std::vector<FWantedSprite> Queue;
 	/** All that is wanted, made or not. */
-	std::unordered_set<FKey, FKeyHash> Wanted;
-	std::unordered_set<FKey, FKeyHash> AtHand;
+	FSet Wanted;
+	FSet AtHand;
 	/** In the order in which they were made. */
 	std::deque<FMadeSprite> Ready;
 	int64 ReadyBytes = 0;

@@ -90,7 +90,7 @@ public:
 		if (Drawer)
 		{
 			const QOpenGLFramebufferObject* Target = framebufferObject();
-			Drawer->Render(static_cast<int>(Target->handle()), Target->width(), Target->height(), false);
+			Drawer->Render(static_cast<int>(Target->handle()), Target->width(), Target->height());
 			QQuickOpenGLUtils::resetOpenGLState();
 		}
 	}
@@ -103,7 +103,6 @@ private:
 FVideoItem::FVideoItem(QQuickItem* InParent)
 	: QQuickFramebufferObject(InParent)
 {
-	setMirrorVertically(true);
 }
 
 void FVideoItem::SetHandle(std::shared_ptr<mpv_handle> InHandle)

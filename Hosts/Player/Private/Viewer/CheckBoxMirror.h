@@ -20,7 +20,7 @@ public:
 	void Read() override;
 	bool IsChecked() const { return bChecked; }
 
-	/** What comes of it is for the widget to say. */
+	/** The widget decides what comes of it. */
 	Q_INVOKABLE void Toggle(bool bInChecked);
 
 Q_SIGNALS:

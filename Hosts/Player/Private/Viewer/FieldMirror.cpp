@@ -67,7 +67,7 @@ void FFieldMirror::TakeFocus()
 void FFieldMirror::LeaveFocus()
 {
 	Field.Commit(ETextCommit::OnUserMovedFocus);
-	// A field that was disabled meanwhile commits nothing, and loses the keyboard all the same.
+	// A field disabled in the meantime commits nothing, but still loses the focus.
 	Field.ClearFocus();
 	Q_EMIT Acted();
 }

@@ -7,7 +7,7 @@ class UEditableText;
 namespace Flitmark
 {
 
-/** A field of the module that the viewer writes in. */
+/** A text field of the module. */
 class FFieldMirror final : public FWidgetMirror
 {
 	Q_OBJECT
@@ -24,12 +24,12 @@ public:
 
 	/**
 	 * The viewer made the field read InText, without what an input method still composes. The widget may cut or rewrite
-	 * it: GetText tells. Where the cut leaves half of a surrogate pair, that half goes too.
+	 * it: GetText has the result. If the cut splits a surrogate pair, the other half goes too.
 	 */
 	Q_INVOKABLE void Type(const QString& InText);
 	/** The viewer pressed Return. */
 	Q_INVOKABLE void Commit();
-	/** The keyboard came to the field, or left it. */
+	/** The field gained or lost the focus. */
 	Q_INVOKABLE void TakeFocus();
 	Q_INVOKABLE void LeaveFocus();
 

@@ -54,10 +54,10 @@ void FPanelMirror::Read()
 	}
 }
 
-QList<QObject*> FPanelMirror::GetBoxes(std::size_t First, std::size_t Count) const
+QList<QObject*> FPanelMirror::GetBoxes(std::size_t InFirst, std::size_t InCount) const
 {
 	QList<QObject*> Group;
-	for (std::size_t Index = First; Index < First + Count; ++Index)
+	for (std::size_t Index = InFirst; Index < InFirst + InCount; ++Index)
 	{
 		Group.append(Boxes[Index].get());
 	}

@@ -36,20 +36,20 @@ public:
 	QList<QObject*> GetSizes() const { return GetBoxes(3, 2); }
 	QList<QObject*> GetPresets() const { return GetBoxes(5, 4); }
 	FFieldMirror* GetColorField() { return &ColorField; }
-	/** The colour that comments are sent in. */
+	/** The color that comments are sent in. */
 	QColor GetSwatch() const { return Swatch; }
 
-	/** The pointer, or what stands for it, came upon the panel or left it. */
+	/** The pointer, or what stands in for it, entered or left the panel. */
 	Q_INVOKABLE void Enter();
 	Q_INVOKABLE void Leave();
-	/** Closes the panel without its delay, for a viewer who asks for it. */
+	/** Closes the panel without its delay, when the viewer asks. */
 	Q_INVOKABLE void Dismiss();
 
 Q_SIGNALS:
 	void SwatchChanged();
 
 private:
-	QList<QObject*> GetBoxes(std::size_t First, std::size_t Count) const;
+	QList<QObject*> GetBoxes(std::size_t InFirst, std::size_t InCount) const;
 
 	UUI_DanmakuNodeSetting& Panel;
 	UImage& Image;

@@ -18,16 +18,16 @@ namespace Flitmark
 namespace
 {
 
-// What the store gives a new viewer.
+// The defaults of the store.
 constexpr int FirstFontSize = 24;
 constexpr double FirstSpeedScale = 1;
 
 FPreferences* Living = nullptr;
 
-void SetNormalFontSize(UUI_DanmakuNodeSetting& Panel, int FontSize)
+void SetNormalFontSize(UUI_DanmakuNodeSetting& InPanel, int InFontSize)
 {
-	const FProperty* Property = Panel.GetClass()->FindPropertyByName(TEXT("NormalFontSize"));
-	*Property->ContainerPtrToValuePtr<int32>(&Panel) = FontSize;
+	const FProperty* Property = InPanel.GetClass()->FindPropertyByName(TEXT("NormalFontSize"));
+	*Property->ContainerPtrToValuePtr<int32>(&InPanel) = InFontSize;
 }
 
 } // namespace
@@ -69,7 +69,7 @@ void FPreferences::Load()
 	ApplySpeedScale(static_cast<double>(UDanmakuSave::LoadSpeedScale()));
 	Open.Toggle(bOpen);
 	bLoaded = true;
-	TellFailure();
+	ReportFailure();
 }
 
 void FPreferences::SetFontSize(int InFontSize)
@@ -94,7 +94,7 @@ void FPreferences::SetSpeedScale(double InSpeedScale)
 
 double FPreferences::GetScale() const
 {
-	return Overlay.GetView().Scale;
+	return Overlay.GetView().Scale.Y / Overlay.GetDevicePixelRatio();
 }
 
 void FPreferences::Restore()
@@ -104,9 +104,9 @@ void FPreferences::Restore()
 	Open.Toggle(true);
 }
 
-void FPreferences::ApplyFontSize(int Wanted)
+void FPreferences::ApplyFontSize(int InWanted)
 {
-	const int Applied = std::clamp(Wanted, SmallestFontSize, LargestFontSize);
+	const int Applied = std::clamp(InWanted, SmallestFontSize, LargestFontSize);
 	SetNormalFontSize(Overlay.GetStage().GetPanel(), Applied);
 	if (TakeNew(FontSize, Applied))
 	{
@@ -114,11 +114,11 @@ void FPreferences::ApplyFontSize(int Wanted)
 	}
 }
 
-void FPreferences::ApplySpeedScale(double Wanted)
+void FPreferences::ApplySpeedScale(double InWanted)
 {
-	// Neither clamp nor comparison tames what is no number.
+	// NaN would get past both the clamp and the comparison.
 	const double Applied =
-		std::isnan(Wanted) ? FirstSpeedScale : std::clamp(Wanted, SlowestSpeedScale, FastestSpeedScale);
+		std::isnan(InWanted) ? FirstSpeedScale : std::clamp(InWanted, SlowestSpeedScale, FastestSpeedScale);
 	Overlay.SetSpeedScale(Applied);
 	if (TakeNew(SpeedScale, Applied))
 	{
@@ -131,7 +131,7 @@ void FPreferences::OnOpenChanged()
 	if (bLoaded)
 	{
 		UDanmakuSave::SaveIsOpend(Open.IsChecked());
-		TellFailure();
+		ReportFailure();
 	}
 }
 
@@ -141,20 +141,20 @@ void FPreferences::Store()
 	if (std::exchange(bFontSizeToStore, false))
 	{
 		UDanmakuSave::SaveFontSize(FontSize);
-		TellFailure();
+		ReportFailure();
 	}
 	if (std::exchange(bSpeedScaleToStore, false))
 	{
 		UDanmakuSave::SaveSpeedScale(static_cast<float>(SpeedScale));
-		TellFailure();
+		ReportFailure();
 	}
 }
 
-void FPreferences::TellFailure()
+void FPreferences::ReportFailure()
 {
 	if (!Slots.GetLastError().empty())
 	{
-		Q_EMIT Failed(tr("Your settings could not be saved: %1.").arg(QString::fromStdString(Slots.GetLastError())));
+		Q_EMIT Failed(tr("Couldn't save your settings: %1.").arg(QString::fromStdString(Slots.GetLastError())));
 	}
 }
 

@@ -35,24 +35,24 @@ public:
 	/** Both outlive the preferences. InFolder: where they are kept. InCalls: see FSaveSlots. */
 	FPreferences(FOverlay& InOverlay, FViewerBridge& InBridge,
 				 std::filesystem::path InFolder = FSaveSlots::GetUserFolder(), FFileCalls& InCalls = FFileCalls::Get());
-	/** Stores what is not stored yet. */
+	/** Saves pending changes. */
 	~FPreferences() override;
 
-	/** What QML calls for the singleton: the living preferences, which stay their maker's. */
-	static FPreferences* create(QQmlEngine* Engine, QJSEngine* ScriptEngine);
+	/** QML calls this for the singleton; C++ keeps ownership. */
+	static FPreferences* create(QQmlEngine* InEngine, QJSEngine* InScriptEngine);
 
-	/** Reads the store and applies what it holds, once; connect to Failed before. */
+	/** Reads the store and applies it, once; connect to Failed first. */
 	void Load();
 
-	/** As applied: points, within the bounds. */
+	/** Points, clamped. */
 	int GetFontSize() const { return FontSize; }
 	void SetFontSize(int InFontSize);
-	/** As applied: a factor on the comments' time, within the bounds. */
+	/** A factor on the comments' time, clamped. */
 	double GetSpeedScale() const { return SpeedScale; }
 	void SetSpeedScale(double InSpeedScale);
 	/** Logical pixels per unit of the overlay's canvas, for a preview in its true size. */
 	Q_INVOKABLE double GetScale() const;
-	/** Back to what a new viewer gets. */
+	/** Back to the defaults. */
 	Q_INVOKABLE void Restore();
 
 	// A stored value beyond these stays in the store, but no comment is shown smaller, larger, slower or faster.
@@ -64,20 +64,20 @@ public:
 Q_SIGNALS:
 	void FontSizeChanged();
 	void SpeedScaleChanged();
-	/** What could not be stored, as a sentence for the viewer. */
+	/** Storing failed; the sentence is for the viewer. */
 	void Failed(const QString& InMessage);
 
 private:
-	void ApplyFontSize(int Wanted);
-	void ApplySpeedScale(double Wanted);
+	void ApplyFontSize(int InWanted);
+	void ApplySpeedScale(double InWanted);
 	void OnOpenChanged();
 	void Store();
-	void TellFailure();
+	void ReportFailure();
 
 	FOverlay& Overlay;
 	FCheckBoxMirror& Open;
 	FSaveSlots Slots;
-	/** Until the viewer's hand rests: each save goes through to the disk. */
+	/** Delays saving until the viewer is done: each save goes to disk. */
 	QTimer StoreTimer;
 	int FontSize = 0;
 	double SpeedScale = 0;

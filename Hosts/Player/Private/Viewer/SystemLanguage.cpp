@@ -22,10 +22,10 @@ void RegisterEnglish()
 	FTextLocalizationManager::Get().RegisterPolyglotTextData(Closed);
 }
 
-bool Install(QCoreApplication& Application, const QString& File)
+bool Install(QCoreApplication& InApplication, const QString& InFile)
 {
-	auto* Translator = new QTranslator(&Application);
-	return Translator->load(File) && QCoreApplication::installTranslator(Translator);
+	auto* Translator = new QTranslator(&InApplication);
+	return Translator->load(InFile) && QCoreApplication::installTranslator(Translator);
 }
 
 } // namespace
@@ -49,7 +49,7 @@ QString ChooseLanguage(const QStringList& InLanguages)
 	return QStringLiteral("en");
 }
 
-bool UseLanguage(QCoreApplication& Application, const QString& InLanguage)
+bool UseLanguage(QCoreApplication& InApplication, const QString& InLanguage)
 {
 	UseLanguage(FString(InLanguage.toStdU16String()));
 	if (InLanguage == u"en")
@@ -57,14 +57,14 @@ bool UseLanguage(QCoreApplication& Application, const QString& InLanguage)
 		RegisterEnglish();
 		return true;
 	}
-	// Texts of Qt's own, such as those of its file dialog; not every system has them.
-	Install(Application, QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qt_") + InLanguage);
-	return Install(Application, QStringLiteral(":/Flitmark/Translations/flitmark-player_") + InLanguage);
+	// Qt's own texts, such as its file dialog's; not every system has them.
+	Install(InApplication, QLibraryInfo::path(QLibraryInfo::TranslationsPath) + QStringLiteral("/qt_") + InLanguage);
+	return Install(InApplication, QStringLiteral(":/Flitmark/Translations/flitmark-player_") + InLanguage);
 }
 
-void UseSystemLanguage(QCoreApplication& Application)
+void UseSystemLanguage(QCoreApplication& InApplication)
 {
-	UseLanguage(Application, ChooseLanguage(QLocale::system().uiLanguages()));
+	UseLanguage(InApplication, ChooseLanguage(QLocale::system().uiLanguages()));
 }
 
 } // namespace Flitmark

@@ -8,15 +8,15 @@ namespace Flitmark
 {
 
 /**
- * The first of the languages that the player speaks: "en", "ja" or "zh_CN", for any Chinese. InLanguages: tags in the
- * viewer's order, such as "fr-FR", "zh-Hant-TW". English where it speaks none of them.
+ * The first language that the player has: "en", "ja" or "zh_CN" (for any Chinese); English if it has none of them.
+ * InLanguages: tags in the viewer's order, such as "fr-FR", "zh-Hant-TW".
  */
 QString ChooseLanguage(const QStringList& InLanguages);
 
-/** Texts of the player and of the module in that language, one of ChooseLanguage's. False where its texts are not there. */
-bool UseLanguage(QCoreApplication& Application, const QString& InLanguage);
+/** Switches player and module to a language that ChooseLanguage returns. False if its texts are missing. */
+bool UseLanguage(QCoreApplication& InApplication, const QString& InLanguage);
 
-/** Texts in the language of the system's locale; call it before anything is shown. */
-void UseSystemLanguage(QCoreApplication& Application);
+/** Switches to the language of the system's locale; call it before anything is shown. */
+void UseSystemLanguage(QCoreApplication& InApplication);
 
 } // namespace Flitmark

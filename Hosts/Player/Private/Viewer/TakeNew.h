@@ -3,15 +3,15 @@
 namespace Flitmark
 {
 
-/** Takes over what was read; whether it differs from what was known. */
+/** Assigns the new value; true if it is different. */
 template <class T>
-bool TakeNew(T& Known, const T& Now)
+bool TakeNew(T& InOutKnown, const T& InNow)
 {
-	if (Known == Now)
+	if (InOutKnown == InNow)
 	{
 		return false;
 	}
-	Known = Now;
+	InOutKnown = InNow;
 	return true;
 }
 

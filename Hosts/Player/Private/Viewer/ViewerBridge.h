@@ -25,22 +25,22 @@ public:
 	explicit FViewerBridge(FOverlay& InOverlay);
 	~FViewerBridge() override;
 
-	/** What QML calls for the singleton: the living bridge, which stays its maker's. */
-	static FViewerBridge* create(QQmlEngine* Engine, QJSEngine* ScriptEngine);
+	/** QML calls this for the singleton; C++ keeps ownership. */
+	static FViewerBridge* create(QQmlEngine* InEngine, QJSEngine* InScriptEngine);
 
-	/** Shows what changed; call it after each frame of the overlay. Cheap where nothing did. */
+	/** Picks up changes; call it after each overlay frame. Cheap if there are none. */
 	void Update();
 
 	FBarMirror* GetBar() { return &Bar; }
 	FPanelMirror* GetPanel() { return &Panel; }
 
 Q_SIGNALS:
-	/** The viewer did something: the overlay needs a frame to show what came of it. */
+	/** The viewer did something, and the overlay needs a frame to show it. */
 	void Acted();
 
 private:
 	void OnActed();
-	/** Lanes made after the viewer switched the overlay off know nothing of it: it is switched off once more. */
+	/** Lanes created after the viewer switched the overlay off don't know; switches it off again. */
 	void LookForTracks();
 
 	FStage& Stage;

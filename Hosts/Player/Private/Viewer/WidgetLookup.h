@@ -5,11 +5,11 @@
 namespace Flitmark
 {
 
-/** A widget that the class binds by name: every blueprint of it has one. */
+/** A widget that the class binds by name, so every blueprint of it has one. */
 template <class T>
-T& GetBoundWidget(const UUserWidget& Owner, const TCHAR* Name)
+T& GetBoundWidget(const UUserWidget& InOwner, const TCHAR* InName)
 {
-	return *Cast<T>(Owner.GetWidgetFromName(Name));
+	return *Cast<T>(InOwner.GetWidgetFromName(InName));
 }
 
 } // namespace Flitmark

@@ -10,7 +10,7 @@ namespace Flitmark
 
 /**
  * One of the module's widgets as the window's controls see it: its state as last read, and what a viewer can do with it.
- * The widget knows best; the mirror holds no rule of its own. The widget outlives it.
+ * The widget's state is the truth; the mirror has no rules of its own. The widget outlives it.
  */
 class FWidgetMirror : public QObject
 {
@@ -23,7 +23,7 @@ class FWidgetMirror : public QObject
 public:
 	explicit FWidgetMirror(UWidget& InWidget);
 
-	/** Reads the widget and tells what changed. */
+	/** Reads the widget and signals what changed. */
 	virtual void Read();
 
 	bool IsDisplayed() const { return bDisplayed; }
@@ -33,7 +33,7 @@ public:
 	QString GetName() const;
 
 Q_SIGNALS:
-	/** The viewer did something with it: this widget and others may read otherwise now. */
+	/** The viewer acted on it: the state of this widget and others may have changed. */
 	void Acted();
 	void DisplayedChanged();
 	void UsableChanged();

@@ -6,9 +6,9 @@ namespace Flitmark
 {
 
 /**
- * Brings the translations of the texts that the module shows (Chinese and Japanese; they are written in English) and
- * chooses the language. InCulture: a language tag such as "ja-JP", or a locale's name such as "ja_JP.UTF-8". False where
- * the hosts do not speak the language; texts are then shown in English.
+ * Registers the translations of the module's own English texts (Chinese and Japanese) and picks the language. InCulture:
+ * a language tag such as "ja-JP", or a locale's name such as "ja_JP.UTF-8". False where there is no translation; texts
+ * are then shown in English.
  */
 bool UseLanguage(const FString& InCulture);
 

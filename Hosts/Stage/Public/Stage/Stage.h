@@ -9,6 +9,7 @@
 #include <vector>
 
 class FSlateFontMeasure;
+class UFlitmarkPlayer;
 class UCanvasPanel;
 class UCanvasPanelSlot;
 class UDanmakuTrackManager;
@@ -17,15 +18,12 @@ class UUI_Danmaku;
 class UUI_DanmakuBar;
 class UUI_DanmakuNode;
 class UUI_DanmakuNodeSetting;
-class UUserWidget;
 class UWorld;
 
 namespace Flitmark
 {
 
-struct FStageBlueprints;
-
-/** A whole number among the editable settings of the bar or the panel, as edited on the class's defaults. */
+/** A whole number among the editable settings of the bar or the panel, as edited on the widget. */
 struct FStageSetting
 {
 	FName Name;
@@ -44,6 +42,11 @@ struct FStageOptions
 	FSlateFontMeasure* Measure = nullptr;
 
 	std::vector<FStageSetting> Settings;
+
+	/** Widget blueprints, which outlive the stage, instead of the ready-made classes. */
+	UClass* OverlayClass = nullptr;
+	UClass* BarClass = nullptr;
+	UClass* PanelClass = nullptr;
 };
 
 /** A comment as it is to be painted. */
@@ -52,7 +55,9 @@ struct FPaintComment
 	/** The same from frame to frame, and no other comment's. */
 	uint64 Key = 0;
 
-	/** Text, font and colour. */
+	/** Tells how fast it moves. */
+	const UUI_DanmakuNode* Node = nullptr;
+	/** Text, font and color. */
 	const UTextBlock* Text = nullptr;
 
 	/** Top-left corner and size in canvas units. */
@@ -79,7 +84,7 @@ struct FTrackCounts
 class FStage final : private IMediaSource, private FGCObject
 {
 public:
-	/** Null with OutError set where a widget blueprint does not fit its class. */
+	/** Null with OutError set where an option's class cannot be the overlay, the bar or the panel. */
 	static std::unique_ptr<FStage> Create(const FStageOptions& InOptions, std::string& OutError);
 	~FStage() override;
 
@@ -107,6 +112,8 @@ public:
 	/** What is on the screen after the last frame, in painting order. */
 	void CollectPaint(std::vector<FPaintComment>& OutComments) const;
 
+	/** What a game would put on its screen; the overlay, the bar and the panel are its parts. */
+	UFlitmarkPlayer& GetScreen() const { return *Screen; }
 	UUI_Danmaku& GetOverlay() const { return *Overlay; }
 	UUI_DanmakuBar& GetBar() const { return *Bar; }
 	UUI_DanmakuNodeSetting& GetPanel() const { return *Panel; }
@@ -114,26 +121,31 @@ public:
 	/** All 0 before the overlay has made its lanes. */
 	FTrackCounts GetTrackCounts() const;
 	/** Whether a comment was made as the viewer's own. */
-	bool IsViewerComment(const UUI_DanmakuNode& Node) const;
+	bool IsViewerComment(const UUI_DanmakuNode& InNode) const;
 
 private:
 	explicit FStage(const FStageOptions& InOptions);
-	void Build(const FStageOptions& InOptions);
+	bool FindParts(std::string& OutError);
+	void Start(const FStageOptions& InOptions);
 	void CollectIfDue();
 
 	FTimespan GetTime() const override { return FTimespan(MediaTicks); }
 	bool IsPlaying() const override { return bPlaying; }
 	const FString& GetUrl() const override { return Url; }
-	void AddReferencedObjects(FReferenceCollector& Collector) override;
+	bool Play() override;
+	bool Pause() override;
+	bool Seek(const FTimespan& InTime) override;
+	void AddReferencedObjects(FReferenceCollector& InCollector) override;
 
-	std::unique_ptr<FStageBlueprints> Blueprints;
 	UWorld* World = nullptr;
 	UMediaPlayer* Player = nullptr;
-	UUserWidget* Screen = nullptr;
+	UFlitmarkPlayer* Screen = nullptr;
 	UUI_Danmaku* Overlay = nullptr;
 	UUI_DanmakuBar* Bar = nullptr;
 	UUI_DanmakuNodeSetting* Panel = nullptr;
 	UCanvasPanel* Canvas = nullptr;
+	/** The class that the overlay makes the viewer's own comments of. */
+	const UClass* ViewerCommentClass = nullptr;
 
 	FVector2f CanvasSize;
 	int64 MediaTicks = 0;

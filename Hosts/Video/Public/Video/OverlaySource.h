@@ -3,23 +3,12 @@
 #include "CoreTypes.h"
 #include "Text/Sprite.h"
 
-#include <memory>
 #include <vector>
 
 namespace Flitmark
 {
 
-/** A sprite at its place in the upright picture, pixels from its top-left corner. */
-struct FPlacedSprite
-{
-	std::shared_ptr<const FSprite> Sprite;
-
-	/** The comment's top-left corner, in pixels; the sprite's own Left and Top come on top of it. */
-	double X = 0.0;
-	double Y = 0.0;
-};
-
-/** What a video is, as far as an overlay needs to know. */
+/** What an overlay needs to know about a video. */
 struct FVideoShape
 {
 	/** The upright picture (after the rotation that players apply), in stored pixels. */
@@ -33,7 +22,7 @@ struct FVideoShape
 	double FrameRate = 0.0;
 };
 
-/** Where a burner gets the comments of a frame from. Called from one thread, frame by frame, in order of time. */
+/** Supplies the comments for each frame. Called from one thread, frame by frame, in time order. */
 class IOverlaySource
 {
 public:

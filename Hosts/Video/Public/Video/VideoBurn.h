@@ -11,44 +11,41 @@
 namespace Flitmark
 {
 
-/** What is to be burnt, and how. */
+/** What to burn, and how. */
 struct FBurnOptions
 {
 	std::string Input;
 
-	/** Its ending names the container. Appears only when whole; an earlier file of that name is replaced then. */
+	/** The extension selects the container. Appears, and replaces an existing file, only once complete. */
 	std::string Output;
 
-	/** FFmpeg's name of the encoder. */
+	/** The encoder's FFmpeg name. */
 	std::string Codec = "libx264";
 
-	/** The encoder's own quality scale and presets; empty: its defaults. */
+	/** Quality and preset on the encoder's own scale; empty for its defaults. */
 	std::optional<double> Crf;
 	std::string Preset;
 
-	/** Threads for the decoder and for the encoder; 0: as they see fit. */
+	/** Threads for the decoder and for the encoder; 0 lets each decide. */
 	int32 Threads = 0;
 
-	/** Seconds of media time: frames from From (included) to To (left out). The output then starts at 0. */
+	/** Seconds of media time: frames from From (inclusive) to To (exclusive). The output then starts at 0. */
 	std::optional<double> From;
 	std::optional<double> To;
-
-	/** 0 (no comment is seen) to 1. */
-	double Opacity = 1.0;
 };
 
-/** How far a burn has come. */
+/** Progress of a burn. */
 struct FBurnState
 {
-	/** Frames handed to the encoder, this one included. */
+	/** Frames passed to the encoder, including this one. */
 	int64 Frames = 0;
 
-	/** Seconds of video done, and to do in all (0 where the file does not say). */
+	/** Seconds of video done, and in total (0 if the file does not say). */
 	double DoneSeconds = 0.0;
 	double TotalSeconds = 0.0;
 };
 
-/** Told about a burn while it runs, on the thread that burns. */
+/** Receives updates during a burn, on the burning thread. */
 class IBurnProgress
 {
 public:
@@ -57,16 +54,16 @@ public:
 	/** After every frame. */
 	virtual void OnFrame(const FBurnState& InState) = 0;
 
-	/** Something the user should know that is no failure: a stream left out, a conversion, damage passed over. */
+	/** Something the user should know that is not a failure: a dropped stream, a conversion, skipped damage. */
 	virtual void OnMessage(const std::string& InMessage) = 0;
 };
 
 /**
- * Decodes the video, blends the overlay's comments into its frames, and encodes it again; sound and subtitles are
- * copied, timestamps kept. Where it fails, or Cancel becomes true, nothing is left behind.
+ * Decodes the video, blends the overlay's comments into its frames, and reencodes it; audio and subtitles are
+ * copied, timestamps kept. If it fails, or Cancel becomes true, no file is left over.
  *
- * Times the overlay is given: those of the file's frames from its first, less the file's start time, also of the
- * frames before From, which are not decoded: so a comment stands where it stands in a burn of the whole video.
+ * The overlay receives the times of all frames from the file's first, minus the file's start time, including
+ * the frames before From, which are not decoded. So a comment stands where it would in the whole video.
  */
 FVideoResult Burn(const FBurnOptions& InOptions, IOverlaySource& InOverlay, IBurnProgress& InProgress,
 				  const std::atomic<bool>& InCancel);

@@ -8,12 +8,12 @@
 namespace Flitmark
 {
 
-/** What a video file says of itself. */
+/** What a video file says about itself. */
 struct FVideoInfo
 {
 	FVideoShape Shape;
 
-	/** Seconds; 0 where the file does not say. */
+	/** Seconds; 0 if the file does not say. */
 	double DurationSeconds = 0.0;
 
 	/** Seconds on the file's own clock at which it starts; media time counts from here. */
@@ -24,7 +24,7 @@ struct FVideoInfo
 	std::string PixelFormat;
 };
 
-/** Reads a video's shape without decoding it; empty with OutError set where it cannot be read or has no video. */
+/** Reads a video's properties without decoding it; empty with OutError set if it cannot be read or has no video. */
 std::optional<FVideoInfo> Probe(const std::string& InPath, std::string& OutError);
 
 } // namespace Flitmark

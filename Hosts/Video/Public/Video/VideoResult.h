@@ -6,7 +6,7 @@
 namespace Flitmark
 {
 
-/** How a piece of work on a video ended. */
+/** Outcome of an operation on a video. */
 enum class EVideoOutcome
 {
 	Done,
@@ -14,7 +14,7 @@ enum class EVideoOutcome
 	Cancelled,
 };
 
-/** An outcome, with what failed, where, and what to do where it failed. */
+/** An outcome and, if it failed, a message: what failed, where, and what to do. */
 struct FVideoResult
 {
 	EVideoOutcome Outcome = EVideoOutcome::Done;

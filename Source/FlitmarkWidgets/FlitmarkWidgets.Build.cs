@@ -1,0 +1,12 @@
+using UnrealBuildTool;
+
+public class FlitmarkWidgets : ModuleRules
+{
+	public FlitmarkWidgets(ReadOnlyTargetRules Target) : base(Target)
+	{
+		PCHUsage = PCHUsageMode.UseExplicitOrSharedPCHs;
+
+		PublicDependencyModuleNames.AddRange(new[] {
+			"Core", "CoreUObject", "Engine", "Slate", "SlateCore", "UMG", "MediaAssets", "Flitmark" });
+	}
+}

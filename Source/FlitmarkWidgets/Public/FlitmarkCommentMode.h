@@ -1,0 +1,19 @@
+#pragma once
+
+#include "CoreMinimal.h"
+
+#include "FlitmarkCommentMode.generated.h"
+
+/** How a comment is shown, for blueprints; the values are EDanmakuMode's. */
+UENUM(BlueprintType)
+enum class EFlitmarkCommentMode : uint8
+{
+	/** From right to left. */
+	Scroll,
+	/** Standing at the top. */
+	Top,
+	/** Standing at the bottom. */
+	Bottom,
+	/** No comment is shown this way yet. */
+	Reverse
+};

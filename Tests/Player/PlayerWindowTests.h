@@ -1,0 +1,36 @@
+#pragma once
+
+#include "PlayerInWindow.h"
+
+#include <QObject>
+
+namespace Flitmark
+{
+
+/** The whole player in its window, used as a viewer uses it: by keys, pointer and drops, and looked at. */
+class PlayerWindowTest final : public QObject, private FPlayerInWindow
+{
+	Q_OBJECT
+
+private Q_SLOTS:
+	void initTestCase();
+	void init();
+	void cleanup();
+
+	void ShowsTheVideoTheRightWayUp();
+	void ShowsCommentsOverTheVideo();
+	void HoldsStillWhilePaused();
+	void SendsACommentThatComesAgainAfterSeekingBack();
+	void SwitchesTheCommentsOffAndOn();
+	void SeeksByBarAndKeys();
+	void KeepsCommentsOnThePictureWhenResized();
+	void ShowsThePanelWhileThePointerIsThere();
+	void TakesWhatIsDropped();
+	void TellsWhatCannotBePlayedAndGoesOn();
+	void GoesIntoFullScreenAndBack();
+	void ShowsItsPages();
+	void RemembersWhatTheViewerPrefers();
+	void ClosesAtAnyMoment();
+};
+
+} // namespace Flitmark
