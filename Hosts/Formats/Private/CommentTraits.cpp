@@ -1,6 +1,6 @@
 #include "Formats/CommentTraits.h"
 
-#include "Utf8.h"
+#include "Formats/Utf8.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
