@@ -308,26 +308,6 @@ TEST(FRegistration, TellsTheModes)
 	EXPECT_TRUE(Modes->IsScoped());
 }
 
-TEST(FRegistration, TellsDefaults)
-{
-	const struct
-	{
-		UClass* Class;
-		const TCHAR* Name;
-		int32 Value;
-	} Cases[] = {
-		{UUI_DanmakuBar::StaticClass(), TEXT("MaxNumOFInputTex"), 100},
-		{UUI_DanmakuNodeSetting::StaticClass(), TEXT("SmallFontSize"), 18},
-		{UUI_DanmakuNodeSetting::StaticClass(), TEXT("NormalFontSize"), 24},
-		{UDanmakuSave::StaticClass(), TEXT("FontSize"), 0},
-	};
-	for (const auto& Case : Cases)
-	{
-		const UObject* Defaults = Case.Class->GetDefaultObject();
-		EXPECT_EQ(*Case.Class->FindPropertyByName(Case.Name)->ContainerPtrToValuePtr<int32>(Defaults), Case.Value);
-	}
-}
-
 TEST(FRegistration, TellsItsDocumentation)
 {
 	const auto GetTip = [](UClass* Class, const TCHAR* Name)
