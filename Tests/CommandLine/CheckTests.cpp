@@ -133,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(All, Faults,
 										 FFaultCase{"CutOff", "{\"datas\":[{\"a\":1", ":1:17: not JSON"},
 										 FFaultCase{"List", "[{}]", ": it has no list of comments named \"datas\""},
 										 FFaultCase{"OtherName", R"({"comments":[]})", ": it has no list of comments"},
-										 FFaultCase{"NoList", R"({"datas":{}})", ": its \"datas\" is no list"}),
+										 FFaultCase{"NoList", R"({"datas":{}})", ": its \"datas\" is not a list"}),
 						 [](const auto& InCase) { return InCase.param.Name; });
 
 TEST(Check, NamesTheFirstOfManyElements)
