@@ -1,18 +1,31 @@
 # The modules, built from the same files as in the engine. Their folders contain none of our build files.
 include(FlitmarkReflect)
 
-# flitmark_module(NAME TARGET target HEADERS stem... SOURCES file... [USES module-target...])
-# Source/NAME as the shared library UnrealEditor-NAME. Each header has a source of its name; SOURCES are those beyond.
+# Where the two modules that ship are read from: here, or out of an unpacked package.
+set(FLITMARK_MODULE_SOURCE_DIR ${CMAKE_SOURCE_DIR}/Source CACHE PATH "The folder with Flitmark and FlitmarkWidgets")
+
+# flitmark_module(NAME TARGET target HEADERS stem... SOURCES file... [USES module-target...] [FOLDER dir] [PRIVATE_HEADERS])
+# FOLDER/NAME (FLITMARK_MODULE_SOURCE_DIR without it) as the shared library UnrealEditor-NAME. Each header, public unless
+# they are private, has a source of its name; SOURCES are those beyond.
 # USES: other modules that it stands on.
 function(flitmark_module Name)
-	cmake_parse_arguments(Arg "" "TARGET" "HEADERS;SOURCES;USES" ${ARGN})
-	set(Dir ${CMAKE_SOURCE_DIR}/Source/${Name})
+	cmake_parse_arguments(Arg "PRIVATE_HEADERS" "TARGET;FOLDER" "HEADERS;SOURCES;USES" ${ARGN})
+	if(NOT Arg_FOLDER)
+		set(Arg_FOLDER ${FLITMARK_MODULE_SOURCE_DIR})
+	endif()
+	set(Dir ${Arg_FOLDER}/${Name})
+	set(HeaderDir ${Dir}/Public)
+	set(PublicDir ${Dir}/Public)
+	if(Arg_PRIVATE_HEADERS)
+		set(HeaderDir ${Dir}/Private)
+		set(PublicDir "")
+	endif()
 	list(TRANSFORM Arg_HEADERS REPLACE "(.+)" "${Dir}/Private/\\1.cpp" OUTPUT_VARIABLE Sources)
-	list(TRANSFORM Arg_HEADERS REPLACE "(.+)" "${Dir}/Public/\\1.h" OUTPUT_VARIABLE Headers)
+	list(TRANSFORM Arg_HEADERS REPLACE "(.+)" "${HeaderDir}/\\1.h" OUTPUT_VARIABLE Headers)
 	list(TRANSFORM Arg_SOURCES PREPEND ${Dir}/Private/)
 	flitmark_library(${Arg_TARGET} SHARED
 		SOURCES ${Sources} ${Arg_SOURCES}
-		INCLUDE ${Dir}/Public
+		INCLUDE ${PublicDir}
 		PRIVATE_INCLUDE ${Dir}/Private
 		LINK EngineLayer ${Arg_USES})
 	set_target_properties(${Arg_TARGET} PROPERTIES

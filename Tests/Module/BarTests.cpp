@@ -38,16 +38,6 @@ private:
 	std::size_t Known = 0;
 };
 
-TEST_F(FBar, StartsEmptyAndUsable)
-{
-	EXPECT_EQ(GetFieldText(), "");
-	EXPECT_EQ(GetCounter(), "0/100");
-	EXPECT_FALSE(IsFocused());
-	EXPECT_EQ(Stage->GetPanel().GetVisibility(), ESlateVisibility::Hidden);
-	EXPECT_EQ(Stage->GetBar().GetButton(), FindInBar<UButton>(TEXT("SendDanmakuButton")));
-	EXPECT_EQ(&Stage->GetBar().GetSendDanmakuButtonClickedEvent(), &Stage->GetBar().GetButton()->OnClicked);
-}
-
 TEST_F(FBar, CountsAndCutsWhatIsTyped)
 {
 	const std::u16string Hundred(100, u'x');
@@ -157,35 +147,6 @@ TEST_F(FBar, LosesTheTextOfAPlayerWithoutAUrl)
 	EXPECT_EQ(GetFieldText(), "");
 	EXPECT_EQ(GetCounter(), "0/100");
 	EXPECT_FALSE(IsFocused());
-}
-
-TEST_F(FBar, ClosesAllButTheCheckBox)
-{
-	UWidget* const Closed[] = {GetField(), FindInBar<UWidget>(TEXT("SendDanmakuButton")),
-							   FindInBar<UWidget>(TEXT("TextNum")),
-							   FindInBar<UWidget>(TEXT("DanmakuNodeSettingButton"))};
-	Type(TEXT("unsent"));
-	Stage->GetBar().Close();
-	EXPECT_EQ(GetFieldText(), "ClosedBullet");
-	for (std::size_t Index = 0; Index < std::size(Closed); ++Index)
-	{
-		EXPECT_FALSE(Closed[Index]->GetIsEnabled());
-		EXPECT_EQ(Closed[Index]->GetVisibility(), Index < 2 ? ESlateVisibility::Visible : ESlateVisibility::Collapsed);
-	}
-	EXPECT_TRUE(FindInBar<UWidget>(TEXT("OpenDanmakuButton"))->IsUsable());
-	Click();
-	Type(TEXT("typed"));
-	GetField()->Commit(ETextCommit::OnEnter);
-	EXPECT_EQ(TakeSent(), "(nothing)");
-	EXPECT_EQ(GetFieldText(), "ClosedBullet");
-	Stage->GetBar().Open();
-	EXPECT_EQ(GetFieldText(), "");
-	EXPECT_EQ(GetCounter(), "0/100");
-	for (const UWidget* Widget : Closed)
-	{
-		EXPECT_TRUE(Widget->GetIsEnabled());
-		EXPECT_EQ(Widget->GetVisibility(), ESlateVisibility::Visible);
-	}
 }
 
 TEST_F(FBar, HoveringShowsThePanelForAWhile)

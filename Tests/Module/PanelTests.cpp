@@ -85,30 +85,6 @@ TEST_F(FPanel, StartsWithScrollNormalWhite)
 	EXPECT_TRUE(IsHidden());
 }
 
-TEST_F(FPanel, HoldsOneModeAndOneSize)
-{
-	const struct
-	{
-		const char* Box;
-		bool bChecked;
-		EDanmakuMode Mode;
-		int32 Size;
-	} Steps[] = {
-		{"Bottom", true, EDanmakuMode::BOTTOM, 24},	 {"Bottom", false, EDanmakuMode::BOTTOM, 24},
-		{"Top", true, EDanmakuMode::TOP, 24},		 {"Small", true, EDanmakuMode::TOP, 18},
-		{"Small", false, EDanmakuMode::TOP, 18},	 {"Top", false, EDanmakuMode::TOP, 18},
-		{"Normal", true, EDanmakuMode::TOP, 24},	 {"Scroll", true, EDanmakuMode::SCROLL, 24},
-		{"Scroll", false, EDanmakuMode::SCROLL, 24},
-	};
-	for (const auto& Step : Steps)
-	{
-		GetBox(Step.Box)->Toggle(Step.bChecked);
-		EXPECT_EQ(GetPanel().GetModel(), Step.Mode) << Step.Box;
-		EXPECT_EQ(GetPanel().GetFontSize(), Step.Size) << Step.Box;
-		CheckInvariants();
-	}
-}
-
 TEST_F(FPanel, TakesItsSizesFromItsDefaults)
 {
 	FStageOptions Options = MakeOptions(FVector2f(1920.f, 1080.f));
@@ -118,48 +94,6 @@ TEST_F(FPanel, TakesItsSizesFromItsDefaults)
 	EXPECT_EQ(GetPanel().GetFontSize(), -7);
 	GetBox("Small")->Toggle(true);
 	EXPECT_EQ(GetPanel().GetFontSize(), 14);
-}
-
-TEST_F(FPanel, ReadsATypedColour)
-{
-	const struct
-	{
-		const char16_t* Typed;
-		const char* Text;
-		const char* Color;
-		const char* Checked;
-	} Cases[] = {
-		{u"#fe0302", "#FE0302", "#FE0302FF", "C_FE0302"},
-		{u"00cd00", "#00CD00", "#00CD00FF", "C_00CD00"},
-		{u"#00cd00zz", "#00CD00", "#00CD00FF", "C_00CD00"},
-		{u"#ffffff77", "#FFFFFF", "#FFFFFFFF", "C_FFFFFF"},
-		{u"#abc", "#abc", "#AABBCCFF", ""},
-		{u"12ab", "#12ab", "#FFFFFFFF", ""},
-		{u"#a1b2c3d4", "#a1b2c3", "#A1B2C3FF", ""},
-		{u"a1 b2 c3 d4", "#a1b2c3", "#A1B2C3FF", ""},
-		{u"000000", "#000000", "#000000FF", ""},
-		{u"000", "#000", "#000000FF", ""},
-		{u"0", "#0", "#FFFFFFFF", ""},
-		{u"00", "#00", "#FFFFFFFF", ""},
-		{u"12345", "#12345", "#FFFFFFFF", ""},
-		{u"####", "#", "#FFFFFFFF", ""},
-		{u"xyz", "#", "#FFFFFFFF", ""},
-		{u"\uFF11\u0661\U0001F600", "#", "#FFFFFFFF", ""},
-		// An emptied field keeps the preset: the rewrite to "#" raises no event.
-		{u"", "#", "#FFFFFFFF", "C_FFFFFF"},
-		{u" \t\u3000", "#", "#FFFFFFFF", "C_FFFFFF"},
-	};
-	for (const auto& Case : Cases)
-	{
-		GetBox("C_4266BE")->Toggle(true);
-		GetBox("C_FFFFFF")->Toggle(true);
-		ASSERT_EQ(GetColor(), "#FFFFFFFF");
-		Type(Case.Typed);
-		EXPECT_EQ(GetFieldText(), Case.Text);
-		EXPECT_EQ(GetColor(), Case.Color) << Case.Text;
-		EXPECT_EQ(GetChecked(ColorBoxes), Case.Checked) << Case.Text;
-		CheckInvariants();
-	}
 }
 
 TEST_F(FPanel, ReturnsToAPresetThatATypedColourUnchecked)

@@ -35,38 +35,6 @@ protected:
 	}
 };
 
-TEST_F(FPlacement, TakesTheFirstFreeLaneOfItsGroup)
-{
-	const struct
-	{
-		const char* Content;
-		EDanmakuMode Mode;
-		const char* Group;
-		FLaneRun Lanes;
-		FVector2D Position;
-	} Steps[] = {
-		{"100x30", Scroll, "Scroll", {0, 2}, {1920.0, 0.0}},
-		{"100x30", Scroll, "Scroll", {2, 2}, {1920.0, 2 * 15.12}},
-		{"100x15.12", Scroll, "Scroll", {4, 1}, {1920.0, 4 * 15.12}},
-		{"300x20", Scroll, "Scroll", {5, 2}, {1920.0, 5 * 15.12}},
-		{"100x30", Top, "Top", {0, 2}, {910.0, 0.0}},
-		{"301x30", Top, "Top", {2, 2}, {809.5, 2 * 15.12}},
-		{"100x30", Bottom, "Bottom", {0, 2}, {910.0, 1050.0}},
-		{"100x32", Bottom, "Bottom", {2, 3}, {910.0, 1080.0 - 2 * 15.12 - 32.0}},
-		{"2500x15", Bottom, "Bottom", {5, 1}, {-290.0, 1080.0 - 5 * 15.12 - 15.0}},
-	};
-	for (const auto& Step : Steps)
-	{
-		const UUI_DanmakuNode* Node = Spawn(Step.Content, Step.Mode);
-		SCOPED_TRACE(Step.Content);
-		EXPECT_EQ(FindLanes(Step.Group, Node), Step.Lanes);
-		EXPECT_EQ(Node->GetPosition().X, Step.Position.X);
-		EXPECT_EQ(Node->GetPosition().Y, Step.Position.Y);
-		EXPECT_EQ(Node->GetUseTracks().Num(), Step.Lanes.Count);
-		EXPECT_FALSE(Node->IsPaused());
-	}
-}
-
 TEST_F(FPlacement, TakesAsManyLanesAsItIsHigh)
 {
 	const struct
@@ -89,17 +57,6 @@ TEST_F(FPlacement, TakesAsManyLanesAsItIsHigh)
 		const UUI_DanmakuNode* Node = Spawn(Case.Content, Top);
 		EXPECT_EQ(FindLanes("Top", Node).Count, Case.Lanes) << Case.Content;
 		EXPECT_NE(Node->GetParent(), nullptr);
-	}
-}
-
-TEST_F(FPlacement, OfNoHeightLeavesItsLaneFree)
-{
-	for (const EDanmakuMode Mode : {Scroll, Top, Bottom})
-	{
-		const UUI_DanmakuNode* Flat = Spawn("10x0", Mode);
-		const UUI_DanmakuNode* Next = Spawn("10x15", Mode);
-		EXPECT_NE(Flat->GetParent(), nullptr);
-		EXPECT_EQ(Next->GetPosition().Y, Mode == Bottom ? 1065.0 : 0.0);
 	}
 }
 

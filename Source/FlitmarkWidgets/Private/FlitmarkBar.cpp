@@ -48,6 +48,8 @@ void UFlitmarkBar::InitializeNativeClassData()
 	Field.SetFont(FieldFont);
 	Field.SetHintText(LOCTEXT("WriteAComment", "Write a comment"));
 	Field.SetMinimumDesiredWidth(160.f);
+	// The viewer goes on writing after a comment is sent.
+	Field.SetClearKeyboardFocusOnCommit(false);
 
 	UTextBlock& Counter = MakeBound<UTextBlock>(*this, TEXT("TextNum"));
 	Counter.SetFont(FieldFont);

@@ -14,3 +14,13 @@ private:
 	friend class FTimerManager;
 	uint64 Id = 0;
 };
+
+/** What a world is for. */
+namespace EWorldType
+{
+enum Type
+{
+	None,
+	Game,
+};
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Engine/EngineTypes.h"
 #include "TimerManager.h"
 #include "UObject/Object.h"
 
@@ -13,6 +14,10 @@ public:
 		: Super(ObjectInitializer)
 	{
 	}
+
+	/** A world that lives until DestroyWorld. */
+	static UWorld* CreateWorld(EWorldType::Type InWorldType, bool bInformEngineOfWorld);
+	void DestroyWorld(bool bInformEngineOfWorld);
 
 	FTimerManager& GetTimerManager() const { return TimerManager; }
 	UWorld* GetWorld() const override { return const_cast<UWorld*>(this); }

@@ -2,8 +2,12 @@
 
 #include "Components/Widget.h"
 #include "Templates/SubclassOf.h"
+#include "Templates/SharedPointer.h"
 #include "UObject/ScriptDelegates.h"
 
+#include <memory>
+
+class SWidget;
 class UWidgetTree;
 
 /** A widget made of others: of a widget blueprint's tree, or of one that its own class builds. */
@@ -32,6 +36,12 @@ public:
 	/** The widget of the tree with that name; null without one. */
 	UWidget* GetWidgetFromName(FName InName) const;
 	UWidget* GetRootWidget() const;
+
+	/**
+	 * Puts the widget on a screen: constructs it if it is not yet, until the last holder lets go. The widget must outlive
+	 * that.
+	 */
+	TSharedRef<SWidget> TakeWidget();
 
 	void Arrange(const FVector2f& InSize) override;
 	void TickTree(float InDeltaTime) override;
@@ -68,6 +78,7 @@ private:
 	static UUserWidget* Create(UObject& InOuter, UClass* InClass, FName InName);
 
 	bool bInitialized = false;
+	std::weak_ptr<SWidget> TakenWidget;
 };
 
 /** Makes a user widget of InClass; the owner is a widget or a world. */

@@ -26,6 +26,10 @@ public:
 
 	/** Whether the field gives up the keyboard after the viewer pressed Enter. */
 	bool ClearKeyboardFocusOnCommit = true;
+	void SetClearKeyboardFocusOnCommit(bool bInClearKeyboardFocusOnCommit)
+	{
+		ClearKeyboardFocusOnCommit = bInClearKeyboardFocusOnCommit;
+	}
 
 	/** Raises no event: only the viewer's changes do. */
 	virtual void SetText(FText InText) { Text = InText; }

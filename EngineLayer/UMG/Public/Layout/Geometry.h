@@ -1,10 +1,19 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Rendering/SlateLayoutTransform.h"
 
 /** Where a widget stood at its last layout; reduced to its size. */
 struct FGeometry
 {
+	/** A geometry without a parent. InLocalSize: slate units. */
+	static FGeometry MakeRoot(const FVector2f& InLocalSize, const FSlateLayoutTransform&)
+	{
+		FGeometry Root;
+		Root.Size = InLocalSize;
+		return Root;
+	}
+
 	/** Slate units. */
 	const FVector2f& GetLocalSize() const { return Size; }
 

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "Templates/SharedPointer.h"
+
+class SWindow;
+
+/** What a window's widgets draw. Drawing is the hosts' affair, so it stays empty here. */
+class FSlateWindowElementList
+{
+public:
+	explicit FSlateWindowElementList(const TSharedPtr<SWindow>&) {}
+	FSlateWindowElementList(const FSlateWindowElementList&) = delete;
+	FSlateWindowElementList& operator=(const FSlateWindowElementList&) = delete;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "Templates/SharedPointer.h"
+
+/** A widget under construction, which its arguments complete. */
+template <class WidgetType>
+struct TSlateDecl
+{
+	TSharedRef<WidgetType> operator<<=(const typename WidgetType::FArguments& InArguments) const
+	{
+		TSharedRef<WidgetType> Widget = MakeShared<WidgetType>();
+		Widget->Construct(InArguments);
+		return Widget;
+	}
+};
+
+#define SNew(WidgetType) TSlateDecl<WidgetType>() <<= WidgetType::FArguments()

@@ -1,0 +1,15 @@
+#include "FlitmarkTestPanel.h"
+
+void UFlitmarkTestPanel::EnsureInitialized()
+{
+	if (!bIsInitialized)
+	{
+		NativeOnInitialized();
+	}
+}
+
+void UFlitmarkTestPanel::NativeOnInitialized()
+{
+	Super::NativeOnInitialized();
+	bIsInitialized = true;
+}

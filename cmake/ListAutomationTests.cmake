@@ -1,0 +1,11 @@
+# Asks a runner (Runner) for its tests, and writes (Listed) what ctest needs to run each.
+execute_process(COMMAND ${Runner} --list OUTPUT_VARIABLE Names RESULT_VARIABLE Status)
+string(REGEX MATCHALL "[^\n]+" Names "${Names}")
+if(NOT Status EQUAL 0 OR NOT Names)
+	message(FATAL_ERROR "${Runner} lists no automation tests (${Status})")
+endif()
+set(Text "")
+foreach(Name IN LISTS Names)
+	string(APPEND Text "add_test([==[${Name}]==] [==[${Runner}]==] [==[${Name}]==])\n")
+endforeach()
+file(WRITE ${Listed} "${Text}")
