@@ -223,9 +223,12 @@ bool FCommentsInput::ImportOwn(std::string& OutError)
 	{
 		return false;
 	}
-	const bool bUtf8 = IsUtf8(*Bytes);
-	Comments = Document.MakeComments(bUtf8 ? std::string_view(*Bytes) : std::string_view(Bytes.emplace(ToUtf8(*Text))));
+	if (!IsUtf8(*Bytes))
+	{
+		Bytes = ToUtf8(*Text);
+	}
 	Text.reset();
+	Comments = Document.MakeComments(*Bytes);
 	Document = {};
 	Report.bImported = true;
 	Report.Import.Format = &OwnDocumentFormat;

@@ -1,6 +1,5 @@
 #include "JsonEntries.h"
 
-#include "Formats/CleanText.h"
 #include "JsonRepair.h"
 #include "JsonScan.h"
 
@@ -104,12 +103,9 @@ void FJsonEntries::OnOpening()
 		return;
 	}
 	const bool bList = Window.GetView().front() == '[';
-	const bool bNamed =
-		bKeepsSource && bList && bAfterColon && Levels.size() == 1 && LastString == Schema.GetListName();
-	bFoundList = bFoundList || bNamed;
 	if (Levels.size() < MaxLevels)
 	{
-		Levels.push_back({bList, bNamed});
+		Levels.push_back({bList, false});
 	}
 	bAfterColon = false;
 	Window.Consume(1);
@@ -132,11 +128,6 @@ void FJsonEntries::OnClosing(bool bInList)
 
 void FJsonEntries::OnString()
 {
-	if (bKeepsSource && IsAmongEntries())
-	{
-		ReadEntry();
-		return;
-	}
 	constexpr std::size_t LongestString = 65536;
 	std::size_t End = FindStringEnd(Window.GetView(), 0);
 	if (End == std::string_view::npos)
@@ -145,7 +136,6 @@ void FJsonEntries::OnString()
 		End = FindStringEnd(Window.GetView(), 0);
 	}
 	const std::string_view String = Window.GetView().substr(0, End);
-	LastString = String.size() > 2 && String.size() < 64 ? String.substr(1, String.size() - 2) : std::string_view();
 	bAfterColon = false;
 	ReportStray();
 	Window.Consume(String.size());
@@ -153,11 +143,6 @@ void FJsonEntries::OnString()
 
 void FJsonEntries::OnScalar()
 {
-	if (bKeepsSource && IsAmongEntries() && Window.GetView().front() != '\0')
-	{
-		ReadEntry();
-		return;
-	}
 	const std::string_view View = Window.GetView();
 	// Comments and padding do no harm.
 	if (View.front() != '\0' && View.front() != '/')
@@ -185,11 +170,6 @@ bool FJsonEntries::IsEntryHere()
 		return false;
 	}
 	const bool bList = Window.GetView().front() == '[';
-	if (bKeepsSource)
-	{
-		// A bracket too many may have closed the list.
-		return IsAmongEntries() || (bFoundList && !bList && Levels.size() == 1);
-	}
 	if (Schema.HasListEntries())
 	{
 		return bList && IsInList() && (IsAmongEntries() || IsRow(0));
@@ -243,12 +223,7 @@ bool FJsonEntries::IsEntryObject(std::size_t InOffset, std::size_t InSize) const
 void FJsonEntries::ReadEntry()
 {
 	using FOutcome = FJsonValueReader::EOutcome;
-	FJsonValueReader::FRead Read = ReadValue(bKeepsSource);
-	const bool bLoose = bKeepsSource && Read.Outcome == FOutcome::Damaged && !Read.bInString;
-	if (bLoose)
-	{
-		Read = ReadValue(false);
-	}
+	const FJsonValueReader::FRead Read = ReadValue();
 	if (Read.Outcome != FOutcome::Whole)
 	{
 		OnDamage(Read);
@@ -260,12 +235,7 @@ void FJsonEntries::ReadEntry()
 	}
 	else
 	{
-		AddEntry(bLoose ? std::string_view() : Window.GetView().substr(0, Read.End), Read.End);
-		if (bLoose)
-		{
-			Sink.AddRepaired(Window.GetLine(0),
-							 "is not quite valid JSON; it was read, and will be written as valid JSON");
-		}
+		AddEntry(Read.End);
 		Window.Consume(Read.End);
 	}
 	bAfterColon = false;
@@ -276,14 +246,14 @@ void FJsonEntries::ReadEntry()
 	}
 }
 
-FJsonValueReader::FRead FJsonEntries::ReadValue(bool bInStrict)
+FJsonValueReader::FRead FJsonEntries::ReadValue()
 {
 	using FOutcome = FJsonValueReader::EOutcome;
-	FJsonValueReader::FRead Read = Reader.Read(Window.GetView(), Schema, bInStrict);
+	FJsonValueReader::FRead Read = Reader.Read(Window.GetView(), Schema);
 	while (Read.Outcome == FOutcome::Cut && MayGrow())
 	{
 		Window.Fill();
-		Read = Reader.Read(Window.GetView(), Schema, bInStrict);
+		Read = Reader.Read(Window.GetView(), Schema);
 	}
 	if (Read.Outcome != FOutcome::Cut)
 	{
@@ -304,14 +274,9 @@ FJsonValueReader::FRead FJsonEntries::ReadValue(bool bInStrict)
 	return Read;
 }
 
-/** InSource is the text to keep, if the schema keeps any; InSize is the entry's size in the view. */
-void FJsonEntries::AddEntry(std::string_view InSource, std::size_t InSize)
+/** InSize: of the entry in the view. */
+void FJsonEntries::AddEntry(std::size_t InSize)
 {
-	if (bKeepsSource)
-	{
-		Schema.Comment.Source = InSource;
-		MakeUtf8(Schema.Comment.Source);
-	}
 	Sink.Add(std::move(Schema.Comment), Window.GetOffset() + InSize);
 }
 
@@ -327,10 +292,7 @@ void FJsonEntries::OnDamage(const FJsonValueReader::FRead& InRead)
 	Reason.resize(Reason.find_last_not_of('.') + 1);
 	if (!bCut && Schema.Finish() == nullptr && !Schema.Comment.Text.empty())
 	{
-		FServiceComment& Comment = Schema.Comment;
-		Comment.FontSize = Comment.FontSize > 0 ? Comment.FontSize : FServiceComment::NormalPoints;
-		Comment.Color = Comment.Color != 0 ? Comment.Color : FServiceComment().Color;
-		AddEntry({}, InRead.End);
+		AddEntry(InRead.End);
 		Sink.AddRepaired(Window.GetLine(0), Reason + "; everything before the damage was read");
 	}
 	else
@@ -345,7 +307,7 @@ bool FJsonEntries::ReadRepaired()
 {
 	std::size_t Size = 0;
 	if (!RepairJsonStrings(Window.GetView(), Repaired, Size) ||
-		Reader.Read(Repaired, Schema, bKeepsSource).Outcome != FJsonValueReader::EOutcome::Whole)
+		Reader.Read(Repaired, Schema).Outcome != FJsonValueReader::EOutcome::Whole)
 	{
 		return false;
 	}
@@ -355,7 +317,7 @@ bool FJsonEntries::ReadRepaired()
 	}
 	else
 	{
-		AddEntry(Repaired, Size);
+		AddEntry(Size);
 		Sink.AddRepaired(Window.GetLine(0),
 						 "its text contains characters that JSON does not allow; they were repaired");
 	}

@@ -22,14 +22,10 @@ public:
 		: Window(InSource)
 		, Schema(InSchema)
 		, Sink(OutSink)
-		, bKeepsSource(!InSchema.GetListName().empty())
 	{
 	}
 
 	void ReadAll();
-
-	/** Whether the list that the schema names was there. */
-	bool HasFoundList() const { return bFoundList; }
 
 private:
 	/** An object or a list that is open. */
@@ -53,8 +49,8 @@ private:
 	bool IsAmongEntries() const { return IsInList() && Levels.back().bHasEntries; }
 
 	void ReadEntry();
-	FJsonValueReader::FRead ReadValue(bool bInStrict);
-	void AddEntry(std::string_view InSource, std::size_t InSize);
+	FJsonValueReader::FRead ReadValue();
+	void AddEntry(std::size_t InSize);
 	void OnDamage(const FJsonValueReader::FRead& InRead);
 	bool ReadRepaired();
 	void SkipToNextEntry();
@@ -63,15 +59,11 @@ private:
 	FByteWindow Window;
 	IJsonSchema& Schema;
 	FImportSink& Sink;
-	const bool bKeepsSource;
 	FJsonValueReader Reader;
 	std::string Repaired;
 
 	std::vector<FLevel> Levels;
-	/** The last string, a member's name if a colon follows. */
-	std::string LastString;
 	bool bAfterColon = false;
-	bool bFoundList = false;
 
 	/** Something else among the entries was reported already. */
 	bool bReportedStray = false;

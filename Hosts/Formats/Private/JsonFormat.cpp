@@ -5,17 +5,9 @@
 namespace Flitmark
 {
 
-bool ReadJson(IByteSource& InSource, IJsonSchema& InSchema, FImportSink& OutSink, std::string& OutError)
+void ReadJson(IByteSource& InSource, IJsonSchema& InSchema, FImportSink& OutSink)
 {
-	FJsonEntries Entries(InSource, InSchema, OutSink);
-	Entries.ReadAll();
-	const std::string_view List = InSchema.GetListName();
-	if (!List.empty() && !Entries.HasFoundList())
-	{
-		OutError = "holds no list of comments named \"" + std::string(List) + "\", nor comments in any known format";
-		return false;
-	}
-	return true;
+	FJsonEntries(InSource, InSchema, OutSink).ReadAll();
 }
 
 } // namespace Flitmark

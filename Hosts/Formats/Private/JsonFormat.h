@@ -10,8 +10,8 @@
 namespace Flitmark
 {
 
-/** Reads comments of a schema; false with OutError if the list that the schema names is not there. */
-bool ReadJson(IByteSource& InSource, IJsonSchema& InSchema, FImportSink& OutSink, std::string& OutError);
+/** Reads comments of a schema. */
+void ReadJson(IByteSource& InSource, IJsonSchema& InSchema, FImportSink& OutSink);
 
 /** A format in JSON. The schema's `static bool Matches(const FJsonNode&)` says which node is an entry of it. */
 template <class SchemaType>
@@ -19,10 +19,11 @@ constexpr FCommentFormat MakeJsonFormat(std::string_view InName, std::string_vie
 {
 	return {InName, InTitle, EFormatSyntax::Json,
 			[](const FFileHead& InHead) { return ProbeJson(InHead.Text, &SchemaType::Matches); },
-			[](IByteSource& InSource, FImportSink& OutSink, std::string& OutError)
+			[](IByteSource& InSource, FImportSink& OutSink, std::string&)
 			{
 				SchemaType Schema;
-				return ReadJson(InSource, Schema, OutSink, OutError);
+				ReadJson(InSource, Schema, OutSink);
+				return true;
 			}};
 }
 

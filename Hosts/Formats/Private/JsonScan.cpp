@@ -5,13 +5,15 @@ namespace Flitmark
 
 std::size_t FindStringEnd(std::string_view InText, std::size_t InOffset)
 {
-	for (std::size_t Offset = InOffset + 1; Offset < InText.size(); ++Offset)
+	for (std::size_t Quote = InText.find('"', InOffset + 1); Quote != std::string_view::npos;
+		 Quote = InText.find('"', Quote + 1))
 	{
-		if (InText[Offset] == '"')
+		// An odd number of backslashes before it escapes it. They end at the opening quote at the latest.
+		const std::size_t NumBackslashes = Quote - 1 - InText.find_last_not_of('\\', Quote - 1);
+		if (NumBackslashes % 2 == 0)
 		{
-			return Offset + 1;
+			return Quote + 1;
 		}
-		Offset += InText[Offset] == '\\' ? 1 : 0;
 	}
 	return std::string_view::npos;
 }

@@ -67,9 +67,6 @@ public:
 	/** Whether other objects in a list of entries are damaged entries, rather than something else that belongs there. */
 	virtual bool StandsAlone() const { return true; }
 
-	/** The one list that holds the entries, which then keep their text; empty if they may be anywhere. */
-	virtual std::string_view GetListName() const { return {}; }
-
 	/** What was read since Begin. */
 	FServiceComment Comment;
 

@@ -117,8 +117,8 @@ private:
 	std::size_t KeySize = 0;
 };
 
-constexpr unsigned StrictFlags = kParseStopWhenDoneFlag | kParseNumbersAsStringsFlag;
-constexpr unsigned LenientFlags = StrictFlags | kParseCommentsFlag | kParseTrailingCommasFlag | kParseNanAndInfFlag;
+constexpr unsigned Flags = kParseStopWhenDoneFlag | kParseNumbersAsStringsFlag | kParseCommentsFlag |
+						   kParseTrailingCommasFlag | kParseNanAndInfFlag;
 
 bool IsAboutString(ParseErrorCode InCode)
 {
@@ -141,16 +141,14 @@ FJsonValueReader::FJsonValueReader()
 
 FJsonValueReader::~FJsonValueReader() = default;
 
-FJsonValueReader::FRead FJsonValueReader::Read(std::string_view InText, IJsonSchema& OutSchema, bool bInStrict)
+FJsonValueReader::FRead FJsonValueReader::Read(std::string_view InText, IJsonSchema& OutSchema)
 {
 	// An error this close to the end may come from what is missing there.
 	constexpr std::size_t Nearness = 16;
 	OutSchema.Begin();
 	FFieldHandler Handler(OutSchema);
 	StringStream Stream(InText.data());
-	Reader& Parser = Implementation->Parser;
-	const ParseResult Result =
-		bInStrict ? Parser.Parse<StrictFlags>(Stream, Handler) : Parser.Parse<LenientFlags>(Stream, Handler);
+	const ParseResult Result = Implementation->Parser.Parse<Flags>(Stream, Handler);
 	const std::size_t End = Stream.Tell();
 	if (!Result.IsError())
 	{

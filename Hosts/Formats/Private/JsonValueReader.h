@@ -39,10 +39,10 @@ public:
 	FJsonValueReader& operator=(const FJsonValueReader&) = delete;
 
 	/**
-	 * Passes the value's fields to the schema. A NUL must follow the text. Strict accepts valid JSON only; otherwise
-	 * comments, trailing commas and numbers like NaN pass, too.
+	 * Passes the value's fields to the schema. A NUL must follow the text. Comments, trailing commas and numbers like NaN
+	 * pass, too.
 	 */
-	FRead Read(std::string_view InText, IJsonSchema& OutSchema, bool bInStrict);
+	FRead Read(std::string_view InText, IJsonSchema& OutSchema);
 
 private:
 	struct FImplementation;
