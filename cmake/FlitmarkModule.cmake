@@ -30,6 +30,7 @@ function(flitmark_module Name)
 		LINK EngineLayer ${Arg_USES})
 	set_target_properties(${Arg_TARGET} PROPERTIES
 		OUTPUT_NAME UnrealEditor-${Name}
+		INSTALL_RPATH $ORIGIN
 		CXX_VISIBILITY_PRESET hidden
 		VISIBILITY_INLINES_HIDDEN ON)
 	string(TOUPPER ${Name}_API Api)
