@@ -256,7 +256,8 @@ int RunCheck(const FCheckArguments& InArguments)
 }
 
 constexpr const char* Footer =
-	R"(Exit status: 0 if every comment can be seen, 1 if some or all can't, 2 for wrong usage.
+	R"(Exit status: 0 if every comment can be seen; 1 if some can't, if entries are damaged or not served, or if
+there are none; 2 for wrong usage.
 Whether a comment finds a free lane among the others is not checked; "flitmark trace" shows that.
 
 Examples:

@@ -14,7 +14,7 @@ namespace Flitmark
 namespace
 {
 
-constexpr const char* FormatGroup = "Comments in other formats";
+constexpr const char* FormatGroup = "Formats other than Flitmark's own";
 constexpr const char* FilterGroup = "Filters (applied in this order)";
 
 std::string CheckPattern(const std::string& InText)
@@ -61,7 +61,7 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->group(FilterGroup);
 	InCommand
 		.add_option("--block-user", InOutArguments.BlockUsers,
-					"Drop a user's comments, by number or by the service's own name; repeatable")
+					"Drop a user's comments, by number or by the service's own user ID; repeatable")
 		->type_name("ID")
 		->allow_extra_args(false)
 		->check(CLI::Validator([](const std::string& InUser) { return InUser.empty() ? "must not be empty" : ""; }, ""))

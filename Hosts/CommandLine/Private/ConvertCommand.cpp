@@ -217,8 +217,9 @@ void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 		->type_name("OUT")
 		->required();
 	Command
-		->add_option("--offset", Arguments->Offsets,
-					 "Shift a file's comments by this time, back with a minus sign; one per file")
+		->add_option(
+			"--offset", Arguments->Offsets,
+			"Shift a file's comments by this time, backward with a minus sign; at most one per file, in file order")
 		->type_name("TIME")
 		->allow_extra_args(false)
 		->check(MakeCheck(&ParseOffset, "is not a time of up to a day; try 90, 1:30 or -0:05.5"));

@@ -47,8 +47,9 @@ void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
 					"Canvas units per video pixel; twice as many make comments half as large (default: a canvas 1080 "
 					"units high, so that comments look the same on every video)")
 		->check(MakeNumberCheck(MinScale, MaxScale));
-	InCommand.add_option("--font", InOutArguments.Font,
-						 "Font family, also with a style as in \"Noto Sans:bold\" (default: the system's sans-serif)");
+	InCommand.add_option(
+		"--font", InOutArguments.Font,
+		"Font family, optionally with a style, as in \"Noto Sans:bold\" (default: the system's sans-serif)");
 	InCommand.add_option("--opacity", InOutArguments.Opacity, "Opacity of the comments, from 0 to 1")
 		->check(MakeNumberCheck(0.0, 1.0))
 		->capture_default_str();
@@ -56,7 +57,7 @@ void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
 		.add_option("--seed", InOutArguments.Seed, "Seed of the comments' speeds; the same seed gives the same picture")
 		->capture_default_str();
 	InCommand
-		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and encoding each; 0: as they see fit")
+		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and for encoding; 0 lets each decide")
 		->check(MakeNumberCheck(0, 256))
 		->capture_default_str();
 	AddCommentOptions(InCommand, InOutArguments.CommentOptions);

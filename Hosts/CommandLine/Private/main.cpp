@@ -16,7 +16,8 @@ namespace
 
 constexpr const char* Description = "flitmark: timed comments flying over a video";
 
-constexpr const char* Footer = R"(Exit status: 0 for success, 1 for failure, 2 for wrong usage.
+constexpr const char* Footer =
+	R"(Exit status: 0 for success, 1 for failure, 2 for wrong usage, 128 plus the signal number if interrupted.
 
 Examples:
   flitmark burn film.mp4 comments.json -o out.mp4

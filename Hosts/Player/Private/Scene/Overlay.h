@@ -34,8 +34,8 @@ public:
 	void Clear();
 
 	/**
-	 * The picture's size in logical pixels; an empty one changes nothing. The layer that shows the overlay calls this. Under a
-	 * small picture the canvas is higher than usual, so that comments stay legible.
+	 * The picture's size in logical pixels; an empty one changes nothing. The layer that shows the overlay calls this. For a
+	 * small picture the canvas is lower than usual, so that comments stay legible.
 	 */
 	void SetView(QSizeF InPictureSize, double InDevicePixelRatio);
 	/** In device pixels. */
