@@ -33,6 +33,7 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 {
 	FBurnOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.Codec = InArguments.Codec;
 	Options.Crf = InArguments.Crf;

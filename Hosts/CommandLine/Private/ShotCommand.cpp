@@ -34,6 +34,7 @@ int RunShot(const FShotArguments& InArguments)
 	}
 	FShotOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.At = *ParseTime(InArguments.At);
 	Options.Threads = InArguments.Paint.Threads;
