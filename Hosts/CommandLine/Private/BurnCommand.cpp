@@ -68,7 +68,7 @@ int RunBurn(const FBurnArguments& InArguments)
 		break;
 	}
 	Session->ReportCuts();
-	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), Progress.Summary().c_str());
+	PrintReport("%s: %s\n", InArguments.Paint.Output, Progress.Summary());
 	return ExitSuccess;
 }
 

@@ -116,7 +116,11 @@ std::unique_ptr<FVideoEncoder> FVideoEncoder::Open(const FEncoderSetup& InSetup,
 	Configure(*Codec, InSetup, InFirst);
 	AVDictionary* Options = OptionsOf(InSetup);
 	FAvLog::Start();
-	const int Code = avcodec_open2(Codec.get(), InSetup.Codec, &Options);
+	int Code = 0;
+	{
+		const FStrayOutput Stray;
+		Code = avcodec_open2(Codec.get(), InSetup.Codec, &Options);
+	}
 	const AVDictionaryEntry* const Unknown = av_dict_get(Options, "", nullptr, AV_DICT_IGNORE_SUFFIX);
 	const std::string UnknownName = Unknown != nullptr ? Unknown->key : "";
 	av_dict_free(&Options);
@@ -125,7 +129,7 @@ std::unique_ptr<FVideoEncoder> FVideoEncoder::Open(const FEncoderSetup& InSetup,
 		OutError = std::string("the encoder ") + InSetup.Codec->name + " cannot be started: " + FAvLog::Explain(Code) +
 				   ((InSetup.Codec->capabilities & AV_CODEC_CAP_HARDWARE) != 0
 						? "; it needs a device, which is missing or may not be used; choose another codec"
-						: "; check the codec, quality, and preset");
+						: "; check the codec, quality, and preset, and that there is enough memory");
 		return nullptr;
 	}
 	if (!UnknownName.empty())
