@@ -209,6 +209,41 @@ TEST_F(FCommentsTest, OtherFormatsNeedNoTextToBeReviewed)
 	}
 }
 
+/** Names are no part of what the overlay reads. */
+TEST_F(FCommentsTest, NamesInDocumentsCanBeBlocked)
+{
+	FFilterOptions Filters;
+	Filters.BlockUsers = {"/^A.n$/"};
+	const std::optional<FCommentsFile> File =
+		Load(R"({"datas":[{"danmaku_content":"a","user_display_name":"A\"n"},{"danmaku_content":"b",)"
+			 R"("user_display_name":"Anna"},{"danmaku_content":"c","user_display_name":7},)"
+			 R"({"danmaku_content":"d","User_Display_Name":"Aen"}]})",
+			 Filters);
+	ASSERT_TRUE(File) << Error;
+	EXPECT_THAT(GetTexts(File->Document), ElementsAre("b", "c"));
+}
+
+/** Everything that was in a file is in its report, once. */
+TEST_F(FCommentsTest, ReportsNameEveryReason)
+{
+	const std::optional<FCommentsFile> File =
+		Load(R"(<i><d p="1">a</d><d p="x">b</d><gift ts="1"/><gift ts="2"/><sc ts="1" user="Ann" price="9">c</sc>)"
+			 R"(<d p="1,7">{"n":"d"}</d><d p="1,8">e()</d></i>)");
+	ASSERT_TRUE(File) << Error;
+	EXPECT_THAT(GetTexts(File->Document), ElementsAre("a", "Ann (9): c", "d"));
+	const std::string Path = (Folder / "c").string();
+	EXPECT_THAT(File->MakeNotes(),
+				ElementsAre(Path + ":1: entry 2: has no readable time at the start of its attribute \"p\"",
+							Path + ": 1 entry is broken and left out",
+							Path + ": 2 entries are no comments for viewers and not shown: gifts (2)",
+							Path + ": 1 comment is not served: 1 that draw by a program",
+							Path + ": shown otherwise than meant: 1 positioned, which stand at the top, 1 paid, which "
+								   "stand at the top"));
+	const FImportReport& Import = File->Report.Import;
+	EXPECT_EQ(Import.NumEntries, 7U);
+	EXPECT_EQ(static_cast<int64>(Import.NumEntries - Import.CountSkipped()) - File->Report.CountLost(), 3);
+}
+
 /** Filtered or not, what is wrong is said in the same words. */
 TEST_F(FCommentsTest, RefusalsSayWhatAndWhere)
 {

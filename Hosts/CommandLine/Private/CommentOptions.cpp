@@ -61,6 +61,13 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->type_name("HOW")
 		->capture_default_str()
 		->group(FormatGroup);
+	InCommand
+		.add_option("--paid", InOutArguments.Paid,
+					"Paid comments of live shows: text (sender, amount, and words at the top) or drop")
+		->check(CLI::IsMember({"text", "drop"}))
+		->type_name("HOW")
+		->capture_default_str()
+		->group(FormatGroup);
 	// One value each time, or they would swallow the files after them.
 	InCommand.add_option("--block", InOutArguments.Block, "Drop comments whose text matches; repeatable")
 		->type_name("REGEX")
@@ -98,6 +105,7 @@ std::optional<FCommentSettings> FCommentSettings::Make(const FCommentArguments& 
 	FCommentSettings Settings;
 	Settings.Options.Kinds.bReverseAsScroll = InArguments.Reverse == "scroll";
 	Settings.Options.Kinds.bPositionedAsText = InArguments.Positioned == "text";
+	Settings.Options.Kinds.bPaidAsText = InArguments.Paid == "text";
 	FFilterOptions Filters;
 	Filters.Block = InArguments.Block;
 	Filters.BlockUsers = InArguments.BlockUsers;

@@ -232,6 +232,7 @@ bool FCommentsInput::ImportOwn(std::string& OutError)
 	Document = {};
 	Report.bImported = true;
 	Report.Import.Format = &OwnDocumentFormat;
+	Report.Import.NumEntries = Comments.size();
 	Report.Import.NumRead = Comments.size();
 	return true;
 }

@@ -36,8 +36,8 @@ std::string CountComments(int64 InCount);
 std::string DescribeImport(const FCommentsReport& InReport);
 
 /**
- * For people, a line each: what of a file was broken (the first places, then a count), what is not served, what is shown
- * otherwise than its service shows it. Nothing where all is well.
+ * For people, a line each: what of a file was broken (the first places, then a count), what is no comment, what is not
+ * served, what is shown otherwise than its service shows it. Nothing where all is well.
  */
 std::vector<std::string> DescribeLosses(const FCommentsReport& InReport);
 
