@@ -238,7 +238,7 @@ ApplicationWindow {
 
 			Text {
 				anchors.centerIn: parent
-				text: qsTr("Drop a video or a comment file")
+				text: qsTr("Drop a video, comments, or subtitles")
 				color: Theme.text
 				font.pixelSize: Theme.fontLarge
 			}
