@@ -29,6 +29,13 @@ private Q_SLOTS:
 	void PlaysOnWhenSomethingElseCannotBePlayed();
 	void ReplacesTheVideoByOneThatPlays();
 	void ShowsDroppedSubtitles();
+	void LeavesTheFieldByAClickThatDoesNothingElse();
+	void HidesTheControlsAfterSending();
+	void KeepsBottomCommentsAboveTheControls();
+
+private:
+	/** Row of the lowest pixel that is green, though shaded by controls; -1 for none. */
+	int FindLowestGreen() const;
 };
 
 void PlayerUseTest::initTestCase()
@@ -36,6 +43,7 @@ void PlayerUseTest::initTestCase()
 	MakeVideo(Media.filePath("film.mp4"));
 	MakeVideo(Media.filePath("other.mp4"));
 	Write(Media.filePath("film.json"), "{\"datas\": [" + MakeComment(2.5, "mine", 1, "#FFFFFF") + "]}");
+	Write(Media.filePath("below.json"), "{\"datas\": [" + MakeComment(2.5, "BELOW", 2, "#00FF00") + "]}");
 	Write(Media.filePath("broken.mp4"), "this is no film");
 	Write(Media.filePath("notes.txt"), "film.mp4 is nice\nother.mp4 is not\n");
 	// Says what it has, and then has nothing of it.
@@ -92,6 +100,70 @@ void PlayerUseTest::ShowsDroppedSubtitles()
 	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Green) > 200, Patience);
 	QCOMPARE(Player->GetPlayer().GetTitle(), "other.mp4");
 	QVERIFY(Player->GetPlayer().GetPosition() > 1.9);
+}
+
+void PlayerUseTest::LeavesTheFieldByAClickThatDoesNothingElse()
+{
+	Open("other.mp4");
+	PlayTo(1.0);
+	QTest::keyClick(Window, Qt::Key_C);
+	QTRY_VERIFY(Find("CommentField")->hasActiveFocus());
+	Type("half a");
+	Click("Comments");
+	QVERIFY(!Find("CommentField")->hasActiveFocus());
+	// Had the first click paused, this one would play on.
+	Click("Comments");
+	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsPlaying(), Patience);
+	QCOMPARE(Find("CommentField")->property("text").toString(), "half a");
+}
+
+void PlayerUseTest::HidesTheControlsAfterSending()
+{
+	Open("other.mp4");
+	PlayTo(1.0);
+	QTest::keyClick(Window, Qt::Key_F);
+	QTRY_COMPARE_WITH_TIMEOUT(Window->size(), QSize(1920, 1080), Patience);
+	QTest::mouseMove(Window, QPoint(960, 400));
+	QTRY_VERIFY_WITH_TIMEOUT(!Find("CommentBar")->isVisible(), Patience);
+	QTest::keyClick(Window, Qt::Key_C);
+	QTRY_VERIFY(Find("CommentField")->hasActiveFocus());
+	// Where a hand rests that was last used to click into the field.
+	QTest::mouseMove(Window, CenterOf("CommentField"));
+	Type("hello");
+	QTest::keyClick(Window, Qt::Key_Return);
+	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"hello"), Patience);
+	QVERIFY(!Find("CommentField")->hasActiveFocus());
+	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible() && !Find("CommentBar")->isVisible(), Patience);
+	QVERIFY(Player->GetPlayer().IsPlaying());
+}
+
+int PlayerUseTest::FindLowestGreen() const
+{
+	const QImage Image = Grab();
+	for (int Y = Image.height() - 1; Y >= 0; --Y)
+	{
+		for (int X = 0; X < Image.width(); ++X)
+		{
+			const QRgb Pixel = Image.pixel(X, Y);
+			if (qGreen(Pixel) > qRed(Pixel) + qBlue(Pixel) + 80)
+			{
+				return Y;
+			}
+		}
+	}
+	return -1;
+}
+
+void PlayerUseTest::KeepsBottomCommentsAboveTheControls()
+{
+	Open("other.mp4", "below.json");
+	QTest::mouseMove(Window, CenterOf("Comments"));
+	StopAt(3.0);
+	const int Top = RectOf("Transport").top();
+	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() > Top - 60 && FindLowestGreen() < Top, Patience);
+	Player->GetPlayer().SetPlaying(true);
+	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible(), Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() > RectOf("Comments").bottom() - 60, Patience);
 }
 
 } // namespace Flitmark

@@ -149,7 +149,7 @@ void PlayerWindowTest::SendsACommentThatComesAgainAfterSeekingBack()
 	QTest::keyClick(Window, Qt::Key_Return);
 	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"hello there"), Patience);
 	QCOMPARE(Find("CommentField")->property("text").toString(), QString());
-	StopAt(12.5);
+	StopAt(25.5);
 	const double Sent = Player->GetPlayer().GetPosition();
 	QVERIFY(!IsOnCanvas(u"hello there"));
 	PlayTo(9.5);

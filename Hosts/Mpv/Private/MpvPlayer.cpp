@@ -235,6 +235,12 @@ void FMpvPlayer::AddSubtitles(const std::string& InUrl)
 	Subtitles.push_back(InUrl);
 }
 
+void FMpvPlayer::SetSubtitleLift(double InPercent)
+{
+	double Position = 100.0 - InPercent;
+	mpv_set_property_async(Handle.get(), 0, "sub-pos", MPV_FORMAT_DOUBLE, &Position);
+}
+
 void FMpvPlayer::TakeSubtitles(std::size_t InIndex, int InError)
 {
 	// What mpv complained of meanwhile is not about the video.

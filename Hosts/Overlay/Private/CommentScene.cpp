@@ -2,6 +2,8 @@
 
 #include "UI_DanmakuNode.h"
 
+#include <cmath>
+
 namespace Flitmark
 {
 
@@ -19,6 +21,13 @@ bool IsWithin(const FPaintComment& InComment, double InWidth, double InHeight)
 {
 	const FVector2D End = InComment.Position + InComment.Size;
 	return InComment.Position.X < InWidth && InComment.Position.Y < InHeight && End.X > 0.0 && End.Y > 0.0;
+}
+
+/** False for what only passes by there, but for a frame. */
+bool IsInMiddleBelow(const FPaintComment& InComment, double InWidth, double InHeight)
+{
+	const FVector2D Middle = InComment.Position + InComment.Size / 2.0;
+	return std::abs(Middle.X - InWidth / 2.0) < 1.0 && Middle.Y > InHeight / 2.0;
 }
 
 /** Seconds for which a comment is shown: in that time, it would cross the canvas's width and its own. */
@@ -64,6 +73,7 @@ void FCommentScene::Update(const std::vector<FPaintComment>& InComments, FVector
 		Shown.TimeLeft = Each.End - Time;
 		Shown.bMovesX = Shown.bMovesX || Comment.Position.X != Each.FirstPosition.X;
 		Shown.bMovesY = Shown.bMovesY || Comment.Position.Y != Each.FirstPosition.Y;
+		Shown.bAtBottom = Shown.bAtBottom || IsInMiddleBelow(Comment, Width, Height);
 		Shown.bEntered = Shown.bEntered || IsWithin(Comment, Width, Height);
 		Comments.push_back(Shown);
 	}

@@ -36,6 +36,10 @@
         <source>Send (Enter)</source>
         <translation>送信（Enter）</translation>
     </message>
+    <message>
+        <source>Open a video to send comments</source>
+        <translation>コメントを送るには動画を開いてください</translation>
+    </message>
 </context>
 <context>
     <name>CommentPreview</name>
@@ -352,6 +356,10 @@
     <message>
         <source>Done</source>
         <translation>完了</translation>
+    </message>
+    <message>
+        <source>Stay in the field after sending</source>
+        <translation>送信後も入力欄にとどまる</translation>
     </message>
 </context>
 <context>

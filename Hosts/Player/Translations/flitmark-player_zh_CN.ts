@@ -36,6 +36,10 @@
         <source>Send (Enter)</source>
         <translation>发送（Enter）</translation>
     </message>
+    <message>
+        <source>Open a video to send comments</source>
+        <translation>打开视频后即可发送弹幕</translation>
+    </message>
 </context>
 <context>
     <name>CommentPreview</name>
@@ -352,6 +356,10 @@
     <message>
         <source>Done</source>
         <translation>完成</translation>
+    </message>
+    <message>
+        <source>Stay in the field after sending</source>
+        <translation>发送后停留在输入框</translation>
     </message>
 </context>
 <context>

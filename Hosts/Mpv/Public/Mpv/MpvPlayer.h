@@ -79,6 +79,9 @@ public:
 	/** Shows a file's subtitles with the loaded video, until it ends; see OnSubtitlesAdded. */
 	void AddSubtitles(const std::string& InUrl);
 
+	/** Percent of the surface's height that stay free below the subtitles. */
+	void SetSubtitleLift(double InPercent);
+
 	void SetPaused(bool bInPaused);
 	/** Seconds from the start; bInExact: to the exact frame, else to a keyframe nearby. */
 	void Seek(double InPosition, bool bInExact);

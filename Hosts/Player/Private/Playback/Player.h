@@ -81,6 +81,8 @@ public:
 	 * by their names.
 	 */
 	Q_INVOKABLE void OpenUrls(const QList<QUrl>& InUrls);
+	/** Percent of the picture's height, from below, that controls cover: subtitles stand above. */
+	Q_INVOKABLE void SetCovered(double InPercent) { Mpv->SetSubtitleLift(InPercent); }
 	/** Shows them with the open video. */
 	Q_INVOKABLE void OpenSubtitles(const QString& InPath);
 	Q_INVOKABLE void Close();
