@@ -33,6 +33,7 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 {
 	FBurnOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.Codec = InArguments.Codec;
 	Options.Crf = InArguments.Crf;
@@ -67,7 +68,7 @@ int RunBurn(const FBurnArguments& InArguments)
 		break;
 	}
 	Session->ReportCuts();
-	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), Progress.Summary().c_str());
+	PrintReport("%s: %s\n", InArguments.Paint.Output, Progress.Summary());
 	return ExitSuccess;
 }
 

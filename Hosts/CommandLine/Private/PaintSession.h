@@ -22,6 +22,7 @@ namespace Flitmark
 struct FPaintArguments
 {
 	std::string Video;
+	bool bAllowPlaylists = false;
 	std::string Comments;
 	FCommentArguments CommentOptions;
 	std::string Output;
@@ -49,6 +50,7 @@ public:
 
 	void Open(const FVideoShape& InShape) override;
 	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+	void Jump(int64 InTicks) override;
 
 private:
 	FOverlayView Cover(const FVideoShape& InShape) const;
