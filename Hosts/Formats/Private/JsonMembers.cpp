@@ -1,6 +1,7 @@
 #include "JsonMembers.h"
 
 #include "Files/FileText.h"
+#include "Formats/FieldValues.h"
 #include "JsonScan.h"
 #include "Serialization/JsonSerializer.h"
 
@@ -22,15 +23,6 @@ std::string_view GetValue(std::string_view InText, std::size_t InPlace)
 	return InText.substr(InPlace, End == std::string_view::npos ? End : End - InPlace);
 }
 
-/** What a quoted string with escapes says. */
-std::string Unquote(std::string_view InQuoted)
-{
-	TArray<TSharedPtr<FJsonValue>> Values;
-	const FString Text = FromUtf8("[" + std::string(InQuoted) + "]");
-	FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Values);
-	return Values.Num() == 1 ? ToUtf8(Values[0]->AsString()) : std::string();
-}
-
 bool IsSameKey(std::string_view InKey, std::string_view InOther)
 {
 	const auto Lower = [](char InLetter)
@@ -43,10 +35,32 @@ bool IsSameKey(std::string_view InKey, std::string_view InOther)
 bool IsQuotedKey(std::string_view InQuoted, std::string_view InKey)
 {
 	return InQuoted.find('\\') == std::string_view::npos ? IsSameKey(InQuoted.substr(1, InQuoted.size() - 2), InKey)
-														 : IsSameKey(Unquote(InQuoted), InKey);
+														 : IsSameKey(UnquoteJson(InQuoted), InKey);
 }
 
 } // namespace
+
+std::string UnquoteJson(std::string_view InQuoted)
+{
+	if (InQuoted.find('\\') == std::string_view::npos)
+	{
+		return std::string(InQuoted.substr(1, InQuoted.size() - 2));
+	}
+	TArray<TSharedPtr<FJsonValue>> Values;
+	const FString Text = FromUtf8("[" + std::string(InQuoted) + "]");
+	FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Values);
+	return Values.Num() == 1 ? ToUtf8(Values[0]->AsString()) : std::string();
+}
+
+int64 ReadJsonId(std::string_view InObject, std::string_view InKey)
+{
+	std::string_view Value = FindJsonMember(InObject, InKey).value_or(std::string_view());
+	if (Value.starts_with('"'))
+	{
+		Value = Value.substr(1, Value.size() - 2);
+	}
+	return ParseInteger(Value == "true" ? "1" : Value).value_or(0);
+}
 
 std::optional<std::string_view> FindJsonMember(std::string_view InObject, std::string_view InKey)
 {
