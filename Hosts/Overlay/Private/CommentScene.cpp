@@ -76,6 +76,7 @@ void FCommentScene::Update(const std::vector<FPaintComment>& InComments, FVector
 FCommentScene::FHeld FCommentScene::Hold(const FPaintComment& InComment, double InCanvasWidth, double InBegin)
 {
 	FHeld Each;
+	Each.Comment.Key = InComment.Key;
 	Each.Comment.Style = Share(FCommentStyle::Of(*InComment.Text));
 	Each.Comment.bViewers = InComment.bViewers;
 	Each.FirstPosition = InComment.Position;
