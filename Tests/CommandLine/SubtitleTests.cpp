@@ -80,6 +80,7 @@ std::vector<FEvent> ReadEvents(const std::string& InFile)
 struct FTraced
 {
 	double FontSize = 0.0;
+	bool bBottom = false;
 	std::string Text;
 	std::vector<FSample> Samples;
 };
@@ -98,8 +99,10 @@ std::map<int, FTraced> ReadTrace(const std::string& InTrace)
 		if (Line.find("\"event\":\"placed\"") != std::string::npos)
 		{
 			const std::size_t Text = Line.find("\"content\":\"") + 11;
-			Comments[static_cast<int>(FindNumber(Line, "id"))] = {
-				FindNumber(Line, "font_size"), Line.substr(Text, Line.find('"', Text) - Text), {}};
+			Comments[static_cast<int>(FindNumber(Line, "id"))] = {FindNumber(Line, "font_size"),
+																  FindNumber(Line, "mode") == 2.0,
+																  Line.substr(Text, Line.find('"', Text) - Text),
+																  {}};
 		}
 		const std::size_t List = Line.find("\"nodes\":[");
 		for (std::size_t At = List; At != std::string::npos; At = Line.find(",[", At + 1))
@@ -139,12 +142,24 @@ TEST(Subtitles, StandWhereTheTraceHasThemInEveryFrame)
 {
 	const FTestFolder Folder;
 	const std::string Crowd = Folder.Write("c.json", MakeCrowd());
-	for (const std::vector<std::string>& Options : std::vector<std::vector<std::string>>{
-			 {"--seed", "1"}, {"--seed", "9", "--size", "1440x1080"}, {"--fps", "24", "--size", "640x400"}})
+	const struct
 	{
-		const auto Run = [&Options](std::vector<std::string> InArguments)
+		std::vector<std::string> Options;
+		double Fps = 60.0;
+		double FontScale = 1.0;
+		/** How much lower bottom comments stand than on the canvas that the trace has. */
+		double Shift = 0.0;
+	} Cases[] = {
+		{{"--seed", "1"}},
+		{{"--seed", "9", "--size", "1440x1080"}},
+		{{"--fps", "24", "--size", "640x400"}, 24.0},
+		{{"--area", "0.5", "--speed", "1.7", "--font-scale", "0.75", "--bold"}, 60.0, 0.75, 1080.0 - 720.0},
+	};
+	for (const auto& Case : Cases)
+	{
+		const auto Run = [&Case](std::vector<std::string> InArguments)
 		{
-			InArguments.insert(InArguments.end(), Options.begin(), Options.end());
+			InArguments.insert(InArguments.end(), Case.Options.begin(), Case.Options.end());
 			return RunProgram(InArguments);
 		};
 		const FProgramResult Written = Run({"convert", Crowd, "-o", "-", "--to", "ass"});
@@ -154,23 +169,23 @@ TEST(Subtitles, StandWhereTheTraceHasThemInEveryFrame)
 		EXPECT_LT(Events.size(), 240U);
 		EXPECT_THAT(Written.Error,
 					HasSubstr("\nflitmark: " + std::to_string(240 - Events.size()) + " comments found no free lane; "));
-		const double FrameTime = Options[0] == "--fps" ? 1.0 / 24.0 : 1.0 / 60.0;
 		// Of the font, which is the same for all: from the top of a comment to that of its letters' cell, in ems.
 		std::optional<double> Rise;
 		auto Event = Events.begin();
 		for (const auto& [Id, Comment] : Traced)
 		{
-			const double Em = Comment.FontSize * 96.0 / 72.0;
+			const double Em = Comment.FontSize * Case.FontScale * 96.0 / 72.0;
+			const double Shift = Comment.bBottom ? Case.Shift : 0.0;
 			EXPECT_EQ(Event->Text, Comment.Text);
 			EXPECT_NEAR(Event->Begin.Seconds, Comment.Samples.front().Seconds, 1e-6);
 			EXPECT_GT(Event->End.Seconds, Comment.Samples.back().Seconds);
-			EXPECT_LE(Event->End.Seconds, Comment.Samples.back().Seconds + FrameTime + 1e-6);
+			EXPECT_LE(Event->End.Seconds, Comment.Samples.back().Seconds + 1.0 / Case.Fps + 1e-6);
 			for (const FSample& Sample : Comment.Samples)
 			{
 				const FSample Shown = Event->At(Sample.Seconds);
-				Rise = Rise.value_or((Shown.Y - Sample.Y) / Em);
+				Rise = Rise.value_or((Shown.Y - Sample.Y - Shift) / Em);
 				ASSERT_NEAR(Shown.X, Sample.X + Em / 16.0, 0.002) << Comment.Text << " at " << Sample.Seconds;
-				ASSERT_NEAR(Shown.Y, Sample.Y + *Rise * Em, 0.002) << Comment.Text << " at " << Sample.Seconds;
+				ASSERT_NEAR(Shown.Y, Sample.Y + Shift + *Rise * Em, 0.002) << Comment.Text << " at " << Sample.Seconds;
 			}
 			++Event;
 		}

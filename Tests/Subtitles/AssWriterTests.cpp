@@ -92,6 +92,21 @@ TEST(AssWriter, SaysOnlyWhatDiffersFromTheStyle)
 	}
 }
 
+TEST(AssWriter, TakesOutlineAndWeightFromTheFonts)
+{
+	std::string Error;
+	const std::unique_ptr<FTextEngine> Engine = FTextEngine::Create({"Noto Sans", true, 0.25}, Error);
+	std::string Text;
+	WriteAss({{MakeComment(u"a")}, FVector2f(1920.f, 1080.f)}, *Engine, 1.0,
+			 [&Text](std::string_view InPiece)
+			 {
+				 Text += InPiece;
+				 return true;
+			 });
+	EXPECT_THAT(Text, HasSubstr(",-1,0,0,0,100,100,0,0,1,0.5,0,7,"));
+	EXPECT_THAT(Text, EndsWith(")}a\n"));
+}
+
 TEST(AssWriter, DrawsTheViewersOwnOverTheOthers)
 {
 	FPlacedComment Own = MakeComment(u"own");

@@ -267,7 +267,7 @@ int RunConvert(const FConvertArguments& InArguments)
 }
 
 /** Settles the form, and refuses what does not go together. */
-void CheckArguments(const CLI::App& InCommand, FConvertArguments& InOutArguments)
+void CheckArguments(FConvertArguments& InOutArguments)
 {
 	const std::size_t NumInputs = InOutArguments.Inputs.size();
 	if (InOutArguments.Offsets.size() > NumInputs)
@@ -290,7 +290,7 @@ void CheckArguments(const CLI::App& InCommand, FConvertArguments& InOutArguments
 		}
 		InOutArguments.Form = *Form;
 	}
-	const std::string Option = FindSubtitleOption(InCommand);
+	const std::string Option = InOutArguments.Subtitles.FindGiven();
 	if (InOutArguments.Form != EConvertForm::Ass && !Option.empty())
 	{
 		throw CLI::ValidationError(Option, "is only for subtitles; name an output that ends in .ass, or say --to ass");
@@ -332,14 +332,14 @@ void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 			"Shift a file's comments by this time, backward with a minus sign; at most one per file, in file order")
 		->type_name("TIME")
 		->allow_extra_args(false)
-		->check(MakeCheck(&ParseOffset, "is not a time of up to a day; try 90, 1:30 or -0:05.5"));
+		->check(MakeCheck(&ParseOffset, OffsetRefusal));
 	AddSubtitleOptions(*Command, Arguments->Subtitles);
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);
 	Command->callback(
-		[Arguments, Command, &OutExitCode]
+		[Arguments, &OutExitCode]
 		{
-			CheckArguments(*Command, *Arguments);
+			CheckArguments(*Arguments);
 			OutExitCode = RunConvert(*Arguments);
 		});
 }

@@ -7,11 +7,13 @@
 #include "Message.h"
 #include "OptionValues.h"
 #include "Overlay/OverlayRunner.h"
+#include "Overlay/ScaledMeasure.h"
 #include "Subtitles/AssWriter.h"
 #include "Values/OptionChecks.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cmath>
 
 namespace Flitmark
@@ -19,8 +21,6 @@ namespace Flitmark
 
 namespace
 {
-
-constexpr const char* SubtitleGroup = "Subtitles (.ass)";
 
 /** Players count a subtitle's canvas in whole units. */
 std::optional<FVector2f> ParseWholeSize(std::string_view InText)
@@ -31,6 +31,15 @@ std::optional<FVector2f> ParseWholeSize(std::string_view InText)
 		return InLength >= 1.f && InLength == std::floor(InLength);
 	};
 	return Size && IsWhole(Size->X) && IsWhole(Size->Y) ? Size : std::nullopt;
+}
+
+/** How many comments can't be seen whatever else is on the canvas; empty with OutError set where no stage can be built. */
+std::optional<int64> CountUnseen(const FCommentDocument& InDocument, FVector2f InSize,
+								 const FOverlaySettings& InSettings, FTextMeasure& InMeasure, std::string& OutError)
+{
+	FScaledMeasure Scaled(InMeasure, InSettings.FontScale);
+	const std::unique_ptr<FSizeProbe> Probe = FSizeProbe::Create(InSettings.GetStageSize(InSize), Scaled, OutError);
+	return Probe ? std::optional(ReviewDocument(InDocument, *Probe).NumUnseen) : std::nullopt;
 }
 
 /** What there is to say about comments that are not among the subtitles. */
@@ -52,68 +61,45 @@ void ReportMissing(int64 InNumUnseen, int64 InNumWithoutLane)
 
 void AddSubtitleOptions(CLI::App& InCommand, FSubtitleArguments& InOutArguments)
 {
+	const std::size_t NumEarlier = InCommand.get_options().size();
 	InCommand
 		.add_option(
 			"--size", InOutArguments.Size,
 			"Canvas size in canvas units; its shape should be the video's, and a larger one makes comments smaller")
 		->type_name("WIDTHxHEIGHT")
 		->check(MakeCheck(&ParseWholeSize, "is not a size in whole numbers; try 1920x1080"))
-		->capture_default_str()
-		->group(SubtitleGroup);
+		->capture_default_str();
 	InCommand.add_option("--fps", InOutArguments.Fps, "Frames per second at which the overlay runs")
 		->check(MakeNumberCheck(1, 1000))
-		->capture_default_str()
-		->group(SubtitleGroup);
-	InCommand
-		.add_option("--font", InOutArguments.Font,
-					"Font family that the player has, too, optionally with a style (default: the system's sans-serif)")
-		->group(SubtitleGroup);
-	InCommand.add_option("--opacity", InOutArguments.Opacity, "Opacity of the comments, from 0 to 1")
-		->check(MakeNumberCheck(0.0, 1.0))
-		->capture_default_str()
-		->group(SubtitleGroup);
-	InCommand
-		.add_option("--seed", InOutArguments.Seed, "Seed of the comments' speeds; the same seed gives the same places")
-		->capture_default_str()
-		->group(SubtitleGroup);
+		->capture_default_str();
+	AddOverlayOptions(InCommand, InOutArguments.Overlay, {.bOffset = false, .bScale = false});
+	const std::vector<CLI::Option*> All = InCommand.get_options();
+	InOutArguments.Options.assign(All.begin() + static_cast<std::ptrdiff_t>(NumEarlier), All.end());
+	for (CLI::Option* const Option : InOutArguments.Options)
+	{
+		Option->group("Subtitles (.ass): how the comments look and move");
+	}
 }
 
-std::string FindSubtitleOption(const CLI::App& InCommand)
+std::string FSubtitleArguments::FindGiven() const
 {
-	for (const CLI::Option* const Option : InCommand.get_options())
-	{
-		if (Option->get_group() == SubtitleGroup && Option->count() > 0)
-		{
-			return Option->get_name();
-		}
-	}
-	return {};
+	const auto Given = std::ranges::find_if(Options, [](const CLI::Option* InOption) { return InOption->count() > 0; });
+	return Given != Options.end() ? (*Given)->get_name() : std::string();
 }
 
 std::unique_ptr<FSubtitleOutput> FSubtitleOutput::Make(std::vector<FServiceComment> InComments,
 													   const FSubtitleArguments& InArguments, std::string& OutError)
 {
+	const FOverlaySettings& Settings = InArguments.Overlay.Settings;
 	auto Output = std::make_unique<FSubtitleOutput>();
-	Output->Opacity = InArguments.Opacity;
-	FTextOptions Fonts;
-	Fonts.Family = InArguments.Font;
-	Output->Measure = FTextMeasure::Create(Fonts, OutError);
-	if (!Output->Measure)
-	{
-		return nullptr;
-	}
+	Output->Opacity = Settings.Opacity;
+	Output->Measure = MakeMeasure(Settings.Text, OutError);
 	const FVector2f Size = *ParseWholeSize(InArguments.Size);
 	const FCommentDocument Document = FCommentDocument::Of(InComments);
-	int64 NumUnseen = 0;
-	{
-		const std::unique_ptr<FSizeProbe> Probe = FSizeProbe::Create(Size, *Output->Measure, OutError);
-		if (!Probe)
-		{
-			return nullptr;
-		}
-		NumUnseen = ReviewDocument(Document, *Probe).NumUnseen;
-	}
-	const std::unique_ptr<FOverlayRunner> Runner = FOverlayRunner::Create(*Output->Measure, InArguments.Seed, OutError);
+	const std::optional<int64> NumUnseen =
+		Output->Measure ? CountUnseen(Document, Size, Settings, *Output->Measure, OutError) : std::nullopt;
+	const std::unique_ptr<FOverlayRunner> Runner =
+		NumUnseen ? FOverlayRunner::Create(*Output->Measure, InArguments.Overlay.Seed, OutError) : nullptr;
 	if (!Runner)
 	{
 		return nullptr;
@@ -125,6 +111,7 @@ std::unique_ptr<FSubtitleOutput> FSubtitleOutput::Make(std::vector<FServiceComme
 		OutError = "more than 2 GiB of comments are more than can be placed; leave some out, as with --max-per-second";
 		return nullptr;
 	}
+	Runner->GetSettings() = Settings;
 	Runner->Load(FromUtf8(Text), ListTexts(Document));
 	Runner->SetView({Size, {}});
 	Output->Placed = PlaceComments(*Runner, Document, InArguments.Fps);
@@ -132,7 +119,7 @@ std::unique_ptr<FSubtitleOutput> FSubtitleOutput::Make(std::vector<FServiceComme
 	std::erase_if(Output->Placed.Comments,
 				  [](const FPlacedComment& InComment) { return !HasText(InComment.Style->Style.Text); });
 	const auto NumAll = static_cast<int64>(Document.GetEntries().size());
-	ReportMissing(NumUnseen, NumAll - NumUnseen - Output->CountComments());
+	ReportMissing(*NumUnseen, NumAll - *NumUnseen - Output->CountComments());
 	return Output;
 }
 

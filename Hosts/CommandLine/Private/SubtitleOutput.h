@@ -3,6 +3,7 @@
 #include "Formats/CommentDocumentWriter.h"
 #include "Formats/ServiceComment.h"
 #include "Overlay/TextMeasure.h"
+#include "OverlayOptions.h"
 #include "Subtitles/PlacedComments.h"
 
 #include <memory>
@@ -12,7 +13,8 @@
 namespace CLI
 {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace Flitmark
 {
@@ -22,16 +24,16 @@ struct FSubtitleArguments
 {
 	std::string Size = "1920x1080";
 	int32 Fps = 60;
-	std::string Font;
-	double Opacity = 1.0;
-	uint32 Seed = 1;
+	FOverlayArguments Overlay;
+	/** All of these, as the command has them. */
+	std::vector<CLI::Option*> Options;
+
+	/** The first of them that was given, such as "--size"; empty for none. */
+	std::string FindGiven() const;
 };
 
 /** Adds the options of subtitles, as a group of their own. */
 void AddSubtitleOptions(CLI::App& InCommand, FSubtitleArguments& InOutArguments);
-
-/** The first of these options that was given, such as "--size"; empty for none. */
-std::string FindSubtitleOption(const CLI::App& InCommand);
 
 /** Comments as the overlay places them, ready to be written. */
 class FSubtitleOutput

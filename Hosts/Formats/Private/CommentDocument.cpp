@@ -192,6 +192,13 @@ void Append(std::string_view InText, std::u16string& OutTexts)
 	OutTexts.resize(Begin + static_cast<std::size_t>(U_SUCCESS(Error) ? Length : 0));
 }
 
+/** Names are looked up where users are blocked; the overlay does not show them. */
+std::string ReadName(std::string_view InElement)
+{
+	const auto Value = FindJsonMember(InElement, ToText(ECommentKey::UserDisplayName));
+	return Value && Value->starts_with('"') ? MakeCleanText(UnquoteJson(*Value)) : std::string();
+}
+
 } // namespace
 
 std::string_view ToText(ECommentKey InKey)
@@ -247,6 +254,7 @@ std::vector<FServiceComment> FCommentDocument::MakeComments(std::string_view InT
 		Comment.Source = Elements.Next();
 		MakeUtf8(Comment.Source);
 		Comment.UserId = ReadJsonId(Comment.Source, ToText(ECommentKey::UserID));
+		Comment.UserName = ReadName(Comment.Source);
 		Comment.SpawnTicks = Entry.SpawnTicks;
 		Comment.Text = MakeCleanText(ToUtf8(FString(FStringView(GetText(Entry)))));
 		Comment.Kind = Entry.Kind;

@@ -1,23 +1,10 @@
 #include "Formats/CommentOrigin.h"
 
-#include "Formats/CleanText.h"
 #include "Formats/FieldValues.h"
 #include "JsonMembers.h"
 
 namespace Flitmark
 {
-
-namespace
-{
-
-/** A text member; empty for anything else. */
-std::string ReadText(std::string_view InObject, ECommentKey InKey)
-{
-	const std::string_view Value = FindJsonMember(InObject, ToText(InKey)).value_or(std::string_view());
-	return Value.starts_with('"') ? MakeCleanText(UnquoteJson(Value)) : std::string();
-}
-
-} // namespace
 
 void ReadOrigin(FServiceComment& InOutComment)
 {
@@ -28,8 +15,8 @@ void ReadOrigin(FServiceComment& InOutComment)
 	}
 	InOutComment.Id = ReadJsonId(Source, ToText(ECommentKey::DanmakuID));
 	InOutComment.PostId = ReadJsonId(Source, ToText(ECommentKey::PostID));
-	InOutComment.UserName = ReadText(Source, ECommentKey::UserDisplayName);
-	InOutComment.PostDate = ParseDate(ReadText(Source, ECommentKey::PostDate));
+	const std::string_view Date = FindJsonMember(Source, ToText(ECommentKey::PostDate)).value_or(std::string_view());
+	InOutComment.PostDate = Date.starts_with('"') ? ParseDate(UnquoteJson(Date)) : 0;
 }
 
 } // namespace Flitmark

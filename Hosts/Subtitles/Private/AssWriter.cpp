@@ -53,6 +53,7 @@ public:
 		, Opacity(InOpacity)
 		, CanvasSize(InCanvasSize)
 		, Usual(InEngine.PrimaryFace())
+		, UsualWeight(Usual.Weight > 550 ? BoldWeight : RegularWeight)
 	{
 	}
 
@@ -75,6 +76,10 @@ private:
 	const FVector2f CanvasSize;
 	/** The style's font. */
 	const FFontFace& Usual;
+	/** A style is either of these, as far as weight goes. */
+	static constexpr int32 RegularWeight = 400;
+	static constexpr int32 BoldWeight = 700;
+	const int32 UsualWeight;
 	/** The style's size in points. */
 	static constexpr float UsualSize = FServiceComment::NormalPoints;
 };
@@ -109,8 +114,10 @@ void FAssWriter::AddHead()
 	Text += ",&H00FFFFFF,&H";
 	AppendTransparency(Text, Fade(Outline.Alpha, Opacity));
 	AppendColor(Text, Outline);
-	Text += ",&H00000000,0,0,0,0,100,100,0,0,1,";
-	AppendNumber(Text, FTextEngine::GetOutlineWidth(UsualSize));
+	Text += ",&H00000000,";
+	Text += UsualWeight == BoldWeight ? "-1" : "0";
+	Text += ",0,0,0,100,100,0,0,1,";
+	AppendNumber(Text, Engine.GetOutlineWidth(UsualSize));
 	Text += ",0,7,0,0,0,1\n"
 			"\n[Events]\n"
 			"Format: Layer, Start, End, Style, Name, MarginL, MarginR, MarginV, Effect, Text\n";
@@ -188,7 +195,7 @@ void FAssWriter::AddLook(const FCommentStyle& InStyle)
 		Text += "\\fs";
 		AppendNumber(Text, GetFontSize(Usual, FTextEngine::GetEm(InStyle.Size)));
 		Text += "\\bord";
-		AppendNumber(Text, FTextEngine::GetOutlineWidth(InStyle.Size));
+		AppendNumber(Text, Engine.GetOutlineWidth(InStyle.Size));
 	}
 	if (!AreSame(Color, White))
 	{
@@ -217,8 +224,7 @@ void FAssWriter::AddPieces(const FTextRow& InRow, float InSize)
 {
 	const double Em = FTextEngine::GetEm(InSize);
 	const FFontFace* Current = &Usual;
-	constexpr int32 StyleWeight = 400;
-	int32 Weight = StyleWeight;
+	int32 Weight = UsualWeight;
 	bool bItalic = false;
 	for (std::size_t Index = 0; Index < InRow.Pieces.size(); ++Index)
 	{

@@ -36,10 +36,11 @@ constexpr bool IsDark(FTextColor InColor)
 class FTextEngine::FImpl
 {
 public:
-	explicit FImpl(std::unique_ptr<FFontSet> InFonts)
-		: Fonts(std::move(InFonts))
+	FImpl(std::unique_ptr<FFontSet> InFonts, double InOutline)
+		: Outline(InOutline)
+		, Fonts(std::move(InFonts))
 		, Shaper(*Fonts)
-		, Glyphs(*Fonts)
+		, Glyphs(*Fonts, InOutline)
 		, Extents(FTextLimits::MeasureCacheBytes)
 	{
 	}
@@ -57,6 +58,8 @@ public:
 		return Extent;
 	}
 
+	/** See FTextOptions. */
+	const double Outline;
 	std::unique_ptr<FFontSet> Fonts;
 	FShaper Shaper;
 	FGlyphStore Glyphs;
@@ -65,12 +68,12 @@ public:
 
 std::unique_ptr<FTextEngine> FTextEngine::Create(const FTextOptions& InOptions, std::string& OutError)
 {
-	std::unique_ptr<FFontSet> Fonts = FFontSet::Create(InOptions.Family, OutError);
+	std::unique_ptr<FFontSet> Fonts = FFontSet::Create(InOptions, OutError);
 	if (!Fonts)
 	{
 		return nullptr;
 	}
-	return std::unique_ptr<FTextEngine>(new FTextEngine(std::make_unique<FImpl>(std::move(Fonts))));
+	return std::unique_ptr<FTextEngine>(new FTextEngine(std::make_unique<FImpl>(std::move(Fonts), InOptions.Outline)));
 }
 
 FTextEngine::FTextEngine(std::unique_ptr<FImpl> InImpl)
@@ -133,9 +136,9 @@ double FTextEngine::GetEm(float InSizePoints)
 	return std::min(InSizePoints, std::numeric_limits<float>::max()) * TextMetrics::CanvasUnitsPerPoint;
 }
 
-double FTextEngine::GetOutlineWidth(float InSizePoints)
+double FTextEngine::GetOutlineWidth(float InSizePoints) const
 {
-	return std::max(GetEm(InSizePoints) * TextMetrics::Outline, 1.0);
+	return std::max(GetEm(InSizePoints) * TextMetrics::Outline * Impl->Outline, std::min(Impl->Outline, 1.0));
 }
 
 FTextColor FTextEngine::GetOutlineColor(FTextColor InColor)

@@ -6,7 +6,7 @@ namespace Flitmark
 {
 
 /**
- * Reads from a comment's Source what showing and filtering it do not need: ID, post, sender's name, and date. Does nothing
+ * Reads from a comment's Source what showing and filtering it do not need: ID, post, and date. Does nothing
  * for comments of other formats, which have them.
  */
 void ReadOrigin(FServiceComment& InOutComment);
