@@ -32,7 +32,7 @@ void FCommentNode::Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOri
 	Comments.clear();
 	for (const FSceneComment& Comment : InOverlay.GetScene().GetComments())
 	{
-		const double Lift = Comment.bAtBottom && !Comment.bMovesX ? InLift : 0.0;
+		const double Lift = Comment.bAtBottom ? InLift : 0.0;
 		Comments.push_back({Comment.Style->Id, QPointF(Comment.Position.X * Scale, Comment.Position.Y * Scale - Lift),
 							!Comment.bMovesX, !Comment.bMovesY, Comment.bViewers});
 	}
