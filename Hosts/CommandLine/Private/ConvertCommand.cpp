@@ -324,7 +324,7 @@ void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 		->type_name("OUT")
 		->required();
 	Command->add_option("--to", Arguments->FormName, "What to write, whatever OUT's ending (default: for -, json)")
-		->type_name("json|xml|ass")
+		->type_name("FORM")
 		->check(CLI::IsMember({"json", "xml", "ass"}));
 	Command
 		->add_option(
