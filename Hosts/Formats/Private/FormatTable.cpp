@@ -1,5 +1,6 @@
 #include "Formats/CommentFormat.h"
 
+#include "Formats/CommentSource.h"
 #include "TextDecoding.h"
 
 #include <algorithm>
@@ -66,9 +67,9 @@ const FCommentFormat* DetectFile(const std::filesystem::path& InPath)
 {
 	std::error_code Ignored;
 	std::string Error;
-	const std::unique_ptr<FFileSource> Source =
-		std::filesystem::is_regular_file(InPath, Ignored) ? FFileSource::Open(InPath, Error) : nullptr;
-	return Source ? DetectFormat(Source->ReadUpTo(DetectionSize)) : nullptr;
+	const std::unique_ptr<FCommentSource> Source =
+		std::filesystem::is_regular_file(InPath, Ignored) ? FCommentSource::Open(InPath, Error) : nullptr;
+	return Source ? Source->GetFormat() : nullptr;
 }
 
 } // namespace Flitmark
