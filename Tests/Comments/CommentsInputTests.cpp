@@ -16,6 +16,7 @@ namespace
 {
 
 using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -221,6 +222,45 @@ TEST_F(FCommentsTest, NamesInDocumentsCanBeBlocked)
 			 Filters);
 	ASSERT_TRUE(File) << Error;
 	EXPECT_THAT(GetTexts(File->Document), ElementsAre("b", "c"));
+}
+
+std::string RepeatLines(int InNumLines)
+{
+	std::string Text = "x";
+	for (int Line = 1; Line < InNumLines; ++Line)
+	{
+		Text += "/nx";
+	}
+	return Text;
+}
+
+/** A normal line is 40 units high; scrolling comments have 53 lanes of 15.12 units, bottom ones 17. */
+TEST_F(FCommentsTest, TallCommentsAreMadeToFit)
+{
+	const struct
+	{
+		int Mode;
+		int NumLines;
+		int Size;
+	} Cases[] = {{1, 20, 24}, {1, 21, 22}, {5, 20, 24}, {5, 40, 12}, {4, 6, 24}, {4, 7, 21}, {4, 1, 24}, {1, 2000, 1}};
+	std::string Xml = "<i>";
+	for (const auto& Case : Cases)
+	{
+		Xml += "<d p=\"1," + std::to_string(Case.Mode) + ",25,0\">" + RepeatLines(Case.NumLines) + "</d>";
+	}
+	const std::optional<FCommentsFile> File = Load(Xml + "</i>");
+	ASSERT_TRUE(File) << Error;
+	ASSERT_EQ(File->Document.GetEntries().size(), std::size(Cases));
+	for (std::size_t Index = 0; Index < std::size(Cases); ++Index)
+	{
+		EXPECT_EQ(File->Document.GetEntries()[Index].FontSize, Cases[Index].Size) << Cases[Index].NumLines;
+	}
+	EXPECT_EQ(File->Report.NumFitted, 4U);
+	EXPECT_THAT(File->MakeNotes(), Contains(HasSubstr("4 of many lines, which are made smaller to fit")));
+
+	const std::optional<FCommentsFile> Own = Load(ToUtf8(File->Text) + " ", Block("nothing"));
+	ASSERT_TRUE(Own) << Error;
+	EXPECT_EQ(Own->Report.NumFitted, 0U);
 }
 
 /** Everything that was in a file is in its report, once. */

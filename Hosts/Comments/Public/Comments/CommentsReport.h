@@ -22,6 +22,9 @@ struct FCommentsReport
 	FImportReport Import;
 	FKindCounts Kinds;
 
+	/** Comments of so many lines that they were made smaller to fit. */
+	uint64 NumFitted = 0;
+
 	/** How many entries will not be shown because of what they are, or because they are broken. */
 	int64 CountLost() const { return static_cast<int64>(Import.NumBroken + Kinds.CountDropped()); }
 };
