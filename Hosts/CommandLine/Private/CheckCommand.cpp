@@ -191,6 +191,7 @@ void AddLoading(FJsonLine& Line, const FCommentsFile& InFile)
 	Line.Add("read", static_cast<int64>(Import.NumRead));
 	Line.Add("broken", static_cast<int64>(Import.NumBroken));
 	Line.Add("repaired", static_cast<int64>(Import.NumRepaired));
+	Line.Add("skipped", static_cast<int64>(Import.CountSkipped()));
 	Line.Add("not_served", static_cast<int64>(InFile.Report.Kinds.CountDropped()));
 	Line.BeginArray("notes");
 	for (const std::string& Note : DescribeLosses(InFile.Report))

@@ -6,6 +6,7 @@
 #include "Formats/CommentDocumentWriter.h"
 #include "Formats/CommentSource.h"
 #include "Formats/ForeignFile.h"
+#include "LaneFit.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -244,6 +245,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	Input.Bytes.reset();
 	OrderByTime(Input.Comments);
 	Input.Report.Kinds = ApplyKindPolicy(Input.Comments, InKinds);
+	Input.Report.NumFitted = FitIntoLanes(Input.Comments);
 	return Input;
 }
 
@@ -291,6 +293,7 @@ bool FCommentsInput::ImportOwn(std::string& OutError)
 	Document = {};
 	Report.bImported = true;
 	Report.Import.Format = &OwnDocumentFormat;
+	Report.Import.NumEntries = Comments.size();
 	Report.Import.NumRead = Comments.size();
 	return true;
 }

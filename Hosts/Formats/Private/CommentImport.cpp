@@ -45,6 +45,16 @@ bool Import(FCommentSource& InSource, FImportResult& OutResult, std::string& Out
 
 } // namespace
 
+uint64 FImportReport::CountSkipped() const
+{
+	uint64 Num = 0;
+	for (const FSkippedEntries& Entries : Skipped)
+	{
+		Num += Entries.Num;
+	}
+	return Num;
+}
+
 bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string& OutError)
 {
 	FCommentSource Source(InSource);
