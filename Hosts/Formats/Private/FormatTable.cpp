@@ -9,21 +9,28 @@ namespace Flitmark
 {
 
 // Each format has a file of its own, named after it. A new one needs a line here and one in the table.
+extern const FCommentFormat BodyJsonFormat;
 extern const FCommentFormat ChatJsonFormat;
 extern const FCommentFormat ChatXmlFormat;
+extern const FCommentFormat ListElementsJsonFormat;
 extern const FCommentFormat ListProtobufFormat;
 extern const FCommentFormat ListXmlFormat;
+extern const FCommentFormat LiveChatJsonFormat;
+extern const FCommentFormat MessageListJsonFormat;
 extern const FCommentFormat ObjectsJsonFormat;
+extern const FCommentFormat OffsetChatJsonFormat;
 extern const FCommentFormat ParametersJsonFormat;
 extern const FCommentFormat RowsJsonFormat;
+extern const FCommentFormat TextJsonFormat;
 
 namespace
 {
 
 /** In the order in which Docs/formats.md describes them; binary ones first, since their bytes may pass for text. */
 constexpr const FCommentFormat* Formats[] = {
-	&ListProtobufFormat, &ListXmlFormat,  &ParametersJsonFormat, &RowsJsonFormat,
-	&ChatXmlFormat,		 &ChatJsonFormat, &ObjectsJsonFormat,	 &OwnDocumentFormat,
+	&ListProtobufFormat, &ListXmlFormat,  &ListElementsJsonFormat, &ParametersJsonFormat, &RowsJsonFormat,
+	&ChatXmlFormat,		 &ChatJsonFormat, &LiveChatJsonFormat,	   &OffsetChatJsonFormat, &MessageListJsonFormat,
+	&ObjectsJsonFormat,	 &BodyJsonFormat, &TextJsonFormat,		   &OwnDocumentFormat,
 };
 
 } // namespace

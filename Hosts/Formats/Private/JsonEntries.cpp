@@ -274,11 +274,23 @@ FJsonValueReader::FRead FJsonEntries::ReadValue()
 /** InSize: of the entry in the view. */
 void FJsonEntries::AddEntry(std::size_t InSize)
 {
+	Sink.AddEmotes(Schema.NumEmotes);
 	Sink.Add(std::move(Schema.Comment), Window.GetOffset() + InSize);
 }
 
 /** Of an entry that was read to its end; whether it became a comment. */
 bool FJsonEntries::SettleEntry(std::size_t InSize)
+{
+	bool bAdded = SettlePart(InSize);
+	while (Schema.NextPart())
+	{
+		Sink.BeginEntry();
+		bAdded = SettlePart(InSize) || bAdded;
+	}
+	return bAdded;
+}
+
+bool FJsonEntries::SettlePart(std::size_t InSize)
 {
 	const char* const Fault = Schema.Finish();
 	if (!Schema.Skipped.empty())

@@ -52,6 +52,7 @@ private:
 	FJsonValueReader::FRead ReadValue();
 	void AddEntry(std::size_t InSize);
 	bool SettleEntry(std::size_t InSize);
+	bool SettlePart(std::size_t InSize);
 	void OnDamage(const FJsonValueReader::FRead& InRead);
 	bool ReadRepaired();
 	void SkipToNextEntry();
