@@ -189,6 +189,38 @@ TEST(ReplayOrigin, IsKept)
 			  "7 0 1294271946 \"\" 1600000000\n");
 }
 
+/** Neither beyond any video nor with fractions: only how many there are tells. */
+TEST(ReplayFile, TimesThatWouldBeTooDenseAreSeconds)
+{
+	std::string Json = "[";
+	for (int Second = 0; Second <= 5000; ++Second)
+	{
+		Json += "{\"stime\":" + std::to_string(Second) + ",\"text\":\"x\"},";
+	}
+	Json.back() = ']';
+	EXPECT_EQ(ImportText(Json).Comments.back().SpawnTicks, 50'000'000'000);
+}
+
+TEST(ReplayFile, HugeStringsAroundCommentsDoNoHarm)
+{
+	const std::string Entry = R"([{"content_offset_seconds":1,"message":{"body":"a"}}])";
+	for (const std::size_t Size : {65'535, 65'536, 200'001})
+	{
+		const std::string Picture = std::string(Size, 'A') + R"(\"\\\")" + std::string(70'000, '\\') + "{";
+		const std::string Json = R"({"first":{"content_offset_seconds":0,"message":{"body":"x"}},"picture":")" +
+								 Picture + R"(","comments":)" + Entry + R"(,"other":")" + Picture + "\"}";
+		for (const std::size_t PieceSize : {std::size_t{1000}, Json.size()})
+		{
+			FMemorySource Source(Json, PieceSize);
+			FImportResult Result;
+			std::string Error;
+			ASSERT_TRUE(ImportComments(Source, Result, Error)) << Error;
+			EXPECT_EQ(Describe(Result), "10000000 s24 FFFFFFFF \"a\"\n") << Size;
+			EXPECT_TRUE(Result.Report.Warnings.empty()) << Size;
+		}
+	}
+}
+
 TEST(ReplayFile, OneThatIsTooDeepCostsOnlyItself)
 {
 	const std::string Deep = Line("1000", Words(R"({"text":"x","deep":)" + std::string(1000, '[') + "}"));

@@ -135,10 +135,37 @@ void FJsonEntries::OnString()
 		Window.FillTo(LongestString);
 		End = FindStringEnd(Window.GetView(), 0);
 	}
-	const std::string_view String = Window.GetView().substr(0, End);
 	bAfterColon = false;
 	ReportStray();
-	Window.Consume(String.size());
+	if (End != std::string_view::npos)
+	{
+		Window.Consume(End);
+		return;
+	}
+	Window.Consume(1);
+	SkipLongString();
+}
+
+/** Some files have whole pictures in a string. The view begins inside it. */
+void FJsonEntries::SkipLongString()
+{
+	do
+	{
+		const std::string_view View = Window.GetView();
+		std::size_t Place = View.find_first_of("\"\\");
+		while (Place < View.size() && View[Place] == '\\' && Place + 1 < View.size())
+		{
+			Place = View.find_first_of("\"\\", Place + 2);
+		}
+		if (Place < View.size() && View[Place] == '"')
+		{
+			Window.Consume(Place + 1);
+			return;
+		}
+		// A backslash at the very end escapes what comes next.
+		Window.Consume(std::min(Place, View.size()));
+	} while (Window.Fill());
+	Window.Consume(Window.GetView().size());
 }
 
 void FJsonEntries::OnScalar()

@@ -39,6 +39,7 @@ private:
 	void OnOpening();
 	void OnClosing(bool bInList);
 	void OnString();
+	void SkipLongString();
 	void OnScalar();
 	void ReportStray();
 

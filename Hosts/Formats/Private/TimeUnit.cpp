@@ -17,6 +17,9 @@ constexpr int64 LongestVideo = 12 * 3600 * TicksPerSecond;
 /** All times of a file as milliseconds would be within one second. */
 constexpr int64 LeastMilliseconds = MillisecondsPerSecond * TicksPerSecond;
 
+/** More comments a second, all the time, than anyone writes. */
+constexpr int64 MaxDensity = 20;
+
 ETimeUnit FindUnit(std::span<const FServiceComment> InComments, ETimeUnit InUsual)
 {
 	std::size_t NumLong = 0;
@@ -33,7 +36,9 @@ ETimeUnit FindUnit(std::span<const FServiceComment> InComments, ETimeUnit InUsua
 	{
 		return ETimeUnit::Millisecond;
 	}
-	const bool bSeconds = NumFractions * 10 > InComments.size() || Longest < LeastMilliseconds;
+	const auto Num = static_cast<int64>(InComments.size());
+	const bool bDense = Num > Longest / LeastMilliseconds * MaxDensity;
+	const bool bSeconds = NumFractions * 10 > InComments.size() || Longest < LeastMilliseconds || bDense;
 	return bSeconds ? ETimeUnit::Second : InUsual;
 }
 
