@@ -242,7 +242,7 @@ TEST_F(FCommentsTest, TallCommentsAreMadeToFit)
 		int Mode;
 		int NumLines;
 		int Size;
-	} Cases[] = {{1, 20, 24}, {1, 21, 22}, {5, 20, 24}, {5, 40, 12}, {4, 6, 24}, {4, 7, 21}, {4, 1, 24}, {1, 2000, 1}};
+	} Cases[] = {{1, 20, 24}, {1, 21, 17}, {5, 20, 24}, {5, 40, 9}, {4, 6, 24}, {4, 7, 16}, {4, 1, 24}, {1, 2000, 1}};
 	std::string Xml = "<i>";
 	for (const auto& Case : Cases)
 	{

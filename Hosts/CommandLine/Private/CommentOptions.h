@@ -25,6 +25,9 @@ struct FCommentArguments
 	std::vector<std::string> BlockUsers;
 	std::vector<std::string> BlockFiles;
 	std::string Only;
+	bool bNoScroll = false;
+	bool bNoTop = false;
+	bool bNoBottom = false;
 	std::string Merge;
 	std::string MaxPerSecond;
 };

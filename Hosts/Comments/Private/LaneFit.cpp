@@ -20,11 +20,19 @@ constexpr int64 BottomRoom = 256;
 constexpr int64 LineNumerator = 5;
 constexpr int64 LineDenominator = 3;
 
-/** The largest size in which so many lines fit; 1 if none does. */
-int64 FindLargestSize(ECommentKind InKind, int64 InNumLines)
+bool Fits(int64 InRoom, int64 InNumLines, int64 InFontSize)
 {
-	const int64 Room = InKind == ECommentKind::Bottom ? BottomRoom : UpperRoom;
-	return std::max<int64>(Room * LineDenominator / (LineNumerator * InNumLines), 1);
+	return InFontSize * InNumLines * LineNumerator <= InRoom * LineDenominator;
+}
+
+/**
+ * The size for so many lines that are too high, at least 1. They get three quarters of the room: what takes all lanes is
+ * shown only where the very first is free, so among other comments it would hardly ever be.
+ */
+int32 FindSmallerSize(int64 InRoom, int64 InNumLines)
+{
+	const int64 Size = InRoom * 3 / 4 * LineDenominator / (LineNumerator * InNumLines);
+	return static_cast<int32>(std::max<int64>(Size, 1));
 }
 
 } // namespace
@@ -34,10 +42,11 @@ uint64 FitIntoLanes(std::vector<FServiceComment>& InOutComments)
 	uint64 NumSmaller = 0;
 	for (FServiceComment& Comment : InOutComments)
 	{
-		const int64 Largest = FindLargestSize(Comment.Kind, std::ranges::count(Comment.Text, '\n') + 1);
-		if (Comment.FontSize > Largest)
+		const int64 Room = Comment.Kind == ECommentKind::Bottom ? BottomRoom : UpperRoom;
+		const int64 NumLines = std::ranges::count(Comment.Text, '\n') + 1;
+		if (Comment.FontSize > 1 && !Fits(Room, NumLines, Comment.FontSize))
 		{
-			Comment.FontSize = static_cast<int32>(Largest);
+			Comment.FontSize = FindSmallerSize(Room, NumLines);
 			++NumSmaller;
 		}
 	}

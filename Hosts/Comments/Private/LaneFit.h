@@ -9,8 +9,8 @@ namespace Flitmark
 {
 
 /**
- * Makes comments of so many lines that no canvas has the lanes for them as small as it takes, which is what services do,
- * too. Kinds must be settled. How many comments became smaller.
+ * Makes comments smaller, as services do, that have so many lines that an empty canvas has not the lanes for them. Kinds
+ * must be settled. How many there were.
  */
 uint64 FitIntoLanes(std::vector<FServiceComment>& InOutComments);
 
