@@ -149,6 +149,8 @@ INSTANTIATE_TEST_SUITE_P(
 		FRefusalCase{"NotAVideo", {"burn", "%/plain.txt", "%/c.json", "-o", "%/o.mp4"}, "plain.txt"},
 		FRefusalCase{
 			"NotAVideoForShot", {"shot", "%/plain.txt", "%/c.json", "-o", "%/p.png", "--at", "0"}, "plain.txt"},
+		FRefusalCase{"Swapped", {"burn", "%/c.json", "%/v.mp4", "-o", "%/o.mp4"}, "the video comes first"},
+		FRefusalCase{"TwoVideos", {"shot", "%/v.mp4", "%/v.mp4", "-o", "%/p.png", "--at", "0"}, "is a video (MP4)"},
 		FRefusalCase{"MissingDocument", {"burn", "%/v.mp4", "%/d.json", "-o", "%/o.mp4"}, "d.json: cannot be opened"},
 		FRefusalCase{"ShotBehindEnd", {"shot", "%/v.mp4", "%/c.json", "-o", "%/p.png", "--at", "5:00"}, "only 2.0"}),
 	[](const auto& InCase) { return InCase.param.Name; });

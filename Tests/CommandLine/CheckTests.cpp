@@ -128,11 +128,12 @@ TEST_P(Faults, AreToldWithTheirPlace)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Faults,
-						 testing::Values(FFaultCase{"Empty", "", ":1:1: not JSON"},
+						 testing::Values(FFaultCase{"Empty", "", ": is empty"},
 										 FFaultCase{"Comma", "{\"datas\":[\n  {},\n  }\n]}", ":3:3: not JSON"},
 										 FFaultCase{"CutOff", "{\"datas\":[{\"a\":1", ":1:17: not JSON"},
-										 FFaultCase{"List", "[{}]", ": it has no list of comments named \"datas\""},
-										 FFaultCase{"OtherName", R"({"comments":[]})", ": it has no list of comments"},
+										 FFaultCase{"List", "[{}]", ": is JSON, or looks like it"},
+										 FFaultCase{"OtherName", R"({"comments":[]})",
+													": is JSON with no comments in it"},
 										 FFaultCase{"NoList", R"({"datas":{}})", ": its \"datas\" is not a list"}),
 						 [](const auto& InCase) { return InCase.param.Name; });
 

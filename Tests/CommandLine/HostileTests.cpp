@@ -92,5 +92,24 @@ INSTANTIATE_TEST_SUITE_P(
 		FHostileCase{"DenseSecond", [] { return MakeDocument(std::vector<std::string>(50'000, MakeComment())); }, 0}),
 	[](const auto& InCase) { return InCase.param.Name; });
 
+/** What is no comment file is known by its beginning, however long it is. */
+TEST(HostileFiles, OfOtherKindsAreNotReadWhole)
+{
+	constexpr std::uintmax_t Size = std::uintmax_t{2} << 30;
+	constexpr long MaxPeakMiB = 100;
+	const FTestFolder Folder;
+	for (const std::string Beginning : {"", "{\"a\":1,", "no comments"})
+	{
+		const std::string Path = Folder.Write("c", Beginning);
+		std::filesystem::resize_file(Path, Size);
+		for (const char* Command : {"check", "stats"})
+		{
+			const FProgramResult Result = RunProgram({Command, Path});
+			EXPECT_EQ(Result.ExitCode, 1) << Result.Error;
+			EXPECT_LT(Result.PeakMiB, MaxPeakMiB) << Beginning;
+		}
+	}
+}
+
 } // namespace
 } // namespace Flitmark::Testing

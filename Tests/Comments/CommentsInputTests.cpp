@@ -289,7 +289,9 @@ TEST_F(FCommentsTest, RefusalsSayWhatAndWhere)
 {
 	const std::pair<const char*, const char*> Cases[] = {
 		{"{\"datas\":[\n  {},\n  }\n]}", ":3:3: not JSON"},
-		{R"({"comments":[]})", ": it has no list of comments named \"datas\"; a comment document is"},
+		{R"({"comments":[]})", ": is JSON with no comments in it: its list \"comments\" is empty"},
+		{R"({"caf\u00e9":1})", ": is JSON, but in no known form of comments"},
+		{R"({"d\u0061tas":{}})", "known form of comments"},
 		{R"({"datas":{}})", ": its \"datas\" is not a list of comments"},
 		{"Dear diary", ": is in no known format"},
 	};

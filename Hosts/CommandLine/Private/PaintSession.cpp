@@ -2,6 +2,7 @@
 
 #include "Comments/CommentsReport.h"
 #include "DocumentReview.h"
+#include "Formats/CommentFormat.h"
 #include "Message.h"
 #include "SizeProbe.h"
 #include "Values/OptionChecks.h"
@@ -40,6 +41,12 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	if (std::filesystem::equivalent(InArguments.Output, InArguments.Comments, Ignored))
 	{
 		OutError = InArguments.Output + ": is the file of the comments; name another output";
+		return nullptr;
+	}
+	if (const FCommentFormat* const Format = DetectFile(InArguments.Video))
+	{
+		OutError = InArguments.Video + ": is a file of comments (" + std::string(ToText(Format)) +
+				   "), not a video; the video comes first, then the comments";
 		return nullptr;
 	}
 	Session->Video = LoadVideoLibrary(OutError);

@@ -115,6 +115,7 @@ std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 	Count(Kinds.NumReverseTurned, "from left to right, which scroll", Turned);
 	Count(Kinds.NumPositionedTurned, "positioned, which stand at the top", Turned);
 	Count(Kinds.NumPaidTurned, "paid, which stand at the top", Turned);
+	Count(InReport.Import.NumEmotes, "pictures within texts, of which the names are shown", Turned);
 	Count(InReport.NumFitted, "of many lines, which are made smaller to fit", Turned);
 	if (!Turned.empty())
 	{

@@ -28,7 +28,10 @@ struct FCommentsInput
 {
 	FCommentsReport Report;
 
-	/** The whole file if it is our own document, or in no known format. */
+	/** What the file is instead, for people, if it can be no comments at all; empty for others. */
+	std::string Foreign;
+
+	/** The whole file, unpacked, if it may be our own document; its beginning if it is foreign. */
 	std::optional<std::string> Bytes;
 
 	/** Of Bytes, once ReadDocument read them. */
@@ -47,6 +50,9 @@ struct FCommentsInput
 
 	/** Reads Bytes as our own document, unless that was done; false with OutError set if they are not one. */
 	bool ReadDocument(std::string& OutError, bool bInKeepBytes = true);
+
+	/** Why ReadDocument failed; nothing if it did not. */
+	std::optional<FDocumentFault> GetFault() const;
 
 	/** ReadDocument, and its comments into Comments; the text goes. */
 	bool ImportOwn(std::string& OutError);
