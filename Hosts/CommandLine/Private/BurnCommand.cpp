@@ -46,7 +46,9 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 int RunBurn(const FBurnArguments& InArguments)
 {
 	std::string Error;
-	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(InArguments.Paint, Error);
+	FPaintArguments Paint = InArguments.Paint;
+	Paint.BeginTicks = FTimespan::FromSeconds(ParseTime(InArguments.From).value_or(0.0)).GetTicks();
+	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(Paint, Error);
 	if (!Session)
 	{
 		return PrintError(Error);
@@ -68,6 +70,7 @@ int RunBurn(const FBurnArguments& InArguments)
 	}
 	Session->ReportCuts();
 	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), Progress.Summary().c_str());
+	std::printf("%s: %s\n", InArguments.Paint.Comments.c_str(), Session->GetReport().Describe().c_str());
 	return ExitSuccess;
 }
 

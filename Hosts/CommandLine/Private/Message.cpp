@@ -1,5 +1,6 @@
 #include "Message.h"
 
+#include "Activity.h"
 #include "ExitCodes.h"
 
 #include <cstdio>
@@ -15,6 +16,7 @@ int PrintError(const std::string& InMessage)
 
 void PrintNote(const std::string& InMessage)
 {
+	FActivity::Clear();
 	// In one piece, so that lines of several programs do not mix.
 	std::fputs(("flitmark: " + InMessage + "\n").c_str(), stderr);
 }

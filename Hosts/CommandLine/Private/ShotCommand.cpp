@@ -27,7 +27,9 @@ struct FShotArguments
 int RunShot(const FShotArguments& InArguments)
 {
 	std::string Error;
-	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(InArguments.Paint, Error);
+	FPaintArguments Paint = InArguments.Paint;
+	Paint.BeginTicks = MAX_int64;
+	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(Paint, Error);
 	if (!Session)
 	{
 		return PrintError(Error);
@@ -44,6 +46,7 @@ int RunShot(const FShotArguments& InArguments)
 	}
 	Session->ReportCuts();
 	std::printf("%s: the frame at %s\n", Options.Output.c_str(), InArguments.At.c_str());
+	std::printf("%s: %s\n", InArguments.Paint.Comments.c_str(), Session->GetReport().Describe().c_str());
 	return ExitSuccess;
 }
 

@@ -2,6 +2,7 @@
 
 #include "CoreTypes.h"
 
+#include <algorithm>
 #include <sys/ioctl.h>
 #include <unistd.h>
 #include <unicode/uchar.h>
@@ -51,9 +52,18 @@ std::string CutToColumns(std::string_view InText, std::size_t InColumns)
 	std::size_t Columns = 0;
 	/** As much of it as leaves room for an ellipsis. */
 	int32 CutLength = 0;
+	// A million marks on one letter take no column, but would keep a terminal busy.
+	constexpr int32 MostPerColumn = 16;
+	const auto Longest = static_cast<int32>(std::min<std::size_t>(InColumns, 10'000)) * MostPerColumn;
 	for (int32 Index = 0; Index < Text.length() && Columns <= InColumns; Index = Text.moveIndex32(Index, 1))
 	{
 		const UChar32 Character = Text.char32At(Index);
+		if (Whole.length() >= Longest)
+		{
+			Columns = InColumns + 1;
+			CutLength = Whole.length();
+			break;
+		}
 		if (!IsActedOn(Character))
 		{
 			Whole += Character;

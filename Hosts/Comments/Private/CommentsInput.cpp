@@ -1,5 +1,6 @@
 #include "Comments/CommentsInput.h"
 
+#include "Comments/CrowdBound.h"
 #include "Files/ByteSource.h"
 #include "Files/FileText.h"
 #include "Filtering/CommentOrder.h"
@@ -113,7 +114,7 @@ const FCommentFormat* DetectWhole(FCommentsInput& InOutInput)
 }
 
 /** Reads another format's comments: from the bytes where there are some, piece by piece from the file otherwise. */
-bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
+bool ImportOther(FCommentsInput& InOutInput, const std::string& InPath, std::string& OutError)
 {
 	FImportResult Result;
 	bool bRead = false;
@@ -125,12 +126,23 @@ bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
 	}
 	else
 	{
-		bRead = ImportComments(InOutInput.Report.Path, Result, OutError);
+		bRead = ImportComments(InPath, Result, OutError);
 	}
 	InOutInput.Report.bImported = true;
 	InOutInput.Report.Import = std::move(Result.Report);
 	InOutInput.Comments = std::move(Result.Comments);
 	return bRead;
+}
+
+/** Our own document as it is, less what is too much of it. */
+FCommentsFile TakeOwn(FCommentsInput InInput)
+{
+	FCommentsFile File;
+	File.Text = std::move(*InInput.Text);
+	File.Document = std::move(InInput.Document);
+	File.Report = std::move(InInput.Report);
+	File.Report.NumCrowdedOut = BoundCrowds(File.Text, File.Document);
+	return File;
 }
 
 /** Filters comments that were read, and makes what the overlay is handed. */
@@ -141,6 +153,7 @@ bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommen
 	{
 		OutFile.Rules = InOptions.Filter->Apply(InInput.Comments);
 	}
+	InInput.Report.NumCrowdedOut = BoundCrowds(InInput.Comments);
 	std::size_t Size = 0;
 	for (const FServiceComment& Comment : InInput.Comments)
 	{
@@ -171,13 +184,15 @@ bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommen
 std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, const FKindPolicy& InKinds,
 												   std::string& OutError)
 {
+	const bool bStandard = InPath == StandardInput;
+	const std::string Path = bStandard ? "/dev/stdin" : InPath;
 	FCommentsInput Input;
-	Input.Report.Path = InPath;
-	const std::optional<FFileLook> Look = LookAtFile(InPath);
+	Input.Report.Path = bStandard ? "standard input" : InPath;
+	const std::optional<FFileLook> Look = LookAtFile(Path);
 	Input.Report.Import.Format = Look ? Look->Format : nullptr;
 	if (!Look || Look->bMayBeOwn)
 	{
-		Input.Bytes = LoadBytes(InPath, OutError);
+		Input.Bytes = LoadBytes(Path, OutError);
 		if (!Input.Bytes)
 		{
 			return std::nullopt;
@@ -188,7 +203,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	{
 		return Input;
 	}
-	if (!ImportOther(Input, OutError))
+	if (!ImportOther(Input, Path, OutError))
 	{
 		return std::nullopt;
 	}
@@ -287,10 +302,7 @@ std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FComm
 		}
 		if (!bFiltered)
 		{
-			File.Text = std::move(*Input->Text);
-			File.Document = std::move(Input->Document);
-			File.Report = std::move(Input->Report);
-			return File;
+			return TakeOwn(std::move(*Input));
 		}
 	}
 	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
@@ -308,9 +320,8 @@ std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FComme
 	std::string Ignored;
 	if (Input->Bytes && (InOptions.Filter == nullptr || !Input->ImportOwn(Ignored)))
 	{
-		File.Text = Input->Text ? std::move(*Input->Text) : FromUtf8(*Input->Bytes);
-		File.Report = std::move(Input->Report);
-		return File;
+		Input->ReadDocument(Ignored, false);
+		return TakeOwn(std::move(*Input));
 	}
 	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
 }
