@@ -33,6 +33,7 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 {
 	FBurnOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.Codec = InArguments.Codec;
 	Options.Crf = InArguments.Crf;
@@ -69,8 +70,8 @@ int RunBurn(const FBurnArguments& InArguments)
 		break;
 	}
 	Session->ReportCuts();
-	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), Progress.Summary().c_str());
-	std::printf("%s: %s\n", InArguments.Paint.Comments.c_str(), Session->GetReport().Describe().c_str());
+	PrintReport("%s: %s\n", InArguments.Paint.Output, Progress.Summary());
+	PrintReport("%s: %s\n", InArguments.Paint.Comments, Session->GetReport().Describe());
 	return ExitSuccess;
 }
 

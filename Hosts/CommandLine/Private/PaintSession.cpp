@@ -22,6 +22,8 @@ void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
 		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and for encoding; 0 lets each decide")
 		->check(MakeNumberCheck(0, 256))
 		->capture_default_str();
+	InCommand.add_flag("--allow-playlists", InOutArguments.bAllowPlaylists,
+					   "Let VIDEO be a list of other files, and open them; without it only VIDEO itself is opened");
 	AddOverlayOptions(InCommand, InOutArguments.Overlay);
 	AddCommentOptions(InCommand, InOutArguments.CommentOptions);
 }
@@ -39,7 +41,8 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	}
 	Session->Video = LoadVideoLibrary(OutError);
 	const std::optional<FVideoInfo> Info =
-		Session->Video != nullptr ? Session->Video->Probe(InArguments.Video, OutError) : std::nullopt;
+		Session->Video != nullptr ? Session->Video->Probe({InArguments.Video, InArguments.bAllowPlaylists}, OutError)
+								  : std::nullopt;
 	std::optional<FCommentsFile> Comments =
 		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
 	Session->Measure = Comments ? MakeMeasure(InArguments.Overlay.Settings.Text, OutError) : nullptr;
@@ -79,6 +82,12 @@ void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FP
 	Runner->SetMediaTime(InTicks);
 	Runner->RunFrame(InDeltaSeconds);
 	Sprites->Place(Runner->GetScene(), Runner->GetSettings(), OutSprites);
+}
+
+void FPaintSession::Jump(int64 InTicks)
+{
+	Runner->SetMediaTime(InTicks);
+	Runner->Jump();
 }
 
 int64 FPaintSession::CountOver() const

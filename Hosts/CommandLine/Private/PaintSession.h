@@ -23,6 +23,7 @@ namespace Flitmark
 struct FPaintArguments
 {
 	std::string Video;
+	bool bAllowPlaylists = false;
 	std::string Comments;
 	FCommentArguments CommentOptions;
 	std::string Output;
@@ -56,6 +57,7 @@ public:
 
 	void Open(const FVideoShape& InShape) override;
 	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+	void Jump(int64 InTicks) override;
 
 private:
 	FOverlayView Cover(const FVideoShape& InShape) const;

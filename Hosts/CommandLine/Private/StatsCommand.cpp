@@ -56,15 +56,15 @@ int RunStats(const FStatsArguments& InArguments)
 		return PrintError(Error);
 	}
 	Activity.reset();
-	std::printf("%s\n", DescribeImport(Input->Report).c_str());
+	PrintReport("%s\n", DescribeImport(Input->Report));
 	for (const std::string& Line : DescribeLosses(Input->Report))
 	{
-		std::printf("%s\n", Line.c_str());
+		PrintReport("%s\n", Line);
 	}
 	for (const FFilterRule& Rule :
 		 Settings->Filter ? Settings->Filter->Apply(Input->Comments) : std::vector<FFilterRule>())
 	{
-		std::printf("%s\n", DescribeRule(Rule).c_str());
+		PrintReport("%s\n", DescribeRule(Rule));
 	}
 	Activity = std::make_unique<FActivity>("counting");
 	const FCommentStats Stats = GatherStats(Input->Comments, MostListed);
@@ -77,7 +77,7 @@ int RunStats(const FStatsArguments& InArguments)
 		{
 			return PrintError(Error);
 		}
-		std::printf("\n%s: the density over time\n", InArguments.Picture.c_str());
+		PrintReport("\n%s: the density over time\n", InArguments.Picture);
 	}
 	return ExitSuccess;
 }

@@ -15,6 +15,7 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 	FStageOptions Options;
 	Options.Seed = InSeed;
 	Options.Measure = &Runner->Scaled;
+	Runner->Seed = InSeed;
 	Runner->Stage = FStage::Create(Options, OutError);
 	if (!Runner->Stage)
 	{
@@ -42,6 +43,7 @@ void FOverlayRunner::Load(FString InDocument, std::vector<FUpcomingText> InTexts
 {
 	// The old one's thread ends before the new one's starts.
 	Ahead.reset();
+	ListWideTexts(InTexts);
 	if (!InTexts.empty())
 	{
 		Ahead = std::make_unique<FMeasureAhead>(Measure.GetEngine(), std::move(InTexts));
@@ -50,7 +52,7 @@ void FOverlayRunner::Load(FString InDocument, std::vector<FUpcomingText> InTexts
 	if (bLaidOut)
 	{
 		Stage->GetOverlay().LoadDanmaku(InDocument);
-		Jump();
+		JumpInSlices();
 	}
 	else
 	{
@@ -83,10 +85,20 @@ void FOverlayRunner::SetPaused(bool bInPaused)
 	}
 }
 
+bool FOverlayRunner::IsOpen() const
+{
+	return Stage->GetOverlay().IsDisplayed() && Stage->GetCanvas().IsDisplayed();
+}
+
 void FOverlayRunner::ApplyPause()
 {
 	Stage->SetPlaying(!bPaused);
-	if (bPaused)
+	if (IsJumping())
+	{
+		return;
+	}
+	// Switched off, the overlay would go on starting comments on its hidden canvas.
+	if (bPaused || !IsOpen())
 	{
 		Stage->GetOverlay().Pause();
 	}
@@ -96,33 +108,35 @@ void FOverlayRunner::ApplyPause()
 	}
 }
 
-void FOverlayRunner::Jump()
+void FOverlayRunner::RunFrame(double InSeconds)
 {
 	if (!bLaidOut)
 	{
 		return;
 	}
-	// A frame before second 0 makes the overlay forget its second; a paused one would not look at the time.
-	Stage->GetOverlay().Resume();
-	Stage->Preroll();
-	ApplyPause();
-	Stage->GetOverlay().Empty();
-	UpdateScene(0.0);
-}
-
-void FOverlayRunner::RunFrame(double InSeconds)
-{
-	if (bLaidOut)
+	ApplySettings();
+	if (HasLostComments())
 	{
-		ApplySettings();
-		const double Seconds = InSeconds * Rate * Settings.Speed;
-		Stage->RunFrame(static_cast<float>(Seconds), static_cast<float>(InSeconds));
-		UpdateScene(bPaused ? 0.0 : Seconds);
-		if (const int64 Ticks = Stage->GetMediaTime(); Ticks >= 0)
-		{
-			FirstSecond = std::min(FirstSecond, Ticks / ETimespan::TicksPerSecond);
-			LastSecond = std::max(LastSecond, Ticks / ETimespan::TicksPerSecond);
-		}
+		BeginJump();
+	}
+	if (IsJumping())
+	{
+		OwedTimerTime += InSeconds;
+		RunSlice(SliceTime);
+		return;
+	}
+	const int64 Second = Stage->GetMediaTime() / ETimespan::TicksPerSecond;
+	if (bSeedsEachSecond && !bPaused && SeededSecond != Second)
+	{
+		SeedSecond(Second);
+	}
+	const double Seconds = InSeconds * Rate * Settings.Speed;
+	Stage->RunFrame(static_cast<float>(Seconds), static_cast<float>(InSeconds));
+	UpdateScene(bPaused ? 0.0 : Seconds);
+	if (const int64 Ticks = Stage->GetMediaTime(); Ticks >= 0)
+	{
+		FirstSecond = std::min(FirstSecond, Ticks / ETimespan::TicksPerSecond);
+		LastSecond = std::max(LastSecond, Ticks / ETimespan::TicksPerSecond);
 	}
 }
 
@@ -134,7 +148,7 @@ void FOverlayRunner::UpdateScene(double InSeconds)
 
 bool FOverlayRunner::IsMoving() const
 {
-	return !bPaused && Stage->GetCanvas().GetChildrenCount() > 0;
+	return IsJumping() || (!bPaused && Stage->GetCanvas().GetChildrenCount() > 0);
 }
 
 } // namespace Flitmark
