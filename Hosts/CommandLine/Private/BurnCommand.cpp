@@ -47,7 +47,9 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 int RunBurn(const FBurnArguments& InArguments)
 {
 	std::string Error;
-	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(InArguments.Paint, Error);
+	FPaintArguments Paint = InArguments.Paint;
+	Paint.BeginTicks = FTimespan::FromSeconds(ParseTime(InArguments.From).value_or(0.0)).GetTicks();
+	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(Paint, Error);
 	if (!Session)
 	{
 		return PrintError(Error);
@@ -69,6 +71,7 @@ int RunBurn(const FBurnArguments& InArguments)
 	}
 	Session->ReportCuts();
 	PrintReport("%s: %s\n", InArguments.Paint.Output, Progress.Summary());
+	PrintReport("%s: %s\n", InArguments.Paint.Comments, Session->GetReport().Describe());
 	return ExitSuccess;
 }
 

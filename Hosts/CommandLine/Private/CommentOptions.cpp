@@ -1,5 +1,6 @@
 #include "CommentOptions.h"
 
+#include "Activity.h"
 #include "Files/FileText.h"
 #include "Message.h"
 #include "Values/OptionChecks.h"
@@ -203,7 +204,12 @@ std::optional<FCommentsFile> LoadCommentsAloud(const std::string& InPath, const 
 											   std::string& OutError)
 {
 	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments, OutError);
-	std::optional<FCommentsFile> File = Settings ? LoadComments(InPath, Settings->Options, OutError) : std::nullopt;
+	std::optional<FCommentsFile> File;
+	if (Settings)
+	{
+		const FActivity Activity("reading " + InPath);
+		File = LoadComments(InPath, Settings->Options, OutError);
+	}
 	if (File)
 	{
 		PrintNotes(File->MakeNotes());

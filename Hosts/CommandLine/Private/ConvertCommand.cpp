@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Activity.h"
 #include "Formats/CommentChange.h"
 #include "Formats/CommentDocumentWriter.h"
 #include "Formats/CommentListWriter.h"
@@ -252,6 +253,7 @@ bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsIn
 int RunConvert(const FConvertArguments& InArguments)
 {
 	std::string Error;
+	const FActivity Activity("converting");
 	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments.CommentOptions, Error);
 	std::optional<std::vector<FCommentsInput>> Inputs =
 		Settings ? ReadInputs(InArguments, Settings->Options.Kinds, Error) : std::nullopt;

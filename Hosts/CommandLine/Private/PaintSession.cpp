@@ -1,10 +1,7 @@
 #include "PaintSession.h"
 
-#include "Comments/CommentsReport.h"
-#include "DocumentReview.h"
 #include "Formats/CommentFormat.h"
 #include "Message.h"
-#include "SizeProbe.h"
 #include "Values/OptionChecks.h"
 
 #include <CLI/CLI.hpp>
@@ -56,16 +53,18 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	std::optional<FCommentsFile> Comments =
 		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
 	Session->Measure = Comments ? MakeMeasure(InArguments.Overlay.Settings.Text, OutError) : nullptr;
-	if (!Session->Measure || !Session->ReportUnseen(Comments->Document, Session->Cover(Info->Shape), OutError))
+	if (Session->Measure)
 	{
-		return nullptr;
+		Session->Runner = FOverlayRunner::Create(*Session->Measure, InArguments.Overlay.Seed, OutError);
 	}
-	Session->Runner = FOverlayRunner::Create(*Session->Measure, InArguments.Overlay.Seed, OutError);
 	if (!Session->Runner)
 	{
 		return nullptr;
 	}
 	Session->Runner->GetSettings() = InArguments.Overlay.Settings;
+	Session->BeginTicks = InArguments.BeginTicks;
+	Session->Due = FDueSeconds(Comments->Document);
+	Session->NumCrowdedOut = Comments->Report.NumCrowdedOut;
 	Session->Runner->Load(std::move(Comments->Text), ListTexts(Comments->Document));
 	return Session;
 }
@@ -83,6 +82,10 @@ void FPaintSession::Open(const FVideoShape& InShape)
 
 void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
 {
+	if (!NumOver && InTicks >= BeginTicks)
+	{
+		NumOver = CountOver();
+	}
 	Runner->SetMediaTime(InTicks);
 	Runner->RunFrame(InDeltaSeconds);
 	Sprites->Place(Runner->GetScene(), Runner->GetSettings(), OutSprites);
@@ -94,25 +97,21 @@ void FPaintSession::Jump(int64 InTicks)
 	Runner->Jump();
 }
 
-bool FPaintSession::ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView,
-								 std::string& OutError) const
+int64 FPaintSession::CountOver() const
 {
-	const FOverlaySettings& Settings = Overlay.Settings;
-	FScaledMeasure Scaled(*Measure, Settings.FontScale);
-	const std::unique_ptr<FSizeProbe> Probe =
-		FSizeProbe::Create(Settings.GetStageSize(InView.CanvasSize), Scaled, OutError);
-	if (!Probe)
-	{
-		return false;
-	}
-	const FDocumentReview Review = ReviewDocument(InDocument, *Probe);
-	if (Review.NumUnseen > 0)
-	{
-		PrintNote(CommentsPath + ": " + FormatCount(Review.NumUnseen) + " of " + FormatCount(Review.NumComments) +
-				  (Review.NumComments == 1 ? " comment" : " comments") +
-				  " will not be seen; \"flitmark check\" tells which and why");
-	}
-	return true;
+	const FPlacementTally& Tally = Runner->GetTally();
+	return Tally.GetCounts().NumShown - Tally.CountPresent();
+}
+
+FViewerReport FPaintSession::GetReport() const
+{
+	FViewerReport Report =
+		Due.Report(Runner->GetFirstSecond(), Runner->GetLastSecond(), Runner->GetTally().GetCounts());
+	Report.NumOver = NumOver ? *NumOver : CountOver();
+	Report.Placed.NumShown -= Report.NumOver;
+	Report.NumCrowdedOut = NumCrowdedOut;
+	Report.NumComments += NumCrowdedOut;
+	return Report;
 }
 
 void FPaintSession::ReportCuts() const

@@ -1,5 +1,6 @@
 #include "Comments/CommentsInput.h"
 
+#include "Comments/CrowdBound.h"
 #include "Files/FileText.h"
 #include "Filtering/CommentOrder.h"
 #include "Formats/CleanText.h"
@@ -118,7 +119,7 @@ const FCommentFormat* DetectWhole(FCommentsInput& InOutInput)
 }
 
 /** Reads another format's comments: from the bytes where there are some, piece by piece from the file otherwise. */
-bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
+bool ImportOther(FCommentsInput& InOutInput, const std::string& InPath, std::string& OutError)
 {
 	FImportResult Result;
 	bool bRead = false;
@@ -130,7 +131,7 @@ bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
 	}
 	else
 	{
-		bRead = ImportComments(InOutInput.Report.Path, Result, OutError);
+		bRead = ImportComments(InPath, Result, OutError);
 	}
 	InOutInput.Report.bImported = true;
 	InOutInput.Report.Import = std::move(Result.Report);
@@ -151,12 +152,11 @@ bool LoadWhole(FCommentSource& InOutSource, FCommentsInput& InOutInput, std::str
 }
 
 /** Reads what may be our own document as a whole, and refuses by its beginning what can be no comments at all. */
-bool ReadBytes(FCommentsInput& InOutInput, std::string& OutError)
+bool ReadBytes(FCommentsInput& InOutInput, const std::string& InPath, std::string& OutError)
 {
-	const std::string& Path = InOutInput.Report.Path;
 	std::error_code Ignored;
-	const bool bPlain = std::filesystem::is_regular_file(Path, Ignored);
-	std::unique_ptr<FCommentSource> Source = FCommentSource::Open(Path, OutError);
+	const bool bPlain = std::filesystem::is_regular_file(InPath, Ignored);
+	std::unique_ptr<FCommentSource> Source = FCommentSource::Open(InPath, OutError);
 	if (!Source)
 	{
 		return false;
@@ -166,12 +166,12 @@ bool ReadBytes(FCommentsInput& InOutInput, std::string& OutError)
 	const bool bMayBeOwn = Source->GetFormat() != nullptr && MayBeOwn(*Source, bPlain);
 	if (!Source->GetError().empty())
 	{
-		OutError = Path + ": " + Source->GetError();
+		OutError = InOutInput.Report.Path + ": " + Source->GetError();
 		return false;
 	}
 	if (bMayBeOwn)
 	{
-		Source = bPlain ? FCommentSource::Open(Path, OutError) : std::move(Source);
+		Source = bPlain ? FCommentSource::Open(InPath, OutError) : std::move(Source);
 		if (!Source || !LoadWhole(*Source, InOutInput, OutError))
 		{
 			return false;
@@ -190,6 +190,17 @@ bool ReadBytes(FCommentsInput& InOutInput, std::string& OutError)
 	return true;
 }
 
+/** Our own document as it is, less what is too much of it. */
+FCommentsFile TakeOwn(FCommentsInput InInput)
+{
+	FCommentsFile File;
+	File.Text = std::move(*InInput.Text);
+	File.Document = std::move(InInput.Document);
+	File.Report = std::move(InInput.Report);
+	File.Report.NumCrowdedOut = BoundCrowds(File.Text, File.Document);
+	return File;
+}
+
 /** Filters comments that were read, and makes what the overlay is handed. */
 bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommentsFile& OutFile, std::string& OutError)
 {
@@ -198,6 +209,7 @@ bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommen
 	{
 		OutFile.Rules = InOptions.Filter->Apply(InInput.Comments);
 	}
+	InInput.Report.NumCrowdedOut = BoundCrowds(InInput.Comments);
 	std::size_t Size = 0;
 	for (const FServiceComment& Comment : InInput.Comments)
 	{
@@ -228,9 +240,11 @@ bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommen
 std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, const FKindPolicy& InKinds,
 												   std::string& OutError)
 {
+	const bool bStandard = InPath == StandardInput;
+	const std::string Path = bStandard ? "/dev/stdin" : InPath;
 	FCommentsInput Input;
-	Input.Report.Path = InPath;
-	if (!ReadBytes(Input, OutError))
+	Input.Report.Path = bStandard ? "standard input" : InPath;
+	if (!ReadBytes(Input, Path, OutError))
 	{
 		return std::nullopt;
 	}
@@ -238,7 +252,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	{
 		return Input;
 	}
-	if (!ImportOther(Input, OutError))
+	if (!ImportOther(Input, Path, OutError))
 	{
 		return std::nullopt;
 	}
@@ -347,10 +361,7 @@ std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FComm
 		}
 		if (!bFiltered)
 		{
-			File.Text = std::move(*Input->Text);
-			File.Document = std::move(Input->Document);
-			File.Report = std::move(Input->Report);
-			return File;
+			return TakeOwn(std::move(*Input));
 		}
 	}
 	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
@@ -368,9 +379,8 @@ std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FComme
 	std::string Ignored;
 	if (Input->Bytes && (InOptions.Filter == nullptr || !Input->ImportOwn(Ignored)))
 	{
-		File.Text = Input->Text ? std::move(*Input->Text) : FromUtf8(*Input->Bytes);
-		File.Report = std::move(Input->Report);
-		return File;
+		Input->ReadDocument(Ignored, false);
+		return TakeOwn(std::move(*Input));
 	}
 	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
 }

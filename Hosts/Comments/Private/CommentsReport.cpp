@@ -1,5 +1,7 @@
 #include "Comments/CommentsReport.h"
 
+#include "Comments/CrowdBound.h"
+
 #include <algorithm>
 
 namespace Flitmark
@@ -88,6 +90,12 @@ std::string DescribeImport(const FCommentsReport& InReport)
 		   CountComments(static_cast<int64>(InReport.Import.NumRead));
 }
 
+std::string DescribeCrowd(int64 InCount)
+{
+	return CountComments(InCount) + (InCount == 1 ? " is" : " are") + " left out, because more than " +
+		   FormatCount(MostPerSecond) + " come in the same second";
+}
+
 std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 {
 	std::vector<std::string> Lines;
@@ -120,6 +128,10 @@ std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 	if (!Turned.empty())
 	{
 		Lines.push_back(InReport.Path + ": shown otherwise than meant: " + Turned);
+	}
+	if (InReport.NumCrowdedOut > 0)
+	{
+		Lines.push_back(InReport.Path + ": " + DescribeCrowd(InReport.NumCrowdedOut));
 	}
 	return Lines;
 }

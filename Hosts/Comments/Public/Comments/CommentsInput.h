@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Flitmark
@@ -22,6 +23,9 @@ struct FCommentsOptions
 	/** Whether the overlay will be handed the text; other formats are not written as a document without need. */
 	bool bWithText = true;
 };
+
+/** Names standard input where a file is asked for. */
+constexpr std::string_view StandardInput = "-";
 
 /** One file as it was read, in whatever format it is. */
 struct FCommentsInput
@@ -44,7 +48,7 @@ struct FCommentsInput
 	 */
 	std::vector<FServiceComment> Comments;
 
-	/** Empty with OutError set where the file cannot be read. A file in no known format is not refused here. */
+	/** InPath: a file, or StandardInput. Empty with OutError set where it cannot be read. A file in no known format is not refused here. */
 	static std::optional<FCommentsInput> Read(const std::string& InPath, const FKindPolicy& InKinds,
 											  std::string& OutError);
 
