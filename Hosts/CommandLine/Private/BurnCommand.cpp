@@ -22,7 +22,7 @@ namespace
 struct FBurnArguments
 {
 	FPaintArguments Paint;
-	std::string Codec = "libx264";
+	std::string Codec;
 	std::optional<double> Crf;
 	std::string Preset;
 	std::string From;
@@ -91,7 +91,10 @@ void AddBurnCommand(CLI::App& InApp, int& OutExitCode)
 	Command->add_option("-o,--output", Arguments->Paint.Output, "The new video; its extension picks the container")
 		->type_name("OUT")
 		->required();
-	Command->add_option("--codec", Arguments->Codec, "Video encoder, as FFmpeg names it")->capture_default_str();
+	Command->add_option(
+		"--codec", Arguments->Codec,
+		"Video encoder, as FFmpeg names it (default: VP9 for .webm, H.264 for the others; one that keeps "
+		"transparency where the video has it)");
 	Command
 		->add_option("--crf", Arguments->Crf,
 					 "Encoder quality; lower is better and larger (default: the encoder's own)")

@@ -1,5 +1,6 @@
 #include "BurnRun.h"
 
+#include "EncoderChoice.h"
 #include "FrameSource.h"
 
 extern "C"
@@ -79,12 +80,13 @@ FVideoResult FBurnRun::Burn(IOverlaySource& InOverlay)
 
 bool FBurnRun::Open()
 {
-	Codec = avcodec_find_encoder_by_name(Options.Codec.c_str());
-	if (Codec == nullptr || Codec->type != AVMEDIA_TYPE_VIDEO)
-	{
-		return Fail(Options.Codec + ": no such video encoder; \"ffmpeg -encoders\" lists them");
-	}
 	if (!OpenInput())
+	{
+		return false;
+	}
+	const bool bAlpha = HasAlpha(Input->Video());
+	Codec = ChooseEncoder(Options.Codec, Options.Output, bAlpha, Error);
+	if (Codec == nullptr)
 	{
 		return false;
 	}
@@ -92,6 +94,10 @@ bool FBurnRun::Open()
 	if (!Output)
 	{
 		return false;
+	}
+	if (const std::string Lost = bAlpha ? AlphaObstacle(*Codec, Options.Output) : std::string(); !Lost.empty())
+	{
+		Progress.OnMessage("the video's transparency is lost: " + Lost);
 	}
 	std::vector<std::string> Messages;
 	Output->ChooseCopies(*Input, Messages);
