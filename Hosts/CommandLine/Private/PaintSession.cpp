@@ -38,9 +38,12 @@ bool IsFamily(const std::string& InAsked, const std::string& InFound)
 
 } // namespace
 
-void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
+void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments, bool bInVideo)
 {
-	InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
+	if (bInVideo)
+	{
+		InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
+	}
 	InCommand.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format")->required();
 	InCommand
 		.add_option("--scale", InOutArguments.Scale,
@@ -75,12 +78,18 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 		return nullptr;
 	}
 	Session->Video = LoadVideoLibrary(OutError);
-	const std::optional<FVideoInfo> Info =
-		Session->Video != nullptr ? Session->Video->Probe(InArguments.Video, OutError) : std::nullopt;
+	std::optional<FVideoShape> Shape = InArguments.Shape;
+	if (const auto Info =
+			Session->Video != nullptr && !Shape ? Session->Video->Probe(InArguments.Video, OutError) : std::nullopt)
+	{
+		Shape = Info->Shape;
+	}
 	std::optional<FCommentsFile> Comments =
-		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
+		Session->Video != nullptr && Shape
+			? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError)
+			: std::nullopt;
 	if (!Comments || !Session->LoadFont(InArguments.Font, OutError) ||
-		!Session->ReportUnseen(Comments->Document, Session->Cover(Info->Shape), OutError))
+		!Session->ReportUnseen(Comments->Document, Session->Cover(*Shape), OutError))
 	{
 		return nullptr;
 	}
@@ -88,6 +97,11 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	if (!Session->Runner)
 	{
 		return nullptr;
+	}
+	for (const FCommentEntry& Entry : Comments->Document.GetEntries())
+	{
+		Session->LastSecond =
+			Entry.IsReached() ? std::max(Session->LastSecond, Entry.GetSecond()) : Session->LastSecond;
 	}
 	Session->Runner->GetSettings().Opacity = InArguments.Opacity;
 	Session->Runner->Load(std::move(Comments->Text), ListTexts(Comments->Document));
@@ -108,9 +122,15 @@ void FPaintSession::Open(const FVideoShape& InShape)
 
 void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
 {
+	Second = InTicks / ETimespan::TicksPerSecond;
 	Runner->SetMediaTime(InTicks);
 	Runner->RunFrame(InDeltaSeconds);
 	Sprites->Place(Runner->GetScene(), Runner->GetSettings(), OutSprites);
+}
+
+bool FPaintSession::IsOver() const
+{
+	return Second > LastSecond && Runner->GetNumComments() == 0;
 }
 
 bool FPaintSession::LoadFont(const std::string& InFont, std::string& OutError)

@@ -18,10 +18,12 @@ class App;
 namespace Flitmark
 {
 
-/** The arguments that burn and shot share. */
+/** The arguments that burn, shot, and overlay share. */
 struct FPaintArguments
 {
 	std::string Video;
+	/** The picture where there is no video. */
+	std::optional<FVideoShape> Shape;
 	std::string Comments;
 	FCommentArguments CommentOptions;
 	std::string Output;
@@ -34,8 +36,8 @@ struct FPaintArguments
 	int32 Threads = 0;
 };
 
-/** Adds VIDEO, COMMENTS and the options for what the comments look like. */
-void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments);
+/** Adds VIDEO, unless it is not wanted, COMMENTS and the options for what the comments look like. */
+void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments, bool bInVideo = true);
 
 /** Paints a file's comments into a video. Notes on standard error what will not be seen. */
 class FPaintSession final : public IOverlaySource
@@ -51,6 +53,7 @@ public:
 
 	void Open(const FVideoShape& InShape) override;
 	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+	bool IsOver() const override;
 
 private:
 	FOverlayView Cover(const FVideoShape& InShape) const;
@@ -63,6 +66,9 @@ private:
 	const FVideoLibrary* Video = nullptr;
 	std::unique_ptr<FTextMeasure> Measure;
 	std::unique_ptr<FOverlayRunner> Runner;
+	/** The last second in which a comment starts, and the one that the overlay is in. */
+	int64 LastSecond = -1;
+	int64 Second = 0;
 	/** Set from Open on. */
 	std::optional<FSceneSprites> Sprites;
 };

@@ -36,6 +36,9 @@ public:
 	 * InDeltaSeconds: time since the frame before (0 for the first).
 	 */
 	virtual void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) = 0;
+
+	/** Whether no later frame will show a comment; where nobody knows, false. */
+	virtual bool IsOver() const { return false; }
 };
 
 } // namespace Flitmark
