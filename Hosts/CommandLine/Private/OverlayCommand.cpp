@@ -20,7 +20,7 @@ namespace Flitmark
 namespace
 {
 
-struct FOverlayArguments
+struct FDrawingArguments
 {
 	FPaintArguments Paint;
 	std::string Size = "1920x1080";
@@ -32,7 +32,7 @@ struct FOverlayArguments
 	std::string To;
 };
 
-FOverlayVideoOptions MakeOptions(const FOverlayArguments& InArguments)
+FOverlayVideoOptions MakeOptions(const FDrawingArguments& InArguments)
 {
 	FOverlayVideoOptions Options;
 	Options.Output = InArguments.Paint.Output;
@@ -48,7 +48,7 @@ FOverlayVideoOptions MakeOptions(const FOverlayArguments& InArguments)
 	return Options;
 }
 
-int RunOverlay(FOverlayArguments& InOutArguments)
+int RunOverlay(FDrawingArguments& InOutArguments)
 {
 	const FOverlayVideoOptions Options = MakeOptions(InOutArguments);
 	if (Options.Like.empty())
@@ -97,7 +97,7 @@ Examples:
 
 void AddOverlayCommand(CLI::App& InApp, int& OutExitCode)
 {
-	const auto Arguments = std::make_shared<FOverlayArguments>();
+	const auto Arguments = std::make_shared<FDrawingArguments>();
 	CLI::App* const Command = InApp.add_subcommand("overlay", "Draw the comments alone, for video editors");
 	const CLI::Validator Time = MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5");
 	Command->add_option("-o,--output", Arguments->Paint.Output, "The new video, or pictures: .mov, .webm, or %05d.png")

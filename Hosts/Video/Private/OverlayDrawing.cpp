@@ -142,11 +142,15 @@ bool FOverlayDrawing::DrawFrames(IOverlaySource& InOverlay)
 	for (int64 Index = 0;; ++Index)
 	{
 		const std::optional<FScheduledFrame> Frame = Schedule->Frame(Index);
-		if (!Frame || Frame->Ticks >= To || (bOpenEnd && Index > 0 && InOverlay.IsOver()))
+		if (!Frame || Frame->Ticks >= To)
 		{
 			return true;
 		}
 		const std::span<const FPlacedSprite> Sprites = Clock.Advance(Frame->Ticks);
+		if (bOpenEnd && InOverlay.IsOver())
+		{
+			return true;
+		}
 		if (Cancel || (Frame->Ticks >= From && !DrawFrame(*Frame, Sprites)))
 		{
 			return false;

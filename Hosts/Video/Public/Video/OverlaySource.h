@@ -37,7 +37,7 @@ public:
 	 */
 	virtual void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) = 0;
 
-	/** Whether no later frame will show a comment; where nobody knows, false. */
+	/** Whether this frame and all later ones show no comment; where nobody knows, false. */
 	virtual bool IsOver() const { return false; }
 };
 
