@@ -271,6 +271,24 @@ TEST(Filters, AreToldByEveryCommand)
 	EXPECT_THAT(Trace, Not(HasSubstr("spam")));
 }
 
+TEST(Filters, LeaveModesOutByFlags)
+{
+	const FTestFolder Folder;
+	const std::string Path = Folder.Write("c.json", MakeDocument({MakeComment(), MakeComment(R"("danmaku_mode":1)"),
+																  MakeComment(R"("danmaku_mode":2)")}));
+	const std::pair<std::vector<std::string>, const char*> Cases[] = {
+		{{"--no-top"}, "--only scroll,bottom: 1 comment taken out"},
+		{{"--no-scroll", "--no-bottom"}, "--only top: 2 comments taken out"},
+		{{"--only", "scroll,top", "--no-scroll"}, "--only top: 2 comments taken out"},
+	};
+	for (const auto& [Options, Said] : Cases)
+	{
+		std::vector<std::string> Arguments = {"check", Path};
+		Arguments.insert(Arguments.end(), Options.begin(), Options.end());
+		EXPECT_THAT(RunProgram(Arguments).Out, HasSubstr(Said));
+	}
+}
+
 TEST(Filters, LeaveATextThatIsNoDocumentToTheTrace)
 {
 	const FTestFolder Folder;

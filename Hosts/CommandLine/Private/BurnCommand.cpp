@@ -161,7 +161,7 @@ void AddBurnCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FBurnArguments>();
 	CLI::App* const Command = InApp.add_subcommand("burn", "Burn comments into a new video");
-	AddPaintOptions(*Command, Arguments->Paint);
+	AddPaintArguments(*Command, Arguments->Paint);
 	Command->get_option("VIDEO")->required(false);
 	Command->get_option("COMMENTS")->required(false);
 	Command->add_option("--batch", Arguments->Batch, "Burn all videos of this folder; OUT is a folder then")
@@ -182,6 +182,7 @@ void AddBurnCommand(CLI::App& InApp, int& OutExitCode)
 						"Encoder preset, such as ultrafast (default: the encoder's own)");
 	Command->add_option("--from", Arguments->From, "Start at this time")->check(Time)->type_name("TIME");
 	Command->add_option("--to", Arguments->To, "Stop at this time")->check(Time)->type_name("TIME");
+	AddPaintOptions(*Command, Arguments->Paint);
 	Command->footer(Footer);
 	Command->callback(
 		[Arguments, &OutExitCode]

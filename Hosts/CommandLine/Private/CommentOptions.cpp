@@ -29,6 +29,28 @@ std::optional<double> ParseWindow(std::string_view InText)
 	return Seconds && *Seconds > 0.0 && *Seconds <= FFilterOptions::MaxMergeSeconds ? Seconds : std::nullopt;
 }
 
+/** The modes that stay; nothing if all do. */
+std::optional<std::vector<ECommentKind>> MakeKinds(const FCommentArguments& InArguments)
+{
+	const std::pair<bool, ECommentKind> Flags[] = {{InArguments.bNoScroll, ECommentKind::Scroll},
+												   {InArguments.bNoTop, ECommentKind::Top},
+												   {InArguments.bNoBottom, ECommentKind::Bottom}};
+	std::optional<std::vector<ECommentKind>> Kinds;
+	if (!InArguments.Only.empty())
+	{
+		Kinds = ParseKinds(InArguments.Only);
+	}
+	for (const auto& [bLeftOut, Kind] : Flags)
+	{
+		if (bLeftOut)
+		{
+			Kinds = Kinds ? Kinds : ParseKinds("scroll,top,bottom");
+			std::erase(*Kinds, Kind);
+		}
+	}
+	return Kinds;
+}
+
 std::optional<int64> ParseMost(std::string_view InText)
 {
 	int64 Most = 0;
@@ -70,6 +92,9 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->type_name("MODES")
 		->check(MakeCheck(&ParseKinds, "is not a list of modes; try scroll,top,bottom or a part of it"))
 		->group(FilterGroup);
+	InCommand.add_flag("--no-scroll", InOutArguments.bNoScroll, "Leave scrolling comments out")->group(FilterGroup);
+	InCommand.add_flag("--no-top", InOutArguments.bNoTop, "Leave comments at the top out")->group(FilterGroup);
+	InCommand.add_flag("--no-bottom", InOutArguments.bNoBottom, "Leave comments at the bottom out")->group(FilterGroup);
 	InCommand
 		.add_option("--merge", InOutArguments.Merge,
 					"Merge equal texts that come within this many seconds of the first, and show the count")
@@ -92,7 +117,7 @@ std::optional<FCommentSettings> FCommentSettings::Make(const FCommentArguments& 
 	FFilterOptions Filters;
 	Filters.Block = InArguments.Block;
 	Filters.BlockUsers = InArguments.BlockUsers;
-	Filters.Only = InArguments.Only.empty() ? std::nullopt : ParseKinds(InArguments.Only);
+	Filters.Only = MakeKinds(InArguments);
 	Filters.MergeSeconds = ParseWindow(InArguments.Merge);
 	Filters.MaxPerSecond = ParseMost(InArguments.MaxPerSecond);
 	if (!Filters.IsEmpty())

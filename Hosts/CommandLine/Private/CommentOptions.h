@@ -23,6 +23,9 @@ struct FCommentArguments
 	std::vector<std::string> Block;
 	std::vector<std::string> BlockUsers;
 	std::string Only;
+	bool bNoScroll = false;
+	bool bNoTop = false;
+	bool bNoBottom = false;
 	std::string Merge;
 	std::string MaxPerSecond;
 };

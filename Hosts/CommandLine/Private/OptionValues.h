@@ -19,7 +19,8 @@ std::optional<std::pair<int32, int32>> ParsePictureSize(std::string_view InText)
 /** "60", "29.97", or "30000/1001" frames per second as a fraction, up to 1000; empty for anything else. */
 std::optional<std::pair<int32, int32>> ParseFrameRate(std::string_view InText);
 
-/** "90", "1:30.5" or "-0:05" as ticks of 100 ns, forward or back; empty for anything else and for more than a day. */
+/** "90", "+1:30.5" or "-0:05" as ticks of 100 ns, forward or back; empty for anything else and for more than a day. */
 std::optional<int64> ParseOffset(std::string_view InText);
+constexpr const char* OffsetRefusal = "is not a time of up to a day; try 90, +1:30 or -0:05.5";
 
 } // namespace Flitmark

@@ -100,6 +100,7 @@ void AddOverlayCommand(CLI::App& InApp, int& OutExitCode)
 	const auto Arguments = std::make_shared<FDrawingArguments>();
 	CLI::App* const Command = InApp.add_subcommand("overlay", "Draw the comments alone, for video editors");
 	const CLI::Validator Time = MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5");
+	AddPaintArguments(*Command, Arguments->Paint, false);
 	Command->add_option("-o,--output", Arguments->Paint.Output, "The new video, or pictures: .mov, .webm, or %05d.png")
 		->type_name("OUT")
 		->required();
@@ -123,7 +124,7 @@ void AddOverlayCommand(CLI::App& InApp, int& OutExitCode)
 	Command->add_option("--preset", Arguments->Preset, "Encoder preset (default: its own)");
 	Command->add_option("--from", Arguments->From, "Start at this time")->check(Time)->type_name("TIME");
 	Command->add_option("--to", Arguments->To, "Stop at this time")->check(Time)->type_name("TIME");
-	AddPaintOptions(*Command, Arguments->Paint, false);
+	AddPaintOptions(*Command, Arguments->Paint);
 	Command->footer(Footer);
 	Command->callback(
 		[Arguments, &OutExitCode]

@@ -3,7 +3,7 @@
 #include "CommentOptions.h"
 #include "Overlay/OverlayRunner.h"
 #include "Overlay/SceneSprites.h"
-#include "Overlay/TextMeasure.h"
+#include "OverlayOptions.h"
 #include "VideoLibrary.h"
 
 #include <memory>
@@ -27,17 +27,15 @@ struct FPaintArguments
 	std::string Comments;
 	FCommentArguments CommentOptions;
 	std::string Output;
-
-	/** Canvas units per pixel. */
-	std::optional<double> Scale;
-	std::string Font;
-	double Opacity = 1.0;
-	uint32 Seed = 1;
+	FOverlayArguments Overlay;
 	int32 Threads = 0;
 };
 
-/** Adds VIDEO, unless it is not wanted, COMMENTS and the options for what the comments look like. */
-void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments, bool bInVideo = true);
+/** VIDEO, unless it is not wanted, and COMMENTS. */
+void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments, bool bInVideo = true);
+
+/** The options of both, after the command's own. */
+void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments);
 
 /** Paints a file's comments into a video. Notes on standard error what will not be seen. */
 class FPaintSession final : public IOverlaySource
@@ -57,18 +55,15 @@ public:
 
 private:
 	FOverlayView Cover(const FVideoShape& InShape) const;
-	bool LoadFont(const std::string& InFont, std::string& OutError);
 	bool ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView, std::string& OutError) const;
 
 	std::string CommentsPath;
-	/** Canvas units per pixel of the picture's height; the usual canvas without it. */
-	std::optional<double> UnitsPerPixel;
+	FOverlayArguments Overlay;
 	const FVideoLibrary* Video = nullptr;
 	std::unique_ptr<FTextMeasure> Measure;
 	std::unique_ptr<FOverlayRunner> Runner;
-	/** The last second in which a comment starts, and the one that the overlay is in. */
+	/** The last second of the comments' own time in which one starts. */
 	int64 LastSecond = -1;
-	int64 Second = 0;
 	/** Set from Open on. */
 	std::optional<FSceneSprites> Sprites;
 };

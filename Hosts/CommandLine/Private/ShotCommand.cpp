@@ -67,7 +67,7 @@ void AddShotCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FShotArguments>();
 	CLI::App* const Command = InApp.add_subcommand("shot", "Save one frame with its comments as a picture");
-	AddPaintOptions(*Command, Arguments->Paint);
+	AddPaintArguments(*Command, Arguments->Paint);
 	Command->add_option("-o,--output", Arguments->Paint.Output, "The picture, *.png")
 		->type_name("PICTURE")
 		->required()
@@ -81,6 +81,7 @@ void AddShotCommand(CLI::App& InApp, int& OutExitCode)
 		->type_name("TIME")
 		->required()
 		->check(MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5"));
+	AddPaintOptions(*Command, Arguments->Paint);
 	Command->footer(Footer);
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunShot(*Arguments); });
 }

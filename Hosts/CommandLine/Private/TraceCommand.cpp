@@ -6,8 +6,8 @@
 #include "Files/FileText.h"
 #include "Message.h"
 #include "OptionValues.h"
+#include "OverlayOptions.h"
 #include "Files/SaveSlots.h"
-#include "Overlay/TextMeasure.h"
 #include "TraceRunner.h"
 #include "Values/OptionChecks.h"
 
@@ -32,6 +32,7 @@ struct FTraceArguments
 	std::string Size = "1920x1080";
 	std::string Script;
 	std::string Measure = "cells";
+	FOverlayArguments Overlay;
 	std::string SaveDir;
 	/** What the command line sets directly. */
 	FTraceOptions Options;
@@ -100,6 +101,7 @@ bool LoadScript(const std::string& InFile, FTraceScript& OutScript, std::string&
 int RunTrace(const FTraceArguments& InArguments)
 {
 	FTraceOptions Options = InArguments.Options;
+	Options.Settings = InArguments.Overlay.Settings;
 	Options.Size = *ParseCanvasSize(InArguments.Size);
 	const FTemporaryFolder Temporary;
 	const std::filesystem::path SaveDir =
@@ -119,12 +121,16 @@ int RunTrace(const FTraceArguments& InArguments)
 	std::unique_ptr<FSlateFontMeasure> Measure = std::make_unique<FCellMeasure>();
 	if (InArguments.Measure == "fonts")
 	{
-		Measure = FTextMeasure::Create({}, Error);
+		Measure = MakeMeasure(Options.Settings.Text, Error);
+	}
+	if (!Measure)
+	{
+		return PrintError(Error);
 	}
 	FSaveSlots Slots(SaveDir);
 	ISaveGameSystem::Install(&Slots);
 	Options.Measure = Measure.get();
-	const bool bRan = Measure != nullptr && FTraceRunner(std::move(Options), stdout).Run(Error);
+	const bool bRan = FTraceRunner(std::move(Options), stdout).Run(Error);
 	ISaveGameSystem::Install(nullptr);
 	return bRan ? ExitSuccess : PrintError(Error);
 }
@@ -157,6 +163,7 @@ void AddTraceCommand(CLI::App& InApp, int& OutExitCode)
 		->check(CLI::IsMember({"cells", "fonts"}))
 		->capture_default_str();
 	Command->add_option("--save-dir", Arguments->SaveDir, "Folder for the save slots (default: a temporary one)");
+	AddOverlayOptions(*Command, Arguments->Overlay, {.bPicture = false});
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer("Example: flitmark trace Samples/demo.json --size 1280x720 --positions > trace.jsonl");
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunTrace(*Arguments); });

@@ -13,7 +13,7 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 	std::unique_ptr<FOverlayRunner> Runner(new FOverlayRunner(InMeasure));
 	FStageOptions Options;
 	Options.Seed = InSeed;
-	Options.Measure = &InMeasure;
+	Options.Measure = &Runner->Scaled;
 	Runner->Stage = FStage::Create(Options, OutError);
 	return Runner->Stage ? std::move(Runner) : nullptr;
 }
@@ -21,7 +21,7 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 void FOverlayRunner::SetView(const FOverlayView& InView)
 {
 	View = InView;
-	Stage->SetCanvasSize(View.CanvasSize);
+	ApplySettings();
 	if (!bLaidOut)
 	{
 		Stage->Preroll();
@@ -54,11 +54,18 @@ void FOverlayRunner::Load(FString InDocument, std::vector<FUpcomingText> InTexts
 
 void FOverlayRunner::SetMediaTime(int64 InTicks)
 {
-	Stage->SetMediaTime(InTicks);
+	const int64 Ticks = Settings.GetStageTime(InTicks);
+	Stage->SetMediaTime(Ticks);
 	if (Ahead)
 	{
-		Ahead->SetMediaTime(InTicks);
+		Ahead->SetMediaTime(Ticks);
 	}
+}
+
+void FOverlayRunner::ApplySettings()
+{
+	Stage->SetCanvasSize(Settings.GetStageSize(View.CanvasSize));
+	Scaled.SetScale(Settings.FontScale);
 }
 
 void FOverlayRunner::SetPaused(bool bInPaused)
@@ -101,6 +108,7 @@ void FOverlayRunner::RunFrame(double InSeconds)
 {
 	if (bLaidOut)
 	{
+		ApplySettings();
 		const double Seconds = InSeconds * Rate * Settings.Speed;
 		Stage->RunFrame(static_cast<float>(Seconds), static_cast<float>(InSeconds));
 		UpdateScene(bPaused ? 0.0 : Seconds);
@@ -110,7 +118,7 @@ void FOverlayRunner::RunFrame(double InSeconds)
 void FOverlayRunner::UpdateScene(double InSeconds)
 {
 	Stage->CollectPaint(Comments);
-	Scene.Update(Comments, View.CanvasSize, InSeconds);
+	Scene.Update(Comments, {View.CanvasSize, Stage->GetCanvasSize().Y, Settings.FontScale}, InSeconds);
 }
 
 bool FOverlayRunner::IsMoving() const

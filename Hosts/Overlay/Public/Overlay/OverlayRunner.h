@@ -4,6 +4,7 @@
 #include "Overlay/MeasureAhead.h"
 #include "Overlay/OverlaySettings.h"
 #include "Overlay/OverlayView.h"
+#include "Overlay/ScaledMeasure.h"
 #include "Overlay/TextMeasure.h"
 #include "Stage/Stage.h"
 
@@ -27,7 +28,7 @@ public:
 	void SetView(const FOverlayView& InView);
 	const FOverlayView& GetView() const { return View; }
 
-	/** Read by every frame. */
+	/** Read by every frame, and by SetMediaTime. */
 	FOverlaySettings& GetSettings() { return Settings; }
 
 	/**
@@ -59,12 +60,15 @@ public:
 private:
 	explicit FOverlayRunner(FTextMeasure& InMeasure)
 		: Measure(InMeasure)
+		, Scaled(InMeasure)
 	{
 	}
+	void ApplySettings();
 	void ApplyPause();
 	void UpdateScene(double InSeconds);
 
 	FTextMeasure& Measure;
+	FScaledMeasure Scaled;
 	std::unique_ptr<FStage> Stage;
 	std::unique_ptr<FMeasureAhead> Ahead;
 
