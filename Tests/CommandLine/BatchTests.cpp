@@ -131,7 +131,7 @@ TEST(Batch, ASignalStopsAllOfIt)
 {
 	const FTestFolder Folder;
 	const std::string In = MakeFolder(Folder, "in");
-	const std::string Out = MakeFolder(Folder, "out");
+	const FTestFolder Out;
 	const std::string Video =
 		ReadFile(MakeVideo("slow.mp4", "-f lavfi -i testsrc2=s=640x360:r=25 -t 20 -pix_fmt yuv420p "
 									   "-c:v libx264 -preset ultrafast"));
@@ -140,18 +140,18 @@ TEST(Batch, ASignalStopsAllOfIt)
 		Folder.Write(std::string("in/") + Name + ".mp4", Video);
 		Folder.Write(std::string("in/") + Name + ".xml", ListText);
 	}
-	FProgram Program({"burn", "--batch", In, "-o", Out, "--preset", "veryslow"});
-	for (int Try = 0; Try < 1000 && NamesIn(Out).empty(); ++Try)
+	FProgram Program({"burn", "--batch", In, "-o", Out.File(""), "--preset", "veryslow"});
+	for (int Try = 0; Try < 3000 && !Program.HasOpen(Out); ++Try)
 	{
 		std::this_thread::sleep_for(std::chrono::milliseconds(10));
 	}
-	ASSERT_FALSE(NamesIn(Out).empty()) << "the burn did not begin";
+	ASSERT_TRUE(Program.HasOpen(Out)) << "the burn did not begin";
 	Program.Send(SIGINT);
 	const FProgramResult Result = Program.Wait();
 	EXPECT_EQ(Result.ExitCode, 128 + SIGINT);
 	EXPECT_THAT(Result.Out, HasSubstr("stopped  a.mp4: "));
 	EXPECT_THAT(Result.Out, HasSubstr("1 stopped, 1 not begun"));
-	EXPECT_TRUE(NamesIn(Out).empty());
+	EXPECT_TRUE(Out.List().empty());
 }
 
 } // namespace

@@ -80,6 +80,12 @@ INSTANTIATE_TEST_SUITE_P(
 		FUsageCase{
 			"Pattern", {"burn", "v", "c", "-o", "o.mp4", "--block", "*"}, 2, "", "\"*\" is not a regular expression"},
 		FUsageCase{"NoUser", {"check", "c", "--block-user", ""}, 2, "", "--block-user: must not be empty"},
+		FUsageCase{"UserPattern",
+				   {"check", "c", "--block-user", "/(/"},
+				   2,
+				   "",
+				   "\"/(/\" is not a regular expression: missing )"},
+		FUsageCase{"Paid", {"stats", "c", "--paid", "free"}, 2, "", "--paid"},
 		FUsageCase{"Modes", {"trace", "c", "--only", "scroll,left"}, 2, "", "\"scroll,left\" is not a list of modes"},
 		FUsageCase{"NoMode", {"check", "c", "--only", "top", "--no-top"}, 1, "", "names no mode"},
 		FUsageCase{"Window", {"shot", "v", "c", "--merge", "0"}, 2, "", "\"0\" is not a number of seconds above 0"},

@@ -2,12 +2,12 @@
 
 #include "Comments/CommentsReport.h"
 #include "ExitCodes.h"
+#include "Files/ExceptionText.h"
 #include "Message.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdio>
 #include <exception>
 #include <filesystem>
 
@@ -31,7 +31,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return {EBatchState::Failed, Exception.what()};
+	return {EBatchState::Failed, ExplainException(Exception)};
 }
 
 void PrintTable(const std::vector<FBatchJob>& InJobs, const std::vector<FBatchEnd>& InEnds)
@@ -41,8 +41,8 @@ void PrintTable(const std::vector<FBatchJob>& InJobs, const std::vector<FBatchEn
 	{
 		const FBatchEnd& End = InEnds[Index];
 		++Counts[static_cast<std::size_t>(End.State)];
-		std::printf("%-8s %s%s%s\n", NameOf(End.State), InJobs[Index].Name.c_str(), End.Text.empty() ? "" : ": ",
-					End.Text.c_str());
+		PrintReport("%-8s %s%s\n", std::string(NameOf(End.State)), InJobs[Index].Name,
+					(End.Text.empty() ? "" : ": ") + End.Text);
 	}
 	std::string Sum;
 	for (std::size_t State = 0; State < Counts.size(); ++State)
@@ -54,7 +54,7 @@ void PrintTable(const std::vector<FBatchJob>& InJobs, const std::vector<FBatchEn
 	}
 	const int64 NumLeft = static_cast<int64>(InJobs.size() - InEnds.size());
 	Sum += NumLeft > 0 ? ", " + FormatCount(NumLeft) + " not begun" : "";
-	std::printf("%s\n", Sum.c_str());
+	PrintReport("%s\n", Sum);
 }
 
 } // namespace

@@ -38,6 +38,7 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 {
 	FBurnOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.Codec = InArguments.Codec;
 	Options.Crf = InArguments.Crf;
@@ -86,7 +87,7 @@ int RunBurn(const FBurnArguments& InArguments)
 		PrintNote("stopped; " + End.Text);
 		return Signals.GetExitCode();
 	}
-	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), End.Text.c_str());
+	PrintReport("%s: %s\n", InArguments.Paint.Output, End.Text);
 	return ExitSuccess;
 }
 

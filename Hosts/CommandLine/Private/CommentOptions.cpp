@@ -23,6 +23,14 @@ std::string CheckPattern(const std::string& InText)
 	return Fault ? "\"" + InText + "\" is not a regular expression: " + *Fault : std::string();
 }
 
+std::string CheckUser(const std::string& InText)
+{
+	const std::optional<std::string> Fault = FindUserFault(InText);
+	return InText.empty() ? "must not be empty"
+		   : Fault		  ? "\"" + InText + "\" is not a regular expression: " + *Fault
+						  : std::string();
+}
+
 std::optional<double> ParseWindow(std::string_view InText)
 {
 	const std::optional<double> Seconds = ParseTime(InText);
@@ -75,6 +83,13 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->type_name("HOW")
 		->capture_default_str()
 		->group(FormatGroup);
+	InCommand
+		.add_option("--paid", InOutArguments.Paid,
+					"Paid comments of live shows: text (sender, amount, and words at the top) or drop")
+		->check(CLI::IsMember({"text", "drop"}))
+		->type_name("HOW")
+		->capture_default_str()
+		->group(FormatGroup);
 	// One value each time, or they would swallow the files after them.
 	InCommand.add_option("--block", InOutArguments.Block, "Drop comments whose text matches; repeatable")
 		->type_name("REGEX")
@@ -83,10 +98,11 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->group(FilterGroup);
 	InCommand
 		.add_option("--block-user", InOutArguments.BlockUsers,
-					"Drop a user's comments, by number or by the service's own user ID; repeatable")
-		->type_name("ID")
+					"Drop a user's comments, by number, the service's own user ID, display name, or /REGEX/ for names; "
+					"repeatable")
+		->type_name("USER")
 		->allow_extra_args(false)
-		->check(CLI::Validator([](const std::string& InUser) { return InUser.empty() ? "must not be empty" : ""; }, ""))
+		->check(CLI::Validator(&CheckUser, ""))
 		->group(FilterGroup);
 	InCommand.add_option("--only", InOutArguments.Only, "Keep only these modes, such as top,bottom")
 		->type_name("MODES")
@@ -114,6 +130,7 @@ std::optional<FCommentSettings> FCommentSettings::Make(const FCommentArguments& 
 	FCommentSettings Settings;
 	Settings.Options.Kinds.bReverseAsScroll = InArguments.Reverse == "scroll";
 	Settings.Options.Kinds.bPositionedAsText = InArguments.Positioned == "text";
+	Settings.Options.Kinds.bPaidAsText = InArguments.Paid == "text";
 	FFilterOptions Filters;
 	Filters.Block = InArguments.Block;
 	Filters.BlockUsers = InArguments.BlockUsers;

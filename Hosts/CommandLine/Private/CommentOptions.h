@@ -20,6 +20,7 @@ struct FCommentArguments
 {
 	std::string Reverse = "scroll";
 	std::string Positioned = "text";
+	std::string Paid = "text";
 	std::vector<std::string> Block;
 	std::vector<std::string> BlockUsers;
 	std::string Only;

@@ -41,6 +41,7 @@ FOverlayVideoOptions MakeOptions(const FDrawingArguments& InArguments)
 	Options.Preset = InArguments.Preset;
 	Options.Threads = InArguments.Paint.Threads;
 	Options.Like = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	std::tie(Options.Width, Options.Height) = *ParsePictureSize(InArguments.Size);
 	std::tie(Options.RateNumerator, Options.RateDenominator) = *ParseFrameRate(InArguments.Rate);
 	Options.From = ParseTime(InArguments.From);
@@ -76,7 +77,7 @@ int RunOverlay(FDrawingArguments& InOutArguments)
 		break;
 	}
 	Session->ReportCuts();
-	std::printf("%s: %s\n", Options.Output.c_str(), Progress.Summary().c_str());
+	PrintReport("%s: %s\n", Options.Output, Progress.Summary());
 	return ExitSuccess;
 }
 

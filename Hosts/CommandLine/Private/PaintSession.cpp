@@ -29,6 +29,8 @@ void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
 		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and for encoding; 0 lets each decide")
 		->check(MakeNumberCheck(0, 256))
 		->capture_default_str();
+	InCommand.add_flag("--allow-playlists", InOutArguments.bAllowPlaylists,
+					   "Let VIDEO be a list of other files, and open them; without it only VIDEO itself is opened");
 	AddOverlayOptions(InCommand, InOutArguments.Overlay);
 	AddCommentOptions(InCommand, InOutArguments.CommentOptions);
 }
@@ -46,8 +48,9 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	}
 	Session->Video = LoadVideoLibrary(OutError);
 	std::optional<FVideoShape> Shape = InArguments.Shape;
-	if (const auto Info =
-			Session->Video != nullptr && !Shape ? Session->Video->Probe(InArguments.Video, OutError) : std::nullopt)
+	if (const auto Info = Session->Video != nullptr && !Shape
+							  ? Session->Video->Probe({InArguments.Video, InArguments.bAllowPlaylists}, OutError)
+							  : std::nullopt)
 	{
 		Shape = Info->Shape;
 	}
@@ -96,6 +99,12 @@ void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FP
 bool FPaintSession::IsOver() const
 {
 	return Runner->GetStage().GetMediaTime() / ETimespan::TicksPerSecond > LastSecond && Runner->GetNumComments() == 0;
+}
+
+void FPaintSession::Jump(int64 InTicks)
+{
+	Runner->SetMediaTime(InTicks);
+	Runner->Jump();
 }
 
 bool FPaintSession::ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView,

@@ -24,6 +24,7 @@ struct FPaintArguments
 	std::string Video;
 	/** The picture where there is no video. */
 	std::optional<FVideoShape> Shape;
+	bool bAllowPlaylists = false;
 	std::string Comments;
 	FCommentArguments CommentOptions;
 	std::string Output;
@@ -52,6 +53,7 @@ public:
 	void Open(const FVideoShape& InShape) override;
 	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
 	bool IsOver() const override;
+	void Jump(int64 InTicks) override;
 
 private:
 	FOverlayView Cover(const FVideoShape& InShape) const;

@@ -34,6 +34,7 @@ int RunShot(const FShotArguments& InArguments)
 	}
 	FShotOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.At = *ParseTime(InArguments.At);
 	Options.Threads = InArguments.Paint.Threads;
@@ -43,7 +44,7 @@ int RunShot(const FShotArguments& InArguments)
 		return PrintError(Result.Error);
 	}
 	Session->ReportCuts();
-	std::printf("%s: the frame at %s\n", Options.Output.c_str(), InArguments.At.c_str());
+	PrintReport("%s: the frame at %s\n", Options.Output, InArguments.At);
 	return ExitSuccess;
 }
 

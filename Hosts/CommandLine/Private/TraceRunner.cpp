@@ -8,8 +8,10 @@
 #include "UI_Danmaku.h"
 #include "UI_DanmakuNode.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace Flitmark
 {
@@ -38,7 +40,9 @@ FTraceRunner::~FTraceRunner()
 
 int64 FTraceRunner::GetMediaTime() const
 {
-	return Base + PlayedFrames * ETimespan::TicksPerSecond / Options.Fps;
+	// The clock stands at its last tick; both parts are 0 or more.
+	const int64 Played = PlayedFrames * ETimespan::TicksPerSecond / Options.Fps;
+	return Base + std::min(Played, std::numeric_limits<int64>::max() - Base);
 }
 
 bool FTraceRunner::Run(std::string& OutError)

@@ -2,6 +2,8 @@
 
 #include "UI_DanmakuNode.h"
 
+#include <cmath>
+
 namespace Flitmark
 {
 
@@ -21,11 +23,15 @@ bool IsWithin(const FVector2D& InPosition, const FVector2D& InSize, double InWid
 	return InPosition.X < InWidth && InPosition.Y < InHeight && End.X > 0.0 && End.Y > 0.0;
 }
 
+bool IsAtBottom(const FPaintComment& InComment)
+{
+	return InComment.Node->GetData().Mode == EDanmakuMode::BOTTOM;
+}
+
 /** Canvas units by which a comment stands lower on the picture than on its canvas. */
 double GetShift(const FPaintComment& InComment, const FSceneFrame& InFrame)
 {
-	const bool bBottom = InComment.Node->GetData().Mode == EDanmakuMode::BOTTOM;
-	return bBottom ? InFrame.PictureSize.Y - InFrame.CanvasHeight : 0.0;
+	return IsAtBottom(InComment) ? InFrame.PictureSize.Y - InFrame.CanvasHeight : 0.0;
 }
 
 /** Seconds for which a comment is shown: in that time, it would cross the canvas's width and its own. */
@@ -88,6 +94,7 @@ FCommentScene::FHeld FCommentScene::Hold(const FPaintComment& InComment, const F
 	FHeld Each;
 	Each.Comment.Style = Share(FCommentStyle::Of(*InComment.Text, InFrame.FontScale));
 	Each.Comment.bViewers = InComment.bViewers;
+	Each.Comment.bAtBottom = IsAtBottom(InComment);
 	Each.Shift = InShift;
 	Each.FirstPosition = InComment.Position + FVector2D(0.0, InShift);
 	Each.Begin = InBegin;

@@ -40,10 +40,12 @@ void FMeasureAhead::SetMediaTime(int64 InTicks)
 		{
 			return;
 		}
-		// Nothing in the past, or skipped by a jump, needs measuring.
-		const auto First = std::ranges::lower_bound(Texts, NewSecond, {}, &FUpcomingText::Second);
+		const bool bJumped = NewSecond < Second || NewSecond > Second + SecondsAhead;
+		const int64 FirstSecond = bJumped ? NewSecond - SecondsBack : NewSecond;
+		// Nothing further in the past, or skipped by a jump, needs measuring.
+		const auto First = std::ranges::lower_bound(Texts, FirstSecond, {}, &FUpcomingText::Second);
 		const auto Index = static_cast<std::size_t>(First - Texts.begin());
-		Next = NewSecond < Second ? Index : std::max(Next, Index);
+		Next = bJumped ? Index : std::max(Next, Index);
 		Second = NewSecond;
 	}
 	Wake.notify_one();

@@ -14,6 +14,7 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 	FStageOptions Options;
 	Options.Seed = InSeed;
 	Options.Measure = &Runner->Scaled;
+	Runner->Seed = InSeed;
 	Runner->Stage = FStage::Create(Options, OutError);
 	return Runner->Stage ? std::move(Runner) : nullptr;
 }
@@ -36,6 +37,7 @@ void FOverlayRunner::Load(FString InDocument, std::vector<FUpcomingText> InTexts
 {
 	// The old one's thread ends before the new one's starts.
 	Ahead.reset();
+	ListWideTexts(InTexts);
 	if (!InTexts.empty())
 	{
 		Ahead = std::make_unique<FMeasureAhead>(Measure.GetEngine(), std::move(InTexts));
@@ -44,7 +46,7 @@ void FOverlayRunner::Load(FString InDocument, std::vector<FUpcomingText> InTexts
 	if (bLaidOut)
 	{
 		Stage->GetOverlay().LoadDanmaku(InDocument);
-		Jump();
+		JumpInSlices();
 	}
 	else
 	{
@@ -77,10 +79,20 @@ void FOverlayRunner::SetPaused(bool bInPaused)
 	}
 }
 
+bool FOverlayRunner::IsOpen() const
+{
+	return Stage->GetOverlay().IsDisplayed() && Stage->GetCanvas().IsDisplayed();
+}
+
 void FOverlayRunner::ApplyPause()
 {
 	Stage->SetPlaying(!bPaused);
-	if (bPaused)
+	if (IsJumping())
+	{
+		return;
+	}
+	// Switched off, the overlay would go on starting comments on its hidden canvas.
+	if (bPaused || !IsOpen())
 	{
 		Stage->GetOverlay().Pause();
 	}
@@ -90,29 +102,31 @@ void FOverlayRunner::ApplyPause()
 	}
 }
 
-void FOverlayRunner::Jump()
+void FOverlayRunner::RunFrame(double InSeconds)
 {
 	if (!bLaidOut)
 	{
 		return;
 	}
-	// A frame before second 0 makes the overlay forget its second; a paused one would not look at the time.
-	Stage->GetOverlay().Resume();
-	Stage->Preroll();
-	ApplyPause();
-	Stage->GetOverlay().Empty();
-	UpdateScene(0.0);
-}
-
-void FOverlayRunner::RunFrame(double InSeconds)
-{
-	if (bLaidOut)
+	ApplySettings();
+	if (HasLostComments())
 	{
-		ApplySettings();
-		const double Seconds = InSeconds * Rate * Settings.Speed;
-		Stage->RunFrame(static_cast<float>(Seconds), static_cast<float>(InSeconds));
-		UpdateScene(bPaused ? 0.0 : Seconds);
+		BeginJump();
 	}
+	if (IsJumping())
+	{
+		OwedTimerTime += InSeconds;
+		RunSlice(SliceTime);
+		return;
+	}
+	const int64 Second = Stage->GetMediaTime() / ETimespan::TicksPerSecond;
+	if (bSeedsEachSecond && !bPaused && SeededSecond != Second)
+	{
+		SeedSecond(Second);
+	}
+	const double Seconds = InSeconds * Rate * Settings.Speed;
+	Stage->RunFrame(static_cast<float>(Seconds), static_cast<float>(InSeconds));
+	UpdateScene(bPaused ? 0.0 : Seconds);
 }
 
 void FOverlayRunner::UpdateScene(double InSeconds)
@@ -123,7 +137,7 @@ void FOverlayRunner::UpdateScene(double InSeconds)
 
 bool FOverlayRunner::IsMoving() const
 {
-	return !bPaused && Stage->GetCanvas().GetChildrenCount() > 0;
+	return IsJumping() || (!bPaused && Stage->GetCanvas().GetChildrenCount() > 0);
 }
 
 } // namespace Flitmark

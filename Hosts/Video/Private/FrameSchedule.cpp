@@ -7,12 +7,14 @@
 namespace Flitmark
 {
 
-std::unique_ptr<FFrameSchedule> FFrameSchedule::Make(const FOverlayVideoOptions& InOptions, std::string& OutError)
+std::unique_ptr<FFrameSchedule> FFrameSchedule::Make(const FOverlayVideoOptions& InOptions,
+													 const std::atomic<bool>& InCancel, std::string& OutError)
 {
 	std::unique_ptr<FFrameSchedule> Schedule(new FFrameSchedule());
 	if (!InOptions.Like.empty())
 	{
-		return Schedule->Follow(InOptions.Like, OutError) ? std::move(Schedule) : nullptr;
+		return Schedule->Follow({InOptions.Like, InOptions.bAllowPlaylists}, InCancel, OutError) ? std::move(Schedule)
+																								 : nullptr;
 	}
 	if (InOptions.Width <= 0 || InOptions.Height <= 0 || InOptions.RateNumerator <= 0 || InOptions.RateDenominator <= 0)
 	{
@@ -26,17 +28,18 @@ std::unique_ptr<FFrameSchedule> FFrameSchedule::Make(const FOverlayVideoOptions&
 	return Schedule;
 }
 
-bool FFrameSchedule::Follow(const std::string& InPath, std::string& OutError)
+bool FFrameSchedule::Follow(const FVideoFile& InFile, const std::atomic<bool>& InCancel, std::string& OutError)
 {
-	const auto Input = FVideoInput::Open(InPath, OutError);
-	const auto Times = Input ? ScanFrameTimes(InPath, std::numeric_limits<int64>::max(), OutError) : std::nullopt;
-	if (!Times)
+	const auto Input = FVideoInput::Open(InFile, OutError, &InCancel);
+	const auto Times =
+		Input ? ScanFrameTimes(InFile, std::numeric_limits<int64>::max(), OutError, &InCancel) : std::nullopt;
+	if (!Times || InCancel)
 	{
 		return false;
 	}
 	if (Times->Ticks.empty())
 	{
-		OutError = InPath + ": its video has no frames; the file is empty or damaged";
+		OutError = InFile.Path + ": its video has no frames; the file is empty or damaged";
 		return false;
 	}
 	Picture = Input->Shape();

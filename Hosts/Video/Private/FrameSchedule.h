@@ -2,6 +2,7 @@
 
 #include "CoreTypes.h"
 #include "AvHandles.h"
+#include "Video/VideoFile.h"
 #include "Video/VideoOverlay.h"
 
 #include <memory>
@@ -27,8 +28,9 @@ struct FScheduledFrame
 class FFrameSchedule
 {
 public:
-	/** Null with OutError set if the video to follow cannot be read, or the options make no sense. */
-	static std::unique_ptr<FFrameSchedule> Make(const FOverlayVideoOptions& InOptions, std::string& OutError);
+	/** Null with OutError set if the video to follow cannot be read, or the options make no sense; or if canceled. */
+	static std::unique_ptr<FFrameSchedule> Make(const FOverlayVideoOptions& InOptions,
+												const std::atomic<bool>& InCancel, std::string& OutError);
 
 	/** The upright picture. */
 	const FVideoShape& Shape() const { return Picture; }
@@ -45,7 +47,7 @@ public:
 	double EndSeconds() const;
 
 private:
-	bool Follow(const std::string& InPath, std::string& OutError);
+	bool Follow(const FVideoFile& InFile, const std::atomic<bool>& InCancel, std::string& OutError);
 
 	FVideoShape Picture;
 	AVRational Base{1, 1};

@@ -63,12 +63,12 @@ FVideoResult FOverlayDrawing::Draw(IOverlaySource& InOverlay)
 	{
 		return {};
 	}
-	return Error.empty() ? FVideoResult{EVideoOutcome::Cancelled, {}} : FVideoResult::Fail(Error);
+	return Error.empty() || Cancel ? FVideoResult{EVideoOutcome::Cancelled, {}} : FVideoResult::Fail(Error);
 }
 
 bool FOverlayDrawing::Open()
 {
-	Schedule = FFrameSchedule::Make(Options, Error);
+	Schedule = FFrameSchedule::Make(Options, Cancel, Error);
 	Sink = Schedule ? IOverlaySink::Open(Options, Error) : nullptr;
 	if (!Sink)
 	{

@@ -2,6 +2,7 @@
 
 #include "BurnRun.h"
 #include "PartObstacle.h"
+#include "Files/ExceptionText.h"
 
 #include <exception>
 
@@ -23,7 +24,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return FVideoResult::Fail(InOptions.Input + ": the burn failed: " + Exception.what());
+	return FVideoResult::Fail(InOptions.Input + ": the burn failed: " + ExplainException(Exception));
 }
 
 } // namespace Flitmark

@@ -3,6 +3,11 @@
 #include "AvErrors.h"
 #include "EncoderChoice.h"
 
+extern "C"
+{
+#include <libavutil/common.h>
+}
+
 #include <algorithm>
 #include <new>
 
@@ -97,7 +102,7 @@ void FVideoDecoder::SetTimestamp(AVFrame& InFrame)
 	{
 		InFrame.pts = NextTimestamp;
 	}
-	NextTimestamp = InFrame.pts + std::max<int64>(1, InFrame.pkt_duration);
+	NextTimestamp = av_sat_add64(InFrame.pts, std::max<int64>(1, InFrame.pkt_duration));
 }
 
 } // namespace Flitmark

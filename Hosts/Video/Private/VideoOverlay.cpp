@@ -2,6 +2,7 @@
 
 #include "OverlayDrawing.h"
 #include "PartObstacle.h"
+#include "Files/ExceptionText.h"
 
 #include <exception>
 
@@ -21,7 +22,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return FVideoResult::Fail(InOptions.Output + ": the overlay failed: " + Exception.what());
+	return FVideoResult::Fail(InOptions.Output + ": the overlay failed: " + ExplainException(Exception));
 }
 
 } // namespace Flitmark

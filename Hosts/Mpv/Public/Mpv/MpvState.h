@@ -48,6 +48,9 @@ struct FMpvState
 	int Width = 0;
 	int Height = 0;
 
+	/** Of the sound as decoded, in hertz; 0 if there is none. */
+	int SampleRate = 0;
+
 	/** The hardware decoder in use; "no" or empty for none. */
 	std::string HardwareDecoder;
 

@@ -34,6 +34,9 @@ struct FSceneComment
 	bool bMovesX = false;
 	bool bMovesY = false;
 
+	/** Stands at the picture's bottom. */
+	bool bAtBottom = false;
+
 	/** Has been on the canvas, at least in part; until then there is nothing to see of it. */
 	bool bEntered = false;
 	/** The viewer's own, drawn over the others. */

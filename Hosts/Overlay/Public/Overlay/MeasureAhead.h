@@ -37,6 +37,9 @@ public:
 	/** How far it looks ahead: long enough for any second, short enough for the text engine's memory. */
 	static constexpr int64 SecondsAhead = 10;
 
+	/** After a jump, how far it looks back first: for a jump, the overlay starts the comments of these seconds too. */
+	static constexpr int64 SecondsBack = 20;
+
 	/** InTexts: in any order. InEngine outlives this. */
 	FMeasureAhead(FTextEngine& InEngine, std::vector<FUpcomingText> InTexts);
 	~FMeasureAhead();

@@ -9,6 +9,7 @@
 #include "Stage/Stage.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,10 +20,19 @@ namespace Flitmark
 class FOverlayRunner
 {
 public:
+	/** Seconds that a slice of a jump takes, unless a single second's comments take longer. */
+	static constexpr double SliceTime = 0.006;
+
 	/** Null with OutError set where no stage can be built. InSeed: see FStageOptions. InMeasure outlives this. */
 	static std::unique_ptr<FOverlayRunner> Create(FTextMeasure& InMeasure, uint32 InSeed, std::string& OutError);
 
 	FStage& GetStage() const { return *Stage; }
+
+	/**
+	 * For a host whose viewer jumps about: each second draws its own random numbers, so that the same place gives the same
+	 * picture however it was reached. Otherwise all draws are one sequence, as in a trace.
+	 */
+	void SeedEachSecond() { bSeedsEachSecond = true; }
 
 	/** The first view lays the canvas out; until then frames do nothing. */
 	void SetView(const FOverlayView& InView);
@@ -32,8 +42,8 @@ public:
 	FOverlaySettings& GetSettings() { return Settings; }
 
 	/**
-	 * Replaces the comment document; what is due in the current second starts with the next frame. InTexts: the texts that
-	 * it will show. Before the first view it is kept until then.
+	 * Replaces the comment document and shows what it would show by now, in slices. InTexts: the texts that it will show.
+	 * Before the first view it is kept until then.
 	 */
 	void Load(FString InDocument, std::vector<FUpcomingText> InTexts);
 
@@ -43,8 +53,17 @@ public:
 	void SetRate(double InRate) { Rate = InRate; }
 	void SetPaused(bool bInPaused);
 
-	/** After a seek, with the new media time set: clears the canvas and makes the current second due again. */
+	/**
+	 * After the media time has jumped: the canvas becomes what it would be had the media been played up to there, though
+	 * no frame of that is seen. Paused or not stays as it is.
+	 */
 	void Jump();
+	/**
+	 * The same for a host that must not wait: a slice at once, further ones in the following frames, paused or not, until
+	 * the place is reached; the scene is empty meanwhile. A usual document takes a single slice.
+	 */
+	void JumpInSlices();
+	bool IsJumping() const { return JumpSecond.has_value(); }
 
 	/** One frame: comments advance by InSeconds times rate and speed, timers by InSeconds alone. */
 	void RunFrame(double InSeconds);
@@ -53,19 +72,40 @@ public:
 	bool IsMoving() const;
 
 	/** What is to be drawn after the last frame. */
-	const FCommentScene& GetScene() const { return Scene; }
+	const FCommentScene& GetScene() const { return IsJumping() ? NoScene : Scene; }
 	/** How many comments are displayed on the canvas, in view or not. */
-	int32 GetNumComments() const { return static_cast<int32>(Comments.size()); }
+	int32 GetNumComments() const { return IsJumping() ? 0 : static_cast<int32>(Comments.size()); }
 
 private:
+	/** A text wider than most, which may be shown for longer. */
+	struct FWideText
+	{
+		/** Of media time. */
+		int64 Second = 0;
+		/** Canvas units, at most. */
+		double Width = 0.0;
+	};
+
 	explicit FOverlayRunner(FTextMeasure& InMeasure)
 		: Measure(InMeasure)
 		, Scaled(InMeasure)
 	{
 	}
 	void ApplySettings();
+	bool IsOpen() const;
 	void ApplyPause();
 	void UpdateScene(double InSeconds);
+
+	/** Makes the draws of a second's comments depend on nothing but the second. */
+	void SeedSecond(int64 InSecond);
+	bool HasLostComments();
+	void ListWideTexts(const std::vector<FUpcomingText>& InTexts);
+	int64 FindFirstSecond() const;
+	void BeginJump();
+	void RunSlice(double InMaxSeconds);
+	void RunJumpSecond(int64 InTargetTicks);
+	void RunSilently(double InSeconds);
+	void DropSentComments();
 
 	FTextMeasure& Measure;
 	FScaledMeasure Scaled;
@@ -80,9 +120,21 @@ private:
 	FOverlaySettings Settings;
 	double Rate = 1.0;
 	bool bPaused = false;
+	/** The comments were switched on at the last frame. */
+	bool bWasOpen = true;
+
+	uint32 Seed = 0;
+	bool bSeedsEachSecond = false;
+	std::optional<int64> SeededSecond;
+	/** While a jump is under way: the second of media time whose comments start next. */
+	std::optional<int64> JumpSecond;
+	std::vector<FWideText> WideTexts;
+	/** Seconds that the timers have not been told of during the jump. */
+	double OwedTimerTime = 0.0;
 
 	std::vector<FPaintComment> Comments;
 	FCommentScene Scene;
+	const FCommentScene NoScene;
 };
 
 } // namespace Flitmark

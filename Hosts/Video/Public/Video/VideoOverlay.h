@@ -32,8 +32,10 @@ struct FOverlayVideoOptions
 	/** Threads for the encoder; 0 lets it decide. */
 	int32 Threads = 0;
 
-	/** A video whose upright size, frame times, and end to take over; without one, the next three hold. */
+	/** A video whose upright size, frame times, and end to take over; without one, the others below hold. */
 	std::string Like;
+	/** See FVideoFile. */
+	bool bAllowPlaylists = false;
 	int32 Width = 1920;
 	int32 Height = 1080;
 
