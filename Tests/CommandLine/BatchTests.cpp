@@ -88,6 +88,10 @@ TEST(Batch, ConvertsEachFileOfComments)
 	EXPECT_THAT(Result.Out, HasSubstr("failed   b.xml: b.json is made from b.json already"));
 	EXPECT_THAT(Result.Out, EndsWith("2 done, 1 failed\n"));
 
+	EXPECT_EQ(RunProgram({"convert", "--batch", In, "-o", Folder.File("lists"), "--to", "xml"}).ExitCode, 1);
+	EXPECT_THAT(NamesIn(Folder.File("lists")), ElementsAre("a.xml", "b.xml"));
+	EXPECT_THAT(ReadFile(Folder.File("lists/b.xml")), HasSubstr("<d p="));
+
 	std::filesystem::remove(In + "/b.xml");
 	EXPECT_EQ(RunProgram({"convert", "--batch", In, "-o", Out}).ExitCode, 0);
 }
