@@ -6,14 +6,18 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace Flitmark
 {
 
-void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments)
+void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments, bool bInVideo)
 {
-	InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
+	if (bInVideo)
+	{
+		InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
+	}
 	InCommand.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format")->required();
 }
 
@@ -40,18 +44,24 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 		OutError = InArguments.Output + ": is the file of the comments; name another output";
 		return nullptr;
 	}
-	if (const FCommentFormat* const Format = DetectFile(InArguments.Video))
+	if (const FCommentFormat* const Format = InArguments.Shape ? nullptr : DetectFile(InArguments.Video))
 	{
 		OutError = InArguments.Video + ": is a file of comments (" + std::string(ToText(Format)) +
 				   "), not a video; the video comes first, then the comments";
 		return nullptr;
 	}
 	Session->Video = LoadVideoLibrary(OutError);
-	const std::optional<FVideoInfo> Info =
-		Session->Video != nullptr ? Session->Video->Probe({InArguments.Video, InArguments.bAllowPlaylists}, OutError)
-								  : std::nullopt;
+	std::optional<FVideoShape> Shape = InArguments.Shape;
+	if (const auto Info = Session->Video != nullptr && !Shape
+							  ? Session->Video->Probe({InArguments.Video, InArguments.bAllowPlaylists}, OutError)
+							  : std::nullopt)
+	{
+		Shape = Info->Shape;
+	}
 	std::optional<FCommentsFile> Comments =
-		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
+		Session->Video != nullptr && Shape
+			? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError)
+			: std::nullopt;
 	Session->Measure = Comments ? MakeMeasure(InArguments.Overlay.Settings.Text, OutError) : nullptr;
 	if (Session->Measure)
 	{
@@ -60,6 +70,11 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	if (!Session->Runner)
 	{
 		return nullptr;
+	}
+	for (const FCommentEntry& Entry : Comments->Document.GetEntries())
+	{
+		Session->LastSecond =
+			Entry.IsReached() ? std::max(Session->LastSecond, Entry.GetSecond()) : Session->LastSecond;
 	}
 	Session->Runner->GetSettings() = InArguments.Overlay.Settings;
 	Session->BeginTicks = InArguments.BeginTicks;
@@ -89,6 +104,11 @@ void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FP
 	Runner->SetMediaTime(InTicks);
 	Runner->RunFrame(InDeltaSeconds);
 	Sprites->Place(Runner->GetScene(), Runner->GetSettings(), OutSprites);
+}
+
+bool FPaintSession::IsOver() const
+{
+	return Runner->GetStage().GetMediaTime() / ETimespan::TicksPerSecond > LastSecond && Runner->GetNumComments() == 0;
 }
 
 void FPaintSession::Jump(int64 InTicks)

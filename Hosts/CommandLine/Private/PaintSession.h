@@ -19,10 +19,12 @@ class App;
 namespace Flitmark
 {
 
-/** The arguments that burn and shot share. */
+/** The arguments that burn, shot, and overlay share. */
 struct FPaintArguments
 {
 	std::string Video;
+	/** The picture where there is no video. */
+	std::optional<FVideoShape> Shape;
 	bool bAllowPlaylists = false;
 	std::string Comments;
 	FCommentArguments CommentOptions;
@@ -34,8 +36,8 @@ struct FPaintArguments
 	int64 BeginTicks = 0;
 };
 
-/** VIDEO and COMMENTS. */
-void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments);
+/** VIDEO, unless it is not wanted, and COMMENTS. */
+void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments, bool bInVideo = true);
 
 /** The options of both, after the command's own. */
 void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments);
@@ -57,6 +59,7 @@ public:
 
 	void Open(const FVideoShape& InShape) override;
 	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+	bool IsOver() const override;
 	void Jump(int64 InTicks) override;
 
 private:
@@ -73,6 +76,8 @@ private:
 	const FVideoLibrary* Video = nullptr;
 	std::unique_ptr<FTextMeasure> Measure;
 	std::unique_ptr<FOverlayRunner> Runner;
+	/** The last second of the comments' own time in which one starts. */
+	int64 LastSecond = -1;
 	/** Set from Open on. */
 	std::optional<FSceneSprites> Sprites;
 };
