@@ -5,37 +5,32 @@
 #include "ImportSink.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <numeric>
 
 namespace Flitmark
 {
 
-void Require(bool bInHolds, const char* InWhat)
+void CheckReport(const FImportReport& InReport)
 {
-	if (!bInHolds)
-	{
-		std::fprintf(stderr, "does not hold: %s\n", InWhat);
-		std::abort();
-	}
+	Require(std::accumulate(InReport.NumOfKind.begin(), InReport.NumOfKind.end(), uint64{0}) == InReport.NumRead,
+			"each comment has a kind");
+	Require(InReport.NumRead + InReport.NumBroken + InReport.CountSkipped() == InReport.NumEntries,
+			"each entry is read, broken or skipped");
+	Require(InReport.Skipped.size() <= FImportReport::MaxSkippedSorts, "sorts do not grow without end");
+	Require(std::ranges::none_of(InReport.Skipped,
+								 [](const FSkippedEntries& InSort) { return InSort.Num == 0 || InSort.What.empty(); }),
+			"each sort has a name and entries");
+	Require(InReport.NumRepaired <= InReport.NumRead, "what is repaired is read");
+	Require(InReport.Faults.size() ==
+				std::min<uint64>(InReport.NumBroken + InReport.NumRepaired, FImportReport::MaxFaults),
+			"the first faults are reported");
 }
 
 void CheckResult(const FImportResult& InResult)
 {
 	const FImportReport& Report = InResult.Report;
 	Require(Report.NumRead == InResult.Comments.size(), "as many comments as were counted");
-	Require(std::accumulate(Report.NumOfKind.begin(), Report.NumOfKind.end(), uint64{0}) == Report.NumRead,
-			"each comment has a kind");
-	Require(Report.NumRead + Report.NumBroken + Report.CountSkipped() == Report.NumEntries,
-			"each entry is read, broken or skipped");
-	Require(Report.Skipped.size() <= FImportReport::MaxSkippedSorts, "sorts do not grow without end");
-	Require(std::ranges::none_of(Report.Skipped,
-								 [](const FSkippedEntries& InSort) { return InSort.Num == 0 || InSort.What.empty(); }),
-			"each sort has a name and entries");
-	Require(Report.NumRepaired <= Report.NumRead, "what is repaired is read");
-	Require(Report.Faults.size() == std::min<uint64>(Report.NumBroken + Report.NumRepaired, FImportReport::MaxFaults),
-			"the first faults are reported");
+	CheckReport(Report);
 	for (const FServiceComment& Comment : InResult.Comments)
 	{
 		Require(MakeCleanText(Comment.Text) == Comment.Text, "texts are clean");

@@ -315,6 +315,21 @@ TEST_F(FCommentsTest, AtMostTwentyThousandOfASecondAreHandedOver)
 	EXPECT_EQ(Fewer->Report.NumCrowdedOut, 0) << "filters come first";
 }
 
+TEST_F(FCommentsTest, WhatIsNoCommentsIsAnEmptyDocumentToHostsThatTakeAnyText)
+{
+	const FFilterOptions None;
+	for (const FFilterOptions& Filters : {None, Block("x")})
+	{
+		const auto Filter = FCommentFilter::Create(Filters, Error);
+		FCommentsOptions Options;
+		Options.Filter = Filters.IsEmpty() ? nullptr : Filter.get();
+		const auto File = LoadAnyText(Write(std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16)), Options, Error);
+		ASSERT_TRUE(File) << Error;
+		EXPECT_EQ(File->Text.Len(), 0);
+		EXPECT_TRUE(File->Document.GetEntries().empty());
+	}
+}
+
 TEST_F(FCommentsTest, RefusalsSayWhatAndWhere)
 {
 	const std::pair<const char*, const char*> Cases[] = {

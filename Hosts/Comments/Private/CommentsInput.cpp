@@ -379,7 +379,11 @@ std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FComme
 	std::string Ignored;
 	if (Input->Bytes && (InOptions.Filter == nullptr || !Input->ImportOwn(Ignored)))
 	{
-		Input->ReadDocument(Ignored, false);
+		if (!Input->ReadDocument(Ignored, false) && !Input->Text)
+		{
+			// Seen by its beginning to be no comments: the overlay would find none in the rest of it either.
+			Input->Text.emplace();
+		}
 		return TakeOwn(std::move(*Input));
 	}
 	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
