@@ -203,11 +203,31 @@ TEST(OverlaySettings, TimesBeforeTheFirstAndAtTheLastTickAreTimes)
 {
 	FOverlaySettings Settings;
 	Settings.Offset = 5;
-	EXPECT_EQ(Settings.GetStageTime(4), -ETimespan::TicksPerSecond);
+	EXPECT_EQ(Settings.GetStageTime(4), FOverlaySettings::BeforeAll);
 	EXPECT_EQ(Settings.GetStageTime(5), 0);
 	Settings.Offset = -5;
 	EXPECT_EQ(Settings.GetStageTime(0), 5);
 	EXPECT_EQ(Settings.GetStageTime(MAX_int64), MAX_int64);
+}
+
+TEST_F(FOverlayRunnerTest, CommentsBeforeTheMediaNeverCome)
+{
+	Show();
+	Runner->GetSettings().Offset = 2 * ETimespan::TicksPerSecond;
+	SetSeconds(0.0);
+	Load({{"moved forward", 1, -1.5}, {"first", 1, 0.0}});
+	for (const double Seconds : {0.0, 0.5, 1.5})
+	{
+		SetSeconds(Seconds);
+		Step();
+		Runner->Jump();
+		Step();
+		EXPECT_EQ(Runner->GetNumComments(), 0) << Seconds;
+	}
+	EXPECT_EQ(Runner->GetTally().GetCounts().CountAll(), 0);
+	SetSeconds(2.0);
+	Step();
+	EXPECT_EQ(Runner->GetNumComments(), 1);
 }
 
 TEST_F(FOverlayRunnerTest, CommentsGoWhenTheirTimeIsOver)

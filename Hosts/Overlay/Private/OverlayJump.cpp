@@ -125,7 +125,7 @@ void FOverlayRunner::BeginJump()
 	// A frame before second 0 makes the overlay forget its second; a paused one would not look at the time.
 	UUI_Danmaku& Overlay = Stage->GetOverlay();
 	Overlay.Resume();
-	Stage->Preroll();
+	Stage->Preroll(FOverlaySettings::BeforeAll);
 	Overlay.Empty();
 	JumpSecond = FindFirstSecond();
 }
@@ -135,7 +135,8 @@ void FOverlayRunner::RunSlice(double InMaxSeconds)
 	using FClock = std::chrono::steady_clock;
 	const auto Begin = FClock::now();
 	const int64 Target = Stage->GetMediaTime();
-	const bool bHasPassed = IsJumping() && Target / ETimespan::TicksPerSecond < *JumpSecond - 1;
+	const int64 TargetSecond = std::max<int64>(Target / ETimespan::TicksPerSecond, -1);
+	const bool bHasPassed = IsJumping() && TargetSecond < *JumpSecond - 1;
 	if (bHasPassed || (IsJumping() && !IsOpen()))
 	{
 		BeginJump();

@@ -47,7 +47,7 @@ void FOverlayRunner::Load(FString InDocument, std::vector<FUpcomingText> InTexts
 	if (!InTexts.empty())
 	{
 		Ahead = std::make_unique<FMeasureAhead>(Measure.GetEngine(), std::move(InTexts));
-		Ahead->SetMediaTime(Stage->GetMediaTime());
+		Ahead->SetMediaTime(std::max<int64>(Stage->GetMediaTime(), 0));
 	}
 	if (bLaidOut)
 	{
@@ -66,7 +66,7 @@ void FOverlayRunner::SetMediaTime(int64 InTicks)
 	Stage->SetMediaTime(Ticks);
 	if (Ahead)
 	{
-		Ahead->SetMediaTime(Ticks);
+		Ahead->SetMediaTime(std::max<int64>(Ticks, 0));
 	}
 }
 

@@ -20,9 +20,6 @@ namespace Flitmark
 namespace
 {
 
-/** Media time of the preroll frame: a second that no media time of 0 or more lies in. */
-constexpr int64 PrerollTicks = -10'000'000;
-
 /** Objects that may gather beyond twice the living ones before a collection pays. */
 constexpr int32 CollectionSlack = 4096;
 
@@ -138,10 +135,10 @@ bool FStage::Seek(const FTimespan& InTime)
 	return true;
 }
 
-void FStage::Preroll()
+void FStage::Preroll(int64 InTicks)
 {
 	const int64 FirstTicks = MediaTicks;
-	MediaTicks = PrerollTicks;
+	MediaTicks = InTicks;
 	RunFrame(0.f);
 	MediaTicks = FirstTicks;
 }

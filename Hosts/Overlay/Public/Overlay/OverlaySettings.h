@@ -41,10 +41,15 @@ struct FOverlaySettings
 		return FVector2f(InPictureSize.X, static_cast<float>(InPictureSize.Y * (Area / UsualArea)));
 	}
 
-	/** The time by which the module files comments, in ticks: before 0, where nothing is due, until the first comes. */
+	/**
+	 * A media time, in ticks, at which nothing is due. The module looks up negative seconds too, as far back as a day, and
+	 * comments that were moved forward lie just before 0: this is the farthest from them.
+	 */
+	static constexpr int64 BeforeAll = -86'399 * ETimespan::TicksPerSecond;
+
+	/** The time by which the module files comments, in ticks: BeforeAll until the first comes. */
 	int64 GetStageTime(int64 InMediaTicks) const
 	{
-		constexpr int64 BeforeAll = -ETimespan::TicksPerSecond;
 		// Where the sum would overflow, no comment is due either.
 		const int64 Ticks = std::min(InMediaTicks, MAX_int64 + std::min<int64>(Offset, 0));
 		return Ticks >= Offset ? Ticks - Offset : BeforeAll;

@@ -100,9 +100,9 @@ public:
 
 	/**
 	 * Lays the overlay out before the first frame, at a media time before 0, so that a document loaded next is taken and
-	 * second 0 is still to come.
+	 * second 0 is still to come. InTicks: a media time before 0; comments of its second start, if there are any by then.
 	 */
-	void Preroll();
+	void Preroll(int64 InTicks = PrerollTicks);
 
 	/** One frame: timers, layout, ticks, teardown. InDeltaTime: seconds. */
 	void RunFrame(float InDeltaTime) { RunFrame(InDeltaTime, InDeltaTime); }
@@ -124,6 +124,9 @@ public:
 	bool IsViewerComment(const UUI_DanmakuNode& InNode) const;
 
 private:
+	/** A second before 0. */
+	static constexpr int64 PrerollTicks = -10'000'000;
+
 	explicit FStage(const FStageOptions& InOptions);
 	bool FindParts(std::string& OutError);
 	void Start(const FStageOptions& InOptions);
