@@ -2,7 +2,9 @@
 
 #include "Components/CanvasPanel.h"
 #include "UI_Danmaku.h"
+#include "UI_DanmakuNode.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Flitmark
@@ -124,12 +126,14 @@ void FOverlayRunner::RunFrame(double InSeconds)
 void FOverlayRunner::UpdateScene(double InSeconds)
 {
 	Stage->CollectPaint(Comments);
+	bScrolls = std::ranges::any_of(Comments, [](const FPaintComment& InComment)
+								   { return InComment.Node->GetData().Mode == EDanmakuMode::SCROLL; });
 	Scene.Update(Comments, View.CanvasSize, InSeconds);
 }
 
 bool FOverlayRunner::IsMoving() const
 {
-	return IsJumping() || (!bPaused && Stage->GetCanvas().GetChildrenCount() > 0);
+	return IsJumping() || (!bPaused && bScrolls);
 }
 
 } // namespace Flitmark

@@ -39,7 +39,7 @@ public:
 	virtual void OnFailed(const std::string& InReason) = 0;
 	/** The position has jumped. */
 	virtual void OnSeeked() = 0;
-	/** The picture at the new position is ready, after opening and after each jump. */
+	/** The picture at the new position, which the state has, is ready: after opening and after each jump. */
 	virtual void OnArrived() {}
 };
 
@@ -91,6 +91,7 @@ private:
 	void TakeProperty(const mpv_event_property& InProperty, std::size_t InIndex);
 	void Load();
 	void TakeReply(const mpv_event& InEvent);
+	void TakeArrival(const mpv_event& InEvent);
 	void TakeLoaded();
 	void TakeEnd(const mpv_event_end_file& InEnd);
 	void TakeLog(const mpv_event_log_message& InMessage);
