@@ -1,5 +1,6 @@
 #include "FormatsKit.h"
 
+#include "Filtering/KindPolicy.h"
 #include "Formats/CleanText.h"
 #include "ImportSink.h"
 
@@ -26,6 +27,12 @@ void CheckResult(const FImportResult& InResult)
 	Require(Report.NumRead == InResult.Comments.size(), "as many comments as were counted");
 	Require(std::accumulate(Report.NumOfKind.begin(), Report.NumOfKind.end(), uint64{0}) == Report.NumRead,
 			"each comment has a kind");
+	Require(Report.NumRead + Report.NumBroken + Report.CountSkipped() == Report.NumEntries,
+			"each entry is read, broken or skipped");
+	Require(Report.Skipped.size() <= FImportReport::MaxSkippedSorts, "sorts do not grow without end");
+	Require(std::ranges::none_of(Report.Skipped,
+								 [](const FSkippedEntries& InSort) { return InSort.Num == 0 || InSort.What.empty(); }),
+			"each sort has a name and entries");
 	Require(Report.NumRepaired <= Report.NumRead, "what is repaired is read");
 	Require(Report.Faults.size() == std::min<uint64>(Report.NumBroken + Report.NumRepaired, FImportReport::MaxFaults),
 			"the first faults are reported");
@@ -36,6 +43,12 @@ void CheckResult(const FImportResult& InResult)
 		std::string Source = Comment.Source;
 		MakeUtf8(Source);
 		Require(Source == Comment.Source, "sources are UTF-8");
+	}
+	for (const bool bKeeps : {true, false})
+	{
+		std::vector<FServiceComment> Kept = InResult.Comments;
+		const FKindCounts Counts = ApplyKindPolicy(Kept, {bKeeps, bKeeps, bKeeps});
+		Require(Kept.size() + Counts.CountDropped() == Report.NumRead, "each comment is kept or dropped for a reason");
 	}
 }
 

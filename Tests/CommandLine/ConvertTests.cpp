@@ -232,8 +232,28 @@ TEST(Formats, BrokenEntriesAreToldAndTheRestIsUsed)
 	EXPECT_EQ(Check.ExitCode, 1);
 	EXPECT_EQ(Check.Error, "");
 	EXPECT_THAT(Check.Out, HasSubstr("\"import\":{\"format\":\"XML list\",\"read\":4,\"broken\":4,\"repaired\":0,"
-									 "\"not_served\":2,\"notes\":["));
+									 "\"skipped\":0,\"not_served\":2,\"notes\":["));
 	EXPECT_THAT(Check.Out, HasSubstr("\"filters\":[],\"comments\":2,\"unseen\":0"));
+}
+
+TEST(Formats, WhatALiveShowBringsIsToldOrShown)
+{
+	const FTestFolder Folder;
+	const std::string Path = Folder.Write(
+		"c.xml", R"(<i><d p="1,1,25,0" user="Ann">hi</d><d p="2,1,25,0" user="bot 7">ad</d><gift ts="3" user="Ann"/>)"
+				 R"(<gift ts="3" user="Cy"/><enter ts="3"/><sc ts="4" user="Cy" price="30">ho</sc></i>)");
+	const FProgramResult Shown = RunProgram({"convert", Path, "-o", "-", "--block-user", "/bot \\d$/"});
+	EXPECT_THAT(ListComments(Shown.Out), ElementsAre("hi@1", "Cy (30): ho@4"));
+	EXPECT_THAT(Shown.Error, HasSubstr(": 3 entries are no comments for viewers and not shown: gifts (2), <enter> "
+									   "elements (1)\n"));
+	EXPECT_THAT(Shown.Error, HasSubstr("--block-user /bot \\d$/: 1 comment taken out"));
+	const FProgramResult Dropped = RunProgram({"convert", Path, "-o", "-", "--paid", "drop", "--block-user", "Ann"});
+	EXPECT_THAT(ListComments(Dropped.Out), ElementsAre("ad@2"));
+	EXPECT_THAT(Dropped.Error, HasSubstr("1 comment is not served: 1 paid\n"));
+	// Gifts are no comments that a viewer misses.
+	const FProgramResult Check = RunProgram({"check", Path, "--json"});
+	EXPECT_EQ(Check.ExitCode, 0);
+	EXPECT_THAT(Check.Out, HasSubstr("\"skipped\":3,\"not_served\":0"));
 }
 
 TEST(Filters, AreToldByEveryCommand)
@@ -269,6 +289,24 @@ TEST(Filters, AreToldByEveryCommand)
 	const std::string Trace = Run({"trace", Path}).Out;
 	EXPECT_THAT(Trace, HasSubstr("\"content\":\"gg ×2\""));
 	EXPECT_THAT(Trace, Not(HasSubstr("spam")));
+}
+
+TEST(Filters, LeaveModesOutByFlags)
+{
+	const FTestFolder Folder;
+	const std::string Path = Folder.Write("c.json", MakeDocument({MakeComment(), MakeComment(R"("danmaku_mode":1)"),
+																  MakeComment(R"("danmaku_mode":2)")}));
+	const std::pair<std::vector<std::string>, const char*> Cases[] = {
+		{{"--no-top"}, "--only scroll,bottom: 1 comment taken out"},
+		{{"--no-scroll", "--no-bottom"}, "--only top: 2 comments taken out"},
+		{{"--only", "scroll,top", "--no-scroll"}, "--only top: 2 comments taken out"},
+	};
+	for (const auto& [Options, Said] : Cases)
+	{
+		std::vector<std::string> Arguments = {"check", Path};
+		Arguments.insert(Arguments.end(), Options.begin(), Options.end());
+		EXPECT_THAT(RunProgram(Arguments).Out, HasSubstr(Said));
+	}
 }
 
 TEST(Filters, LeaveATextThatIsNoDocumentToTheTrace)

@@ -82,6 +82,19 @@ void FProgram::Send(int InSignal) const
 	kill(Process, InSignal);
 }
 
+bool FProgram::HasOpen(const FTestFolder& InFolder) const
+{
+	std::error_code Ignored;
+	for (const auto& Entry : std::filesystem::directory_iterator("/proc/" + std::to_string(Process) + "/fd", Ignored))
+	{
+		if (std::filesystem::read_symlink(Entry, Ignored).string().starts_with(InFolder.File("")))
+		{
+			return true;
+		}
+	}
+	return false;
+}
+
 FProgramResult FProgram::Wait()
 {
 	int Status = 0;

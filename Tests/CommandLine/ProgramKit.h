@@ -52,6 +52,8 @@ public:
 	FProgram& operator=(const FProgram&) = delete;
 
 	void Send(int InSignal) const;
+	/** Whether it has a file of that folder open, one without a name included. */
+	bool HasOpen(const FTestFolder& InFolder) const;
 	FProgramResult Wait();
 
 private:

@@ -16,6 +16,7 @@ namespace
 {
 
 using testing::AllOf;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
@@ -207,6 +208,80 @@ TEST_F(FCommentsTest, OtherFormatsNeedNoTextToBeReviewed)
 		EXPECT_EQ(GetTexts(*Document), GetTexts(Written));
 		EXPECT_EQ(Document->GetEntries().at(0).SpawnTicks, Written.GetEntries().at(0).SpawnTicks);
 	}
+}
+
+/** Names are no part of what the overlay reads. */
+TEST_F(FCommentsTest, NamesInDocumentsCanBeBlocked)
+{
+	FFilterOptions Filters;
+	Filters.BlockUsers = {"/^A.n$/"};
+	const std::optional<FCommentsFile> File =
+		Load(R"({"datas":[{"danmaku_content":"a","user_display_name":"A\"n"},{"danmaku_content":"b",)"
+			 R"("user_display_name":"Anna"},{"danmaku_content":"c","user_display_name":7},)"
+			 R"({"danmaku_content":"d","User_Display_Name":"Aen"}]})",
+			 Filters);
+	ASSERT_TRUE(File) << Error;
+	EXPECT_THAT(GetTexts(File->Document), ElementsAre("b", "c"));
+}
+
+std::string RepeatLines(int InNumLines)
+{
+	std::string Text = "x";
+	for (int Line = 1; Line < InNumLines; ++Line)
+	{
+		Text += "/nx";
+	}
+	return Text;
+}
+
+/** A normal line is 40 units high; scrolling comments have 53 lanes of 15.12 units, bottom ones 17. */
+TEST_F(FCommentsTest, TallCommentsAreMadeToFit)
+{
+	const struct
+	{
+		int Mode;
+		int NumLines;
+		int Size;
+	} Cases[] = {{1, 20, 24}, {1, 21, 17}, {5, 20, 24}, {5, 40, 9}, {4, 6, 24}, {4, 7, 16}, {4, 1, 24}, {1, 2000, 1}};
+	std::string Xml = "<i>";
+	for (const auto& Case : Cases)
+	{
+		Xml += "<d p=\"1," + std::to_string(Case.Mode) + ",25,0\">" + RepeatLines(Case.NumLines) + "</d>";
+	}
+	const std::optional<FCommentsFile> File = Load(Xml + "</i>");
+	ASSERT_TRUE(File) << Error;
+	ASSERT_EQ(File->Document.GetEntries().size(), std::size(Cases));
+	for (std::size_t Index = 0; Index < std::size(Cases); ++Index)
+	{
+		EXPECT_EQ(File->Document.GetEntries()[Index].FontSize, Cases[Index].Size) << Cases[Index].NumLines;
+	}
+	EXPECT_EQ(File->Report.NumFitted, 4U);
+	EXPECT_THAT(File->MakeNotes(), Contains(HasSubstr("4 of many lines, which are made smaller to fit")));
+
+	const std::optional<FCommentsFile> Own = Load(ToUtf8(File->Text) + " ", Block("nothing"));
+	ASSERT_TRUE(Own) << Error;
+	EXPECT_EQ(Own->Report.NumFitted, 0U);
+}
+
+/** Everything that was in a file is in its report, once. */
+TEST_F(FCommentsTest, ReportsNameEveryReason)
+{
+	const std::optional<FCommentsFile> File =
+		Load(R"(<i><d p="1">a</d><d p="x">b</d><gift ts="1"/><gift ts="2"/><sc ts="1" user="Ann" price="9">c</sc>)"
+			 R"(<d p="1,7">{"n":"d"}</d><d p="1,8">e()</d></i>)");
+	ASSERT_TRUE(File) << Error;
+	EXPECT_THAT(GetTexts(File->Document), ElementsAre("a", "Ann (9): c", "d"));
+	const std::string Path = (Folder / "c").string();
+	EXPECT_THAT(File->MakeNotes(),
+				ElementsAre(Path + ":1: entry 2: has no readable time at the start of its attribute \"p\"",
+							Path + ": 1 entry is broken and left out",
+							Path + ": 2 entries are no comments for viewers and not shown: gifts (2)",
+							Path + ": 1 comment is not served: 1 that draw by a program",
+							Path + ": shown otherwise than meant: 1 positioned, which stand at the top, 1 paid, which "
+								   "stand at the top"));
+	const FImportReport& Import = File->Report.Import;
+	EXPECT_EQ(Import.NumEntries, 7U);
+	EXPECT_EQ(static_cast<int64>(Import.NumEntries - Import.CountSkipped()) - File->Report.CountLost(), 3);
 }
 
 /** Filtered or not, what is wrong is said in the same words. */

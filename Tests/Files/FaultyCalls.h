@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
 #include <utility>
 
 namespace Flitmark
@@ -24,6 +25,11 @@ public:
 
 	int Open(const char* InPath, int InFlags, uint32 InMode) override
 	{
+		if (bNamesAll && (InFlags & O_TMPFILE) == O_TMPFILE)
+		{
+			errno = EOPNOTSUPP;
+			return -1;
+		}
 		return Fails() ? -1 : FFileCalls::Open(InPath, InFlags, InMode);
 	}
 	ssize_t Write(int InFile, const void* InBytes, std::size_t InSize) override
@@ -45,6 +51,7 @@ public:
 		const int Result = FFileCalls::Close(InFile);
 		return Fails() ? -1 : Result;
 	}
+	int Link(int InFile, const char* InTo) override { return Fails() ? -1 : FFileCalls::Link(InFile, InTo); }
 	int Rename(const char* InFrom, const char* InTo) override
 	{
 		return Fails() ? -1 : FFileCalls::Rename(InFrom, InTo);
@@ -61,6 +68,8 @@ public:
 
 	int32 NumCalls = 0;
 	bool bInterrupts = false;
+	/** As on a file system where every file has a name. */
+	bool bNamesAll = false;
 
 private:
 	int Refuse() const

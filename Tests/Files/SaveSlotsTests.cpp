@@ -8,6 +8,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
+#include <iterator>
+#include <sys/stat.h>
 
 namespace Flitmark
 {
@@ -90,6 +93,31 @@ TEST_F(FSaveSlotFiles, LoseNoForeignFileWhateverFails)
 		const std::map<std::string, std::string> Files = ReadFolder();
 		EXPECT_TRUE(std::ranges::any_of(Files, [&](const auto& Each) { return Each.second == Foreign; })) << Faulty;
 	}
+}
+
+/** What nobody saved is neither read whole nor waited for, and is moved aside like other files that are no records. */
+TEST_F(FSaveSlotFiles, AreNoLargeFilesAndNoPipes)
+{
+	const auto MakeLarge = [](const fs::path& InPath)
+	{
+		WriteText(InPath, Record(30));
+		fs::resize_file(InPath, std::uintmax_t{1} << 40);
+	};
+	const auto MakePipe = [](const fs::path& InPath)
+	{
+		ASSERT_EQ(::mkfifo(InPath.c_str(), 0600), 0);
+	};
+	for (const auto& Make :
+		 {std::function<void(const fs::path&)>(MakeLarge), std::function<void(const fs::path&)>(MakePipe)})
+	{
+		Make(File);
+		TArray<uint8> Data;
+		EXPECT_FALSE(Slots.LoadGame(TEXT("Danmaku_SGSLOT"), 0, Data));
+		EXPECT_TRUE(Save(Record(25)));
+		EXPECT_EQ(Read(File), Record(25));
+		fs::remove(File);
+	}
+	EXPECT_EQ(std::distance(fs::directory_iterator(Folder), {}), 2) << "both are kept aside";
 }
 
 TEST_F(FSaveSlotFiles, StandAsideWithoutAFolder)

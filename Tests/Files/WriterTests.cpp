@@ -1,9 +1,15 @@
 #include "FaultyCalls.h"
 #include "FolderFixture.h"
 #include "Files/ByteSource.h"
+#include "Files/ExceptionText.h"
 #include "Files/TemporaryFile.h"
 
 #include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <sys/file.h>
+#include <system_error>
+#include <unistd.h>
 
 namespace Flitmark
 {
@@ -11,10 +17,20 @@ namespace Flitmark
 namespace
 {
 
-class FFileWriter : public FFolderFixture
+/** On a file system with files without names, and on one without. */
+class FFileWriter : public FFolderFixture, public testing::WithParamInterface<bool>
 {
 protected:
 	using EFault = FFaultyCalls::EFault;
+
+	FFileWriter() { Calls.bNamesAll = GetParam(); }
+
+	/** What a program that was killed while it wrote leaves, on a file system where every file has a name. */
+	fs::path Leave(const std::string& InName) const
+	{
+		WriteText(Folder / InName, "half a");
+		return Folder / InName;
+	}
 
 	bool Write(const std::string& InText)
 	{
@@ -38,7 +54,7 @@ protected:
 	std::string Error;
 };
 
-TEST_F(FFileWriter, LeavesTheOldFileOrTheNewWhateverFails)
+TEST_P(FFileWriter, LeavesTheOldFileOrTheNewWhateverFails)
 {
 	const int32 NumCalls = CountCalls();
 	ASSERT_GT(NumCalls, 8) << "written in pieces";
@@ -64,7 +80,7 @@ TEST_F(FFileWriter, LeavesTheOldFileOrTheNewWhateverFails)
 	}
 }
 
-TEST_F(FFileWriter, StartsWithNothingOrTheWholeFile)
+TEST_P(FFileWriter, StartsWithNothingOrTheWholeFile)
 {
 	const int32 NumCalls = CountCalls();
 	for (int32 Faulty = 0; Faulty < NumCalls; ++Faulty)
@@ -78,7 +94,7 @@ TEST_F(FFileWriter, StartsWithNothingOrTheWholeFile)
 	}
 }
 
-TEST_F(FFileWriter, WritesThroughInterruptions)
+TEST_P(FFileWriter, WritesThroughInterruptions)
 {
 	Calls.bInterrupts = true;
 	EXPECT_TRUE(Write(New));
@@ -86,7 +102,7 @@ TEST_F(FFileWriter, WritesThroughInterruptions)
 }
 
 /** Opening, flushing and closing the folder come last. */
-TEST_F(FFileWriter, AcceptsFoldersThatCannotBeFlushed)
+TEST_P(FFileWriter, AcceptsFoldersThatCannotBeFlushed)
 {
 	const int32 NumCalls = CountCalls();
 	struct FCase
@@ -105,22 +121,81 @@ TEST_F(FFileWriter, AcceptsFoldersThatCannotBeFlushed)
 	}
 }
 
-TEST_F(FFileWriter, ShowsNothingBeforeTheCommit)
+TEST_P(FFileWriter, ShowsNothingBeforeTheCommit)
 {
 	ASSERT_TRUE(Write(Old));
 	{
-		const auto Abandoned = FTemporaryFile::Create(File.string(), Error);
-		const auto Other = FTemporaryFile::Create(File.string(), Error);
+		const auto Abandoned = FTemporaryFile::Create(File.string(), Error, Calls);
+		const auto Other = FTemporaryFile::Create(File.string(), Error, Calls);
 		ASSERT_TRUE(Abandoned && Other) << Error;
 		EXPECT_TRUE(Abandoned->Write("half a ", Error));
 		EXPECT_TRUE(Other->Write(New, Error));
 		EXPECT_EQ(Read(File), Old);
+		EXPECT_EQ(ReadFolder().size(), GetParam() ? 3u : 1u);
 		EXPECT_TRUE(Other->Commit(Error));
 	}
 	EXPECT_EQ(ReadFolder(), (std::map<std::string, std::string>{{"out.txt", New}}));
 }
 
-TEST_F(FFileWriter, ReadsWhatThereIsWhateverThePieces)
+TEST_P(FFileWriter, RemovesWhatDeadProgramsLeftAndNothingElse)
+{
+	const fs::path Stranger = Folder / "stranger";
+	WriteText(Stranger, "somebody's own");
+	fs::create_symlink(Stranger, Folder / "out.txt.7-0.part");
+	const fs::path Kept[] = {Leave("out.txt.part"), Leave("out.txt.7-0"), Leave("out.txt.old-0.part"),
+							 Leave("other.txt.7-0.part")};
+	const fs::path Left = Leave("out.txt.4194304-12.part");
+	const fs::path Alive = Leave("out.txt.99-1.part");
+	const int Owner = ::open(Alive.c_str(), O_RDONLY);
+	ASSERT_EQ(::flock(Owner, LOCK_EX), 0);
+	EXPECT_TRUE(Write(New));
+	EXPECT_FALSE(fs::exists(Left));
+	EXPECT_TRUE(fs::exists(Alive)) << "whose owner still writes it";
+	EXPECT_EQ(Read(Stranger), "somebody's own");
+	for (const fs::path& Each : Kept)
+	{
+		EXPECT_TRUE(fs::exists(Each)) << Each;
+	}
+	::close(Owner);
+	EXPECT_TRUE(Write(New));
+	EXPECT_FALSE(fs::exists(Alive));
+}
+
+/** Names that a stranger could have guessed and taken before, in a folder that others may write. */
+TEST_P(FFileWriter, FollowsNoPlantedLink)
+{
+	const fs::path Stranger = Folder / "stranger";
+	WriteText(Stranger, "somebody's own");
+	for (int Try = 0; Try < 5; ++Try)
+	{
+		fs::create_symlink(Stranger,
+						   File.string() + "." + std::to_string(getpid()) + "-" + std::to_string(Try) + ".part");
+	}
+	EXPECT_TRUE(Write(New)) << Error;
+	EXPECT_EQ(Read(Stranger), "somebody's own");
+	EXPECT_EQ(Read(File), New);
+	EXPECT_FALSE(fs::is_symlink(File));
+}
+
+TEST_P(FFileWriter, LeavesNothingWhereASignalEndsTheProgram)
+{
+	const auto Unfinished = FTemporaryFile::Create(File.string(), Error, Calls);
+	ASSERT_TRUE(Unfinished && Unfinished->Write("half a", Error)) << Error;
+	FTemporaryName::RemoveAll();
+	EXPECT_TRUE(ReadFolder().empty());
+}
+
+/** As a muxer does, which opens its file by name. */
+TEST_P(FFileWriter, CanBeOpenedByPath)
+{
+	const auto Written = FTemporaryFile::Create(File.string(), Error, Calls);
+	ASSERT_TRUE(Written) << Error;
+	WriteText(Written->Path(), New);
+	EXPECT_TRUE(Written->Commit(Error)) << Error;
+	EXPECT_EQ(Read(File), New);
+}
+
+TEST_P(FFileWriter, ReadsWhatThereIsWhateverThePieces)
 {
 	FMemorySource Source("abcdefg", 3);
 	EXPECT_EQ(Source.ReadUpTo(5), "abcde");
@@ -132,6 +207,18 @@ TEST_F(FFileWriter, ReadsWhatThereIsWhateverThePieces)
 	EXPECT_EQ(Error, File.string() + ": cannot be opened: No such file or directory");
 	ASSERT_TRUE(Write(Old));
 	EXPECT_EQ(FFileSource::Open(File, Error)->ReadUpTo(1000), Old);
+}
+
+INSTANTIATE_TEST_SUITE_P(Both, FFileWriter, testing::Bool(),
+						 [](const auto& InInfo) { return InInfo.param ? "Named" : "Nameless"; });
+
+TEST(ExceptionText, NamesTheCause)
+{
+	EXPECT_EQ(ExplainException(std::bad_alloc()), "there is not enough memory");
+	EXPECT_EQ(ExplainException(std::length_error("vector::_M_default_append")), "there is not enough memory");
+	EXPECT_NE(ExplainException(std::system_error(EAGAIN, std::system_category())).find("thread"), std::string::npos);
+	EXPECT_EQ(ExplainException(std::system_error(EACCES, std::system_category(), "x")), "Permission denied");
+	EXPECT_EQ(ExplainException(std::runtime_error("no ink")), "no ink");
 }
 
 } // namespace

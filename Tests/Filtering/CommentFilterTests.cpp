@@ -83,6 +83,14 @@ FServiceComment WithLook(FServiceComment InComment, int32 InFontSize, uint32 InC
 	return InComment;
 }
 
+/** Says its own name. */
+FServiceComment From(const std::string& InName)
+{
+	FServiceComment Comment = Say(InName, 0);
+	Comment.UserName = InName;
+	return Comment;
+}
+
 struct FFilterCase
 {
 	const char* Name;
@@ -127,6 +135,11 @@ INSTANTIATE_TEST_SUITE_P(
 		FFilterCase{"UserNumber", BlockUser("7"), {Say("a", 0, {}, 7), Say("b", 0, {}, 77)}, {"b"}},
 		FFilterCase{"UserText", BlockUser("Mira"), {Say("a", 0, {}, 0xC173D986), Say("b", 0, {}, 0x5A944266)}, {"b"}},
 		FFilterCase{"UserTextOfDigits", BlockUser("0042"), {Say("a", 0, {}, 0xBBE34EEB), Say("b", 0, {}, 42)}, {}},
+		FFilterCase{
+			"UserName", BlockUser("Ann"), {From("Ann"), From("ann"), From("Anna"), From("")}, {"ann", "Anna", ""}},
+		FFilterCase{"UserPattern", BlockUser("/bot\\d*$/"), {From("bot"), From("a bot7"), From("bots")}, {"bots"}},
+		FFilterCase{"UserPatternOfAny", BlockUser("/.*/"), {From("bot"), From("")}, {""}},
+		FFilterCase{"UserOfSlashes", BlockUser("//"), {From("//"), From("a")}, {"a"}},
 		FFilterCase{"Only",
 					Only("top,bottom"),
 					{Say("s", 0), Say("t", 0, ECommentKind::Top), Say("b", 0, ECommentKind::Bottom),
@@ -201,6 +214,7 @@ TEST(Filter, RefusesWhatItDoesNotUnderstand)
 		{Block({"a", "("}), "--block: \"(\" is not a valid regular expression: missing )"},
 		{Block({"\xFF"}), "--block"},
 		{Block({"a{1000}{1000}"}), "--block"},
+		{BlockUser("/(/"), "--block-user: \"/(/\" is not a valid regular expression: missing )"},
 		{NoUser, "--block-user: names no user"},
 		{NoKind, "--only: names no mode"},
 		{Merge(0), "--merge: must be above 0"},

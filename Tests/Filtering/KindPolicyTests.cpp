@@ -33,6 +33,11 @@ TEST(KindPolicy, SettlesEveryKind)
 		MakeComment(Positioned, R"([0,0,"1-1",4,"\ud83d\udc31"])"),
 		MakeComment(Script, "draw()"),
 		MakeComment(Unknown, "what"),
+		MakeComment(Paid, "Ann (30): {}"),
+		MakeComment(Positioned, R"({"x":1,"n":"[words]/n\r","z":{}})"),
+		MakeComment(Positioned, R"({"n":7})"),
+		MakeComment(Positioned, R"({"n":"cut)"),
+		MakeComment(Positioned, R"({"m":"other"})"),
 	};
 	FServiceComment OfOurs = MakeComment(Unknown, "ours");
 	OfOurs.Source = "{}";
@@ -44,8 +49,10 @@ TEST(KindPolicy, SettlesEveryKind)
 		FKindCounts Counts;
 	};
 	const FCase Cases[] = {
-		{{true, true}, "0scroll 0reverse 1text\nmore 1top 1plain 1\U0001F431 6ours ", {1, 0, 3, 2, 1, 1, 1}},
-		{{false, false}, "0scroll 1top 6ours ", {0, 1, 0, 6, 0, 1, 1}},
+		{{true, true, true},
+		 "0scroll 0reverse 1text\nmore 1top 1plain 1\U0001F431 1Ann (30): {} 1[words]/n\n 7ours ",
+		 {1, 0, 4, 5, 1, 1, 1, 1, 0}},
+		{{false, false, false}, "0scroll 1top 7ours ", {0, 1, 0, 10, 0, 1, 1, 0, 1}},
 	};
 	for (const FCase& Case : Cases)
 	{
@@ -61,6 +68,8 @@ TEST(KindPolicy, SettlesEveryKind)
 		EXPECT_EQ(Counts.NumReverseDropped, Case.Counts.NumReverseDropped);
 		EXPECT_EQ(Counts.NumPositionedTurned, Case.Counts.NumPositionedTurned);
 		EXPECT_EQ(Counts.NumPositionedDropped, Case.Counts.NumPositionedDropped);
+		EXPECT_EQ(Counts.NumPaidTurned, Case.Counts.NumPaidTurned);
+		EXPECT_EQ(Counts.NumPaidDropped, Case.Counts.NumPaidDropped);
 		EXPECT_EQ(Counts.NumDrawingsDropped, Case.Counts.NumDrawingsDropped);
 		EXPECT_EQ(Counts.CountDropped(), Comments.size() - Left.size());
 	}

@@ -12,7 +12,9 @@ FImportResult ImportText(std::string_view InText)
 	FImportResult Result;
 	std::string Error;
 	EXPECT_TRUE(ImportComments(Source, Result, Error)) << Error;
-	EXPECT_EQ(Result.Report.NumRead, Result.Comments.size());
+	const FImportReport& Report = Result.Report;
+	EXPECT_EQ(Report.NumRead, Result.Comments.size());
+	EXPECT_EQ(Report.NumRead + Report.NumBroken + Report.CountSkipped(), Report.NumEntries);
 	return Result;
 }
 
@@ -27,7 +29,7 @@ std::string ImportRefused(std::string_view InText)
 
 std::string Describe(const FImportResult& InResult)
 {
-	constexpr char Letters[] = "sTBRPXU";
+	constexpr char Letters[] = "sTBRPX$U";
 	std::string Text;
 	for (const FServiceComment& Comment : InResult.Comments)
 	{
@@ -47,6 +49,16 @@ std::string DescribeOrigin(const FImportResult& InResult)
 		Text += std::to_string(Comment.Id) + " " + std::to_string(Comment.PostId) + " " +
 				std::to_string(Comment.UserId) + " \"" + Comment.UserName + "\" " + std::to_string(Comment.PostDate) +
 				"\n";
+	}
+	return Text;
+}
+
+std::string DescribeSkipped(const FImportResult& InResult)
+{
+	std::string Text;
+	for (const FSkippedEntries& Entries : InResult.Report.Skipped)
+	{
+		Text += std::to_string(Entries.Num) + " " + Entries.What + "\n";
 	}
 	return Text;
 }

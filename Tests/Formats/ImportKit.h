@@ -9,17 +9,20 @@
 namespace Flitmark
 {
 
-/** Imports a text; a failure is the calling test's. */
+/** Imports a text; a failure, or counts that do not add up, are the calling test's. */
 FImportResult ImportText(std::string_view InText);
 
 /** The same for what is to be refused; the error's text. */
 std::string ImportRefused(std::string_view InText);
 
-/** Each comment as one line: ticks, kind's letter (sTBRPXU), points, colour, then the text in quotes. */
+/** Each comment as one line: ticks, kind's letter (sTBRPX$U), points, colour, then the text in quotes. */
 std::string Describe(const FImportResult& InResult);
 
 /** Ids, post ids, users, names and dates, one comment a line. */
 std::string DescribeOrigin(const FImportResult& InResult);
+
+/** How many entries were skipped, `number sort`, one sort a line. */
+std::string DescribeSkipped(const FImportResult& InResult);
 
 /** Each fault as `line/entry reason`. */
 std::string DescribeFaults(const FImportResult& InResult);

@@ -37,10 +37,18 @@ const FJsonCase JsonCases[] = {
 	{"Wrapped", "parameters-json", "callback({\"data\":{\"comments\":[" + Well + "]}});", WellRead, ""},
 	{"Rows", "rows-json",
 	 R"({"code":0,"data":[[1.5,0,16711680,"ann","a"],[2,1,"#00FF00","12","b"],["3",2,"x",null,"c"],[4,"top",0,"","d",9],)"
-	 R"([5,7,0,"","e"]]})",
+	 R"([5,6,0,"","e"],[5,4,0,"","e"]]})",
 	 "15000000 s24 FF0000FF \"a\"\n20000000 T24 00FF00FF \"b\"\n30000000 B24 FFFFFFFF \"c\"\n"
 	 "40000000 T24 000000FF \"d\"\n50000000 U24 000000FF \"e\"\n",
 	 ""},
+	{"RowsOfObjects", "rows-json",
+	 R"([[1,7,255,"u","{\"n\":\"a\",\"w\":{}}"],[2,7,255,"u",{"w":[1,{"n":"no"}],"n":"[b]\"","z":{"n":"no"}},3],)"
+	 R"([3,0,255,{"n":"no"},{"n":"c"}],[4,8,255,"u","draw(1);"],[5,9,255,"u","{}"],[6,42,255,"u","d"],[7,7,255,"u",{"x":"e"}],)"
+	 R"([8,1,255,"u","f",{"012345678901234567890123456789abc":"no","":"no"}]])",
+	 "10000000 P24 0000FFFF \"{\"n\":\"a\",\"w\":{}}\"\n20000000 P24 0000FFFF \"{\"n\":\"[b]\\\"\"}\"\n"
+	 "30000000 s24 0000FFFF \"c\"\n40000000 X24 0000FFFF \"draw(1);\"\n50000000 X24 0000FFFF \"{}\"\n"
+	 "60000000 U24 0000FFFF \"d\"\n80000000 T24 0000FFFF \"f\"\n",
+	 "1/7 has no text\n"},
 	{"RowsAlone", "rows-json", "[[1,0,255,\"u\",\"a\"]]", "10000000 s24 0000FFFF \"a\"\n", ""},
 	{"BrokenRows", "rows-json",
 	 "{\"data\":[[1,0,255,\"u\",\"a\"],\n[1,0],\n[\"x\",0,0,\"u\",\"b\"],\n[1,0,255,\"u\",\"c\",\n[2,0,255,\"u\",\"d\"]"
@@ -68,7 +76,7 @@ const FJsonCase JsonCases[] = {
 	 "4/2 is damaged: a string in it is not valid JSON\n"},
 	{"ChatObjects", "chat-json",
 	 R"([{"ping":{"content":"rs:0"}},{"chat":{"vpos":100,"content":"a"}},{"leaf":{"count":1}},{"chat":{"vpos":7,"deleted":1}}])",
-	 "10000000 s24 FFFFFFFF \"a\"\n", "1/2 has no text\n"},
+	 "10000000 s24 FFFFFFFF \"a\"\n", ""},
 	{"Objects", "objects-json",
 	 R"({"danmakus":[{"danmakuId":8,"userId":3,"position":1500,"mode":4,"textColor":255,"textSize":50,"content":"a",)"
 	 R"("createTime":1600000000123},{"content":"b","position":2000.5},{"user":{"content":"no"},"position":"1","content":"c"}]})",

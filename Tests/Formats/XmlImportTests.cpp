@@ -101,6 +101,52 @@ TEST(ListXmlOrigin, IsKept)
 	EXPECT_EQ(DescribeOrigin(Result), "77 2 3366437079 \"\" 1600000000\n20123456789 1 178826189 \"\" 1600000000\n");
 }
 
+TEST(ListXmlLive, TellsWhatBelongsToAShow)
+{
+	const FImportResult Result = ImportText(R"(<?xml version="1.0"?>
+<i><chatserver>chat.example</chatserver><state>0</state><style version="1"><th user-agent="x">user</th></style>
+<d p="1.5,1,25,255,1700000000123,0,42,0" user="A &amp; B" raw="[1]">hi</d>
+<gift ts="2" user="Mo" giftname="rose" giftcount="3"/>
+<gift ts="3" user="Mo" giftname="rose" giftcount="1"></gift>
+<sc ts="4.5" user="Zoë" uid="42" price="30" time="60">well &lt;done&gt;</sc>
+<sc user="No" price="5">timeless</sc>
+<sc ts="5" user="Mute" price="50"/>
+<sc ts="6" price="1.5">nameless</sc><sc ts="7"/>
+<guard ts="8" user="Mo" level="3" count="1"/><enter ts="9" user="Mo">came</enter>
+<d p="10" user="Cy">open
+<sc ts="11" price="2">open, too
+<d p="12">end</d></i>)");
+	EXPECT_EQ(Describe(Result), "15000000 s24 0000FFFF \"hi\"\n45000000 $24 FFFFFFFF \"Zoë (30): well <done>\"\n"
+								"50000000 $24 FFFFFFFF \"Mute (50)\"\n60000000 $24 FFFFFFFF \"(1.5): nameless\"\n"
+								"100000000 s24 FFFFFFFF \"open\"\n110000000 $24 FFFFFFFF \"(2): open, too\"\n"
+								"120000000 s24 FFFFFFFF \"end\"\n");
+	EXPECT_EQ(DescribeSkipped(Result), "2 gifts\n1 memberships\n1 <enter> elements\n");
+	EXPECT_EQ(DescribeFaults(Result), "7/5 has no readable time in its attribute \"ts\"\n9/8 has no text\n"
+									  "11/11 its end tag is missing; it was read up to the next element\n"
+									  "12/12 its end tag is missing; it was read up to the next element\n");
+	// The sender of a paid comment is that of the list's comments.
+	ASSERT_EQ(Result.Comments.size(), 7U);
+	EXPECT_EQ(Result.Comments[0].UserName, "A & B");
+	EXPECT_EQ(Result.Comments[1].UserName, "Zoë");
+	EXPECT_EQ(Result.Comments[0].UserId, Result.Comments[1].UserId);
+	EXPECT_NE(Result.Comments[0].UserId, 0);
+}
+
+/** A file may make up as many kinds of elements as it likes; the report stays short, and its sum right. */
+TEST(ListXmlLive, ManySortsBecomeOne)
+{
+	std::string Xml = "<i>" + Well;
+	for (int Index = 0; Index < 100; ++Index)
+	{
+		Xml += "<e" + std::to_string(Index) + " ts=\"1\"/>";
+	}
+	const FImportResult Result = ImportText(Xml + "</i>");
+	ASSERT_EQ(Result.Report.Skipped.size(), FImportReport::MaxSkippedSorts);
+	EXPECT_EQ(Result.Report.Skipped.front().What, "<e0> elements");
+	EXPECT_EQ(Result.Report.Skipped.back().What, "others");
+	EXPECT_EQ(Result.Report.CountSkipped(), 100U);
+}
+
 TEST(ListXmlFile, LinesAndIndicesHoldFarIntoAFile)
 {
 	std::string Xml = "<i>\n";
@@ -166,9 +212,67 @@ two</chat>
 <global_num_res thread="12"/></packet>)");
 	EXPECT_EQ(Result.Report.Format, FindCommentFormat("chat-xml"));
 	EXPECT_EQ(Describe(Result), "15000000 T39 FF0000FF \"top\"\n-2000000 B15 0080FFFF \"bottom & \"co\"\"\n"
-								"30000000 s24 999900FF \"scroll/n\ntwo\"\n30050000 s24 666666FF \"plain\"\n");
+								"30000000 s24 999900FF \"scroll/n\ntwo\"\n30050000 T24 666666FF \"plain\"\n");
 	EXPECT_EQ(DescribeOrigin(Result), "1 12 440920331 \"\" 1600000000\n2 12 42 \"\" 0\n0 0 0 \"\" 0\n0 0 0 \"\" 0\n");
-	EXPECT_EQ(DescribeFaults(Result), "7/5 has no readable \"vpos\"\n8/6 has no text\n");
+	EXPECT_EQ(DescribeFaults(Result), "7/5 has no readable \"vpos\"\n");
+	EXPECT_EQ(DescribeSkipped(Result), "1 deleted by the service\n");
+}
+
+/** Both ways to write a chat share the rules for commands. */
+TEST(ChatCommands, AreUnderstood)
+{
+	const struct
+	{
+		const char* Mail;
+		const char* Look;
+	} Cases[] = {
+		{"UE BIG Red", "T39 FF0000FF"},
+		{"shita　small　cyan", "B15 00FFFFFF"},
+		{"　 　ue　", "T24 FFFFFFFF"},
+		{"niconicowhite", "s24 CCCC99FF"},
+		{"NicoNicoWhite red", "s24 CCCC99FF"},
+		{"ue shita naka", "T24 FFFFFFFF"},
+		{"naka ue", "s24 FFFFFFFF"},
+		{"small big", "s15 FFFFFFFF"},
+		{"medium big", "s24 FFFFFFFF"},
+		{"white red", "s24 FFFFFFFF"},
+		{"#00f red #ffffff", "s24 0000FFFF"},
+		{"#xyz blue", "s24 0000FFFF"},
+		{"184 device:x _live ue2", "s24 FFFFFFFF"},
+	};
+	for (const auto& [Mail, Look] : Cases)
+	{
+		const std::string Expected = "10000000 " + std::string(Look) + " \"x\"\n";
+		EXPECT_EQ(
+			Describe(ImportText("<packet><chat vpos=\"100\" mail=\"" + std::string(Mail) + "\">x</chat></packet>")),
+			Expected)
+			<< Mail;
+		EXPECT_EQ(Describe(ImportText("[{\"vpos\":100,\"mail\":\"" + std::string(Mail) + "\",\"content\":\"x\"}]")),
+				  Expected)
+			<< Mail;
+	}
+	EXPECT_EQ(Describe(ImportText(R"([{"vposMs":1000,"commands":["RED","ue　small","shita","blue"],"body":"x"}])")),
+			  "10000000 T15 FF0000FF \"x\"\n");
+}
+
+TEST(ChatCommands, ThatAreForTheServiceAreNoComments)
+{
+	const std::string Skipped = "2 service commands\n2 hidden by their senders\n1 deleted by the service\n";
+	const std::string Kept = "10000000 s24 FFFFFFFF \"a /vote\"\n10000000 s24 FFFFFFFF \"b\"\n";
+	const FImportResult Xml = ImportText(
+		R"(<packet><chat vpos="1">/vote start</chat><chat vpos="2" mail="ue">/n</chat><chat vpos="3" mail="Invisible red">x</chat>)"
+		R"(<chat vpos="3" mail="184&#x3000;invisible">x</chat><chat vpos="4" deleted="2"/>)"
+		R"(<chat vpos="100">a /vote</chat><chat vpos="100" deleted="0" mail="invisibles">b</chat></packet>)");
+	EXPECT_EQ(DescribeSkipped(Xml), Skipped);
+	EXPECT_EQ(Describe(Xml), Kept);
+	EXPECT_EQ(DescribeFaults(Xml), "");
+	const FImportResult Json = ImportText(
+		R"([{"vpos":1,"content":"/vote start"},{"vpos":2,"mail":"ue","content":"/n"},{"vpos":3,"mail":["red","invisible"],"content":"x"},)"
+		R"({"mail":"invisible","vpos":3,"content":"x"},{"vpos":4,"deleted":2},)"
+		R"({"vpos":100,"content":"a /vote"},{"vpos":100,"deleted":0,"content":"b"}])");
+	EXPECT_EQ(DescribeSkipped(Json), Skipped);
+	EXPECT_EQ(Describe(Json), Kept);
+	EXPECT_EQ(DescribeFaults(Json), "");
 }
 
 } // namespace Flitmark

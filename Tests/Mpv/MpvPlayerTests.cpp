@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <mutex>
 #include <numbers>
 #include <unistd.h>
@@ -112,12 +113,18 @@ protected:
 	void OnLoaded() override { ++NumLoaded; }
 	void OnFailed(const std::string& InReason) override { Failures.push_back(InReason); }
 	void OnSeeked() override { ++NumSeeked; }
+	void OnSubtitlesAdded(const std::string& InUrl, const std::string& InReason) override
+	{
+		Subtitles[InUrl] = InReason;
+	}
 
 	const std::filesystem::path Folder =
 		std::filesystem::temp_directory_path() / ("flitmark-mpv-" + std::to_string(getpid()));
 	int NumLoaded = 0;
 	int NumSeeked = 0;
 	std::vector<std::string> Failures;
+	/** By their files, why they can't be shown. */
+	std::map<std::string, std::string> Subtitles;
 	std::unique_ptr<FMpvPlayer> Player;
 
 private:
@@ -180,6 +187,23 @@ TEST_F(FMpvPlayerTest, TellsNothingOfWhatWasReplaced)
 		EXPECT_TRUE(Failures.empty()) << Failures.front();
 		EXPECT_TRUE(Player->GetState().bLoaded);
 	}
+}
+
+TEST_F(FMpvPlayerTest, TellsSubtitlesApartFromTheRest)
+{
+	Player->SetPaused(true);
+	Player->Open(WriteTone("tone.wav", 30));
+	ASSERT_TRUE(WaitUntil([this] { return NumLoaded == 1; }));
+	Player->AddSubtitles(Write("good.srt", "1\n00:00:01,000 --> 00:00:02,000\nline\n"));
+	Player->AddSubtitles(Write("bad.srt", "nothing of the kind"));
+	ASSERT_TRUE(WaitUntil([this] { return Subtitles.size() == 2; }));
+	EXPECT_TRUE(Subtitles[(Folder / "good.srt").string()].empty());
+	EXPECT_FALSE(Subtitles[(Folder / "bad.srt").string()].empty());
+
+	// What was wrong with them is not told of the next file.
+	Player->Open((Folder / "missing.mkv").string());
+	ASSERT_TRUE(WaitUntil([this] { return Failures.size() == 1; }));
+	EXPECT_NE(Failures[0].find("No such file"), std::string::npos) << Failures[0];
 }
 
 TEST_F(FMpvPlayerTest, EndsCleanlyWhileItLoads)

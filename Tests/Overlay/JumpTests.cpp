@@ -38,6 +38,8 @@ std::vector<FTestComment> MakeComments(int32 InPerSecond)
 class FJumpTest : public FRunnerFixture
 {
 protected:
+	FJumpTest() { Runner->SeedEachSecond(); }
+
 	/** Seconds after which a viewer looks. */
 	static constexpr double GlanceTime = 0.1;
 

@@ -127,6 +127,89 @@ TEST_F(FOverlayRunnerTest, CommentsRunOnTheMediasTimeAndPause)
 	EXPECT_FALSE(Runner->IsMoving());
 }
 
+TEST_F(FOverlayRunnerTest, TheAreaIsAPartOfThePictureAndBottomCommentsStayAtItsBottom)
+{
+	Show();
+	const double Height = Measure->GetEngine().Measure(u"x", 24.f).Height;
+	struct FCase
+	{
+		double Area;
+		int32 ScrollLanes;
+	};
+	// Lanes are 15.12 units high.
+	for (const FCase& Case : {FCase{0.75, 53}, FCase{1.0, 71}, FCase{0.5, 35}, FCase{0.25, 17}})
+	{
+		Runner->GetSettings().Area = Case.Area;
+		Load({{"x", 2}, {"x", 1}, {"x", 0}});
+		Step();
+		ASSERT_EQ(Count(), 3u) << Case.Area;
+		EXPECT_EQ(Runner->GetStage().GetTrackCounts().Scroll, Case.ScrollLanes) << Case.Area;
+		const std::vector<FSceneComment>& Comments = Runner->GetScene().GetComments();
+		EXPECT_NEAR(Comments[0].Position.Y, 1080.0 - Height, 1e-3) << Case.Area;
+		EXPECT_EQ(Comments[1].Position.Y, 0.0);
+		EXPECT_FALSE(Comments[0].bMovesY);
+		Runner->GetSettings().Area = 0.3;
+		Step();
+		EXPECT_NEAR(Runner->GetScene().GetComments()[0].Position.Y, 1080.0 - Height, 1e-3)
+			<< "a change moves what stands already";
+	}
+}
+
+TEST_F(FOverlayRunnerTest, TheFontScaleCountsForLanesAndLook)
+{
+	Show();
+	Runner->GetSettings().FontScale = 2.0;
+	Load({{"x"}, {"x"}});
+	Step();
+	ASSERT_EQ(Count(), 2u);
+	EXPECT_EQ(First().Style->Style.Size, 48.f);
+	const std::vector<FSceneComment>& Comments = Runner->GetScene().GetComments();
+	EXPECT_GT(Comments[1].Position.Y, Measure->GetEngine().Measure(u"x", 48.f).Height - 1e-3);
+	Runner->GetSettings().FontScale = 1.0;
+	Step();
+	EXPECT_EQ(First().Style->Style.Size, 48.f) << "what has lanes keeps its size";
+}
+
+TEST_F(FOverlayRunnerTest, AnOffsetMovesCommentsInTime)
+{
+	constexpr int64 Second = ETimespan::TicksPerSecond;
+	Show();
+	struct FCase
+	{
+		int64 Offset;
+		double Before;
+		double At;
+	};
+	for (const FCase& Case : {FCase{0, 2.9, 3.0}, FCase{5 * Second, 7.9, 8.0}, FCase{-5 * Second / 2, 0.4, 0.5},
+							  FCase{Second / 2, 3.4, 3.5}})
+	{
+		Runner->GetSettings().Offset = Case.Offset;
+		SetSeconds(0.0);
+		Load({{"never", 1, -1.5}, {"now", 1, 3.0}});
+		for (const double Seconds : {0.0, Case.Before})
+		{
+			SetSeconds(Seconds);
+			Step();
+			EXPECT_EQ(Count(), 0u) << Case.Offset;
+		}
+		SetSeconds(Case.At);
+		Step();
+		ASSERT_EQ(Count(), 1u) << Case.Offset;
+		EXPECT_EQ(First().Style->Style.Text, u"now");
+	}
+}
+
+TEST(OverlaySettings, TimesBeforeTheFirstAndAtTheLastTickAreTimes)
+{
+	FOverlaySettings Settings;
+	Settings.Offset = 5;
+	EXPECT_EQ(Settings.GetStageTime(4), -ETimespan::TicksPerSecond);
+	EXPECT_EQ(Settings.GetStageTime(5), 0);
+	Settings.Offset = -5;
+	EXPECT_EQ(Settings.GetStageTime(0), 5);
+	EXPECT_EQ(Settings.GetStageTime(MAX_int64), MAX_int64);
+}
+
 TEST_F(FOverlayRunnerTest, CommentsGoWhenTheirTimeIsOver)
 {
 	Show();

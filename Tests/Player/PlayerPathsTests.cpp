@@ -66,6 +66,18 @@ TEST_F(PlayerPathsTest, AVideoIsNotItsOwnCommentsAndAddressesHaveNone)
 	EXPECT_EQ(FindCommentsBeside("/no/such/folder/film.mkv", {}), QStringList());
 }
 
+TEST_F(PlayerPathsTest, KnowsSubtitlesByName)
+{
+	for (const char* Name : {"/v/film.srt", "/v/film.en.ASS", "film.vtt", "https://example.org/a%20b.vtt?key=x.mp4"})
+	{
+		EXPECT_TRUE(IsSubtitleFile(Name)) << Name;
+	}
+	for (const char* Name : {"/v/film.mkv", "/v/srt", "/v.srt/film", "https://example.org/film.mp4?sub=a.srt"})
+	{
+		EXPECT_FALSE(IsSubtitleFile(Name)) << Name;
+	}
+}
+
 TEST_F(PlayerPathsTest, TellsCommentsFromVideosByContent)
 {
 	EXPECT_TRUE(IsCommentFile(Write("a.mkv", "{\"datas\": []}")));

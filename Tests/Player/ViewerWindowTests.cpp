@@ -1,3 +1,4 @@
+#include "Viewer/PlayerSettings.h"
 #include "Viewer/Preferences.h"
 #include "ViewerTestKit.h"
 #include "WindowTestMain.h"
@@ -54,6 +55,8 @@ private:
 
 	std::unique_ptr<QTemporaryDir> Folder;
 	std::unique_ptr<FViewerStage> Stage;
+	std::unique_ptr<QSettings> Settings;
+	std::unique_ptr<FPlayerSettings> Choices;
 	std::unique_ptr<FPreferences> Preferences;
 	std::unique_ptr<QQmlEngine> Engine;
 	std::unique_ptr<QObject> Root;
@@ -75,8 +78,8 @@ ApplicationWindow {
 	height: 600
 	visible: true
 
-	Item { objectName: "Elsewhere"; focus: true }
-	CommentBar { objectName: "Bar"; anchors { left: parent.left; right: parent.right; bottom: parent.bottom } }
+	Item { id: elsewhere; objectName: "Elsewhere"; focus: true }
+	CommentBar { objectName: "Bar"; onDone: elsewhere.forceActiveFocus(); anchors { left: parent.left; right: parent.right; bottom: parent.bottom } }
 	SettingsPage { objectName: "Page" }
 }
 )";
@@ -106,6 +109,8 @@ void ViewerWindowTest::initTestCase()
 void ViewerWindowTest::init()
 {
 	Folder = std::make_unique<QTemporaryDir>();
+	Settings = std::make_unique<QSettings>(Folder->filePath("player.ini"), QSettings::IniFormat);
+	Choices = std::make_unique<FPlayerSettings>(*Settings);
 	Stage = std::make_unique<FViewerStage>();
 	Preferences = std::make_unique<FPreferences>(*Stage->Overlay, *Stage->Bridge, Folder->path().toStdString());
 	Preferences->Load();
@@ -129,6 +134,8 @@ void ViewerWindowTest::cleanup()
 	Engine.reset();
 	Preferences.reset();
 	Stage.reset();
+	Choices.reset();
+	Settings.reset();
 }
 
 QQuickItem* ViewerWindowTest::Find(const char* Name)
@@ -177,11 +184,15 @@ void ViewerWindowTest::TypesCountsAndSends()
 	QCOMPARE(GetText(), "");
 	QCOMPARE(GetCounter(), "0/100");
 	QCOMPARE(Stage->CountComments(), 1);
+	QVERIFY(Find("Elsewhere")->hasActiveFocus());
 
+	Choices->SetStayInField(true);
+	Click("CommentField");
 	Type("again");
 	Click("SendButton");
 	QCOMPARE(GetText(), "");
 	QCOMPARE(Stage->CountComments(), 2);
+	QVERIFY(Find("CommentField")->hasActiveFocus());
 
 	Type("left");
 	Find("Elsewhere")->forceActiveFocus();

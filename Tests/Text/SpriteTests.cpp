@@ -184,6 +184,45 @@ TEST(Sprite, EmojiKeepTheirColours)
 	EXPECT_NEAR(Ink.Bottom - Ink.Top, 60, 8);
 }
 
+TEST(Sprite, OutlinesAreAsWideAsAsked)
+{
+	int32 Before = -1;
+	for (const double Outline : {0.0, 0.5, 1.0, 2.0, 4.0})
+	{
+		const std::unique_ptr<FTextEngine> Engine = MakeEngine({.Outline = Outline});
+		const FTextSize Box = Engine->Measure(u"I", 96.f);
+		EXPECT_EQ(Box.Width, GetEngine().Measure(u"I", 96.f).Width) << "lanes would depend on it";
+		const FSprite Sprite = Engine->Rasterise(u"I", 96.f, {}, {});
+		// The letter is white, so that what is not is outline.
+		const FInk Letter = FindInk(Sprite, 0);
+		const FInk All = FindInk(Sprite);
+		const int32 Edge = Letter.Left - All.Left;
+		EXPECT_NEAR(Edge, Outline * 128.0 / 16.0, 1.0);
+		EXPECT_GT(Edge, Before);
+		EXPECT_EQ(All.Bottom - Letter.Bottom > 0, Outline > 0.0);
+		Before = Edge;
+	}
+}
+
+TEST(Sprite, BoldLettersAreBolderInEveryScript)
+{
+	const std::unique_ptr<FTextEngine> Bold = MakeEngine({.bBold = true});
+	const auto CountInk = [](FTextEngine& InEngine, std::u16string_view InText)
+	{
+		int64 Ink = 0;
+		const FSprite Sprite = InEngine.Rasterise(InText, 48.f, {}, {});
+		for (std::size_t Index = 0; Index < Sprite.Pixels.size(); Index += 4)
+		{
+			Ink += Sprite.Pixels[Index];
+		}
+		return static_cast<double>(Ink);
+	};
+	for (const std::u16string_view Text : {u"Hill", u"Привет", u"弹幕"})
+	{
+		EXPECT_GT(CountInk(*Bold, Text), 1.1 * CountInk(GetEngine(), Text)) << ToNarrow(Text);
+	}
+}
+
 TEST(Sprite, BlanksPaintNothing)
 {
 	for (const std::u16string_view Text : {u"", u" ", u"\u3000\t ", u"\n", u"\u200d\ufe0f"})

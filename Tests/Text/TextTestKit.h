@@ -16,12 +16,16 @@ namespace Flitmark
 /** The locale orders the fonts; what single glyphs and kerning are expected to be needs one order. */
 inline const int LocaleIsSet = setenv("LC_ALL", "C.UTF-8", 1);
 
-inline std::unique_ptr<FTextEngine> MakeEngine(const std::string& InFamily = {})
+inline std::unique_ptr<FTextEngine> MakeEngine(const FTextOptions& InOptions)
 {
 	std::string Error;
-	std::unique_ptr<FTextEngine> Engine = FTextEngine::Create({InFamily}, Error);
+	std::unique_ptr<FTextEngine> Engine = FTextEngine::Create(InOptions, Error);
 	EXPECT_NE(Engine, nullptr) << Error;
 	return Engine;
+}
+inline std::unique_ptr<FTextEngine> MakeEngine(const std::string& InFamily = {})
+{
+	return MakeEngine(FTextOptions{InFamily});
 }
 
 /** One engine for all tests that don't ask for a fresh one: fonts take a while to find. */

@@ -33,6 +33,7 @@ FBurnOptions MakeOptions(const FBurnArguments& InArguments)
 {
 	FBurnOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.Codec = InArguments.Codec;
 	Options.Crf = InArguments.Crf;
@@ -67,7 +68,7 @@ int RunBurn(const FBurnArguments& InArguments)
 		break;
 	}
 	Session->ReportCuts();
-	std::printf("%s: %s\n", InArguments.Paint.Output.c_str(), Progress.Summary().c_str());
+	PrintReport("%s: %s\n", InArguments.Paint.Output, Progress.Summary());
 	return ExitSuccess;
 }
 
@@ -86,7 +87,7 @@ void AddBurnCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FBurnArguments>();
 	CLI::App* const Command = InApp.add_subcommand("burn", "Burn comments into a new video");
-	AddPaintOptions(*Command, Arguments->Paint);
+	AddPaintArguments(*Command, Arguments->Paint);
 	const CLI::Validator Time = MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5");
 	Command->add_option("-o,--output", Arguments->Paint.Output, "The new video; its extension picks the container")
 		->type_name("OUT")
@@ -100,6 +101,7 @@ void AddBurnCommand(CLI::App& InApp, int& OutExitCode)
 						"Encoder preset, such as ultrafast (default: the encoder's own)");
 	Command->add_option("--from", Arguments->From, "Start at this time")->check(Time)->type_name("TIME");
 	Command->add_option("--to", Arguments->To, "Stop at this time")->check(Time)->type_name("TIME");
+	AddPaintOptions(*Command, Arguments->Paint);
 	Command->footer(Footer);
 	Command->callback(
 		[Arguments, &OutExitCode]

@@ -51,8 +51,7 @@ void PrintFindings(const FDocumentReview& InReview, bool bInSeen, const char* In
 		if (Finding.bSeen == bInSeen)
 		{
 			std::printf("%s", bTitled ? "" : InTitle);
-			std::printf("%9s  %s: %s\n", FormatCount(Finding.Count).c_str(), Finding.Text.c_str(),
-						NameElements(Finding).c_str());
+			PrintReport("%9s  %s: %s\n", FormatCount(Finding.Count), Finding.Text, NameElements(Finding));
 			bTitled = true;
 		}
 	}
@@ -63,18 +62,18 @@ void PrintLoading(const FCommentsFile& InFile)
 {
 	if (InFile.Report.bImported)
 	{
-		std::printf("%s\n", DescribeImport(InFile.Report).c_str());
+		PrintReport("%s\n", DescribeImport(InFile.Report));
 	}
 	for (const std::string& Note : InFile.MakeNotes())
 	{
-		std::printf("%s\n", Note.c_str());
+		PrintReport("%s\n", Note);
 	}
 }
 
 void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
 {
 	PrintLoading(InFile);
-	std::printf("%s: %s, ", InFile.Report.Path.c_str(), CountComments(InReview.NumComments).c_str());
+	PrintReport("%s: %s, ", InFile.Report.Path, CountComments(InReview.NumComments));
 	if (InReview.NumUnseen == 0)
 	{
 		std::printf("all can be seen\n");
@@ -176,7 +175,7 @@ void PrintFaultAsJson(const std::string& InPath, const FDocumentFault& InFault)
 	}
 	Line.EndObject();
 	Line.EndObject();
-	std::printf("%s\n", Line.GetText().c_str());
+	PrintReport("%s\n", Line.GetText());
 }
 
 void AddLoading(FJsonLine& Line, const FCommentsFile& InFile)
@@ -191,6 +190,7 @@ void AddLoading(FJsonLine& Line, const FCommentsFile& InFile)
 	Line.Add("read", static_cast<int64>(Import.NumRead));
 	Line.Add("broken", static_cast<int64>(Import.NumBroken));
 	Line.Add("repaired", static_cast<int64>(Import.NumRepaired));
+	Line.Add("skipped", static_cast<int64>(Import.CountSkipped()));
 	Line.Add("not_served", static_cast<int64>(InFile.Report.Kinds.CountDropped()));
 	Line.BeginArray("notes");
 	for (const std::string& Note : DescribeLosses(InFile.Report))
@@ -219,7 +219,7 @@ void PrintReviewAsJson(const FCommentsFile& InFile, const FDocumentReview& InRev
 	AddLoading(Line, InFile);
 	AddReview(Line, InReview);
 	Line.EndObject();
-	std::printf("%s\n", Line.GetText().c_str());
+	PrintReport("%s\n", Line.GetText());
 }
 
 int RunCheck(const FCheckArguments& InArguments)

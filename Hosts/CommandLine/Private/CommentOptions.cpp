@@ -23,10 +23,40 @@ std::string CheckPattern(const std::string& InText)
 	return Fault ? "\"" + InText + "\" is not a regular expression: " + *Fault : std::string();
 }
 
+std::string CheckUser(const std::string& InText)
+{
+	const std::optional<std::string> Fault = FindUserFault(InText);
+	return InText.empty() ? "must not be empty"
+		   : Fault		  ? "\"" + InText + "\" is not a regular expression: " + *Fault
+						  : std::string();
+}
+
 std::optional<double> ParseWindow(std::string_view InText)
 {
 	const std::optional<double> Seconds = ParseTime(InText);
 	return Seconds && *Seconds > 0.0 && *Seconds <= FFilterOptions::MaxMergeSeconds ? Seconds : std::nullopt;
+}
+
+/** The modes that stay; nothing if all do. */
+std::optional<std::vector<ECommentKind>> MakeKinds(const FCommentArguments& InArguments)
+{
+	const std::pair<bool, ECommentKind> Flags[] = {{InArguments.bNoScroll, ECommentKind::Scroll},
+												   {InArguments.bNoTop, ECommentKind::Top},
+												   {InArguments.bNoBottom, ECommentKind::Bottom}};
+	std::optional<std::vector<ECommentKind>> Kinds;
+	if (!InArguments.Only.empty())
+	{
+		Kinds = ParseKinds(InArguments.Only);
+	}
+	for (const auto& [bLeftOut, Kind] : Flags)
+	{
+		if (bLeftOut)
+		{
+			Kinds = Kinds ? Kinds : ParseKinds("scroll,top,bottom");
+			std::erase(*Kinds, Kind);
+		}
+	}
+	return Kinds;
 }
 
 std::optional<int64> ParseMost(std::string_view InText)
@@ -53,6 +83,13 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->type_name("HOW")
 		->capture_default_str()
 		->group(FormatGroup);
+	InCommand
+		.add_option("--paid", InOutArguments.Paid,
+					"Paid comments of live shows: text (sender, amount, and words at the top) or drop")
+		->check(CLI::IsMember({"text", "drop"}))
+		->type_name("HOW")
+		->capture_default_str()
+		->group(FormatGroup);
 	// One value each time, or they would swallow the files after them.
 	InCommand.add_option("--block", InOutArguments.Block, "Drop comments whose text matches; repeatable")
 		->type_name("REGEX")
@@ -61,15 +98,19 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->group(FilterGroup);
 	InCommand
 		.add_option("--block-user", InOutArguments.BlockUsers,
-					"Drop a user's comments, by number or by the service's own user ID; repeatable")
-		->type_name("ID")
+					"Drop a user's comments, by number, the service's own user ID, display name, or /REGEX/ for names; "
+					"repeatable")
+		->type_name("USER")
 		->allow_extra_args(false)
-		->check(CLI::Validator([](const std::string& InUser) { return InUser.empty() ? "must not be empty" : ""; }, ""))
+		->check(CLI::Validator(&CheckUser, ""))
 		->group(FilterGroup);
 	InCommand.add_option("--only", InOutArguments.Only, "Keep only these modes, such as top,bottom")
 		->type_name("MODES")
 		->check(MakeCheck(&ParseKinds, "is not a list of modes; try scroll,top,bottom or a part of it"))
 		->group(FilterGroup);
+	InCommand.add_flag("--no-scroll", InOutArguments.bNoScroll, "Leave scrolling comments out")->group(FilterGroup);
+	InCommand.add_flag("--no-top", InOutArguments.bNoTop, "Leave comments at the top out")->group(FilterGroup);
+	InCommand.add_flag("--no-bottom", InOutArguments.bNoBottom, "Leave comments at the bottom out")->group(FilterGroup);
 	InCommand
 		.add_option("--merge", InOutArguments.Merge,
 					"Merge equal texts that come within this many seconds of the first, and show the count")
@@ -89,10 +130,11 @@ std::optional<FCommentSettings> FCommentSettings::Make(const FCommentArguments& 
 	FCommentSettings Settings;
 	Settings.Options.Kinds.bReverseAsScroll = InArguments.Reverse == "scroll";
 	Settings.Options.Kinds.bPositionedAsText = InArguments.Positioned == "text";
+	Settings.Options.Kinds.bPaidAsText = InArguments.Paid == "text";
 	FFilterOptions Filters;
 	Filters.Block = InArguments.Block;
 	Filters.BlockUsers = InArguments.BlockUsers;
-	Filters.Only = InArguments.Only.empty() ? std::nullopt : ParseKinds(InArguments.Only);
+	Filters.Only = MakeKinds(InArguments);
 	Filters.MergeSeconds = ParseWindow(InArguments.Merge);
 	Filters.MaxPerSecond = ParseMost(InArguments.MaxPerSecond);
 	if (!Filters.IsEmpty())

@@ -20,9 +20,13 @@ struct FCommentArguments
 {
 	std::string Reverse = "scroll";
 	std::string Positioned = "text";
+	std::string Paid = "text";
 	std::vector<std::string> Block;
 	std::vector<std::string> BlockUsers;
 	std::string Only;
+	bool bNoScroll = false;
+	bool bNoTop = false;
+	bool bNoBottom = false;
 	std::string Merge;
 	std::string MaxPerSecond;
 };

@@ -222,7 +222,7 @@ void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 			"Shift a file's comments by this time, backward with a minus sign; at most one per file, in file order")
 		->type_name("TIME")
 		->allow_extra_args(false)
-		->check(MakeCheck(&ParseOffset, "is not a time of up to a day; try 90, 1:30 or -0:05.5"));
+		->check(MakeCheck(&ParseOffset, OffsetRefusal));
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);
 	Command->callback(

@@ -15,8 +15,13 @@ int PrintError(const std::string& InMessage)
 
 void PrintNote(const std::string& InMessage)
 {
+	PrintPlainError("flitmark: " + InMessage);
+}
+
+void PrintPlainError(const std::string& InLine)
+{
 	// In one piece, so that lines of several programs do not mix.
-	std::fputs(("flitmark: " + InMessage + "\n").c_str(), stderr);
+	std::fputs((MakeVisible(InLine) + "\n").c_str(), stderr);
 }
 
 void PrintNotes(const std::vector<std::string>& InMessages)

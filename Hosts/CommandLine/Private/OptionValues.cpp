@@ -28,7 +28,8 @@ std::optional<int64> ParseOffset(std::string_view InText)
 {
 	constexpr double SecondsPerDay = 86'400.0;
 	const bool bBack = InText.starts_with('-');
-	const std::optional<double> Seconds = ParseTime(InText.substr(bBack ? 1 : 0));
+	const bool bSigned = bBack || InText.starts_with('+');
+	const std::optional<double> Seconds = ParseTime(InText.substr(bSigned ? 1 : 0));
 	if (!Seconds || *Seconds > SecondsPerDay)
 	{
 		return std::nullopt;

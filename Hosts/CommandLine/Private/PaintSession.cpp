@@ -8,58 +8,26 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-#include <cctype>
 #include <filesystem>
 
 namespace Flitmark
 {
 
-namespace
-{
-
-/** Bounds of --scale: from a canvas of a few lanes on a small video to one of thousands on a large one. */
-constexpr double MinScale = 0.01;
-constexpr double MaxScale = 100.0;
-
-/** Whether a family that was found answers what was asked for; a generic name stands for any family. */
-bool IsFamily(const std::string& InAsked, const std::string& InFound)
-{
-	const auto Lower = [](std::string InText)
-	{
-		std::ranges::transform(InText, InText.begin(),
-							   [](unsigned char InLetter) { return static_cast<char>(std::tolower(InLetter)); });
-		return InText;
-	};
-	const std::string Asked = Lower(InAsked.substr(0, InAsked.find_first_of(":-,")));
-	const auto Generic = {"", "sans", "sans-serif", "serif", "mono", "monospace", "system-ui", "cursive", "fantasy"};
-	return std::ranges::find(Generic, Asked) != Generic.end() || Lower(InFound).starts_with(Asked);
-}
-
-} // namespace
-
-void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
+void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments)
 {
 	InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
 	InCommand.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format")->required();
-	InCommand
-		.add_option("--scale", InOutArguments.Scale,
-					"Canvas units per video pixel; twice as many make comments half as large (default: a canvas 1080 "
-					"units high, so that comments look the same on every video)")
-		->check(MakeNumberCheck(MinScale, MaxScale));
-	InCommand.add_option(
-		"--font", InOutArguments.Font,
-		"Font family, optionally with a style, as in \"Noto Sans:bold\" (default: the system's sans-serif)");
-	InCommand.add_option("--opacity", InOutArguments.Opacity, "Opacity of the comments, from 0 to 1")
-		->check(MakeNumberCheck(0.0, 1.0))
-		->capture_default_str();
-	InCommand
-		.add_option("--seed", InOutArguments.Seed, "Seed of the comments' speeds; the same seed gives the same picture")
-		->capture_default_str();
+}
+
+void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments)
+{
 	InCommand
 		.add_option("--threads", InOutArguments.Threads, "Threads for decoding and for encoding; 0 lets each decide")
 		->check(MakeNumberCheck(0, 256))
 		->capture_default_str();
+	InCommand.add_flag("--allow-playlists", InOutArguments.bAllowPlaylists,
+					   "Let VIDEO be a list of other files, and open them; without it only VIDEO itself is opened");
+	AddOverlayOptions(InCommand, InOutArguments.Overlay);
 	AddCommentOptions(InCommand, InOutArguments.CommentOptions);
 }
 
@@ -67,7 +35,7 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 {
 	auto Session = std::make_unique<FPaintSession>();
 	Session->CommentsPath = InArguments.Comments;
-	Session->UnitsPerPixel = InArguments.Scale;
+	Session->Overlay = InArguments.Overlay;
 	std::error_code Ignored;
 	if (std::filesystem::equivalent(InArguments.Output, InArguments.Comments, Ignored))
 	{
@@ -76,28 +44,28 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	}
 	Session->Video = LoadVideoLibrary(OutError);
 	const std::optional<FVideoInfo> Info =
-		Session->Video != nullptr ? Session->Video->Probe(InArguments.Video, OutError) : std::nullopt;
+		Session->Video != nullptr ? Session->Video->Probe({InArguments.Video, InArguments.bAllowPlaylists}, OutError)
+								  : std::nullopt;
 	std::optional<FCommentsFile> Comments =
 		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
-	if (!Comments || !Session->LoadFont(InArguments.Font, OutError) ||
-		!Session->ReportUnseen(Comments->Document, Session->Cover(Info->Shape), OutError))
+	Session->Measure = Comments ? MakeMeasure(InArguments.Overlay.Settings.Text, OutError) : nullptr;
+	if (!Session->Measure || !Session->ReportUnseen(Comments->Document, Session->Cover(Info->Shape), OutError))
 	{
 		return nullptr;
 	}
-	Session->Runner = FOverlayRunner::Create(*Session->Measure, InArguments.Seed, OutError);
+	Session->Runner = FOverlayRunner::Create(*Session->Measure, InArguments.Overlay.Seed, OutError);
 	if (!Session->Runner)
 	{
 		return nullptr;
 	}
-	Session->Runner->GetSettings().Opacity = InArguments.Opacity;
+	Session->Runner->GetSettings() = InArguments.Overlay.Settings;
 	Session->Runner->Load(std::move(Comments->Text), ListTexts(Comments->Document));
 	return Session;
 }
 
 FOverlayView FPaintSession::Cover(const FVideoShape& InShape) const
 {
-	return FOverlayView::Cover(FVector2D(InShape.Width, InShape.Height), InShape.PixelAspect,
-							   UnitsPerPixel ? InShape.Height * *UnitsPerPixel : FOverlayView::UsualHeight);
+	return Overlay.Cover(FVector2D(InShape.Width, InShape.Height), InShape.PixelAspect);
 }
 
 void FPaintSession::Open(const FVideoShape& InShape)
@@ -113,28 +81,19 @@ void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FP
 	Sprites->Place(Runner->GetScene(), Runner->GetSettings(), OutSprites);
 }
 
-bool FPaintSession::LoadFont(const std::string& InFont, std::string& OutError)
+void FPaintSession::Jump(int64 InTicks)
 {
-	FTextOptions Options;
-	Options.Family = InFont;
-	Measure = FTextMeasure::Create(Options, OutError);
-	if (!Measure)
-	{
-		return false;
-	}
-	const std::string& Found = Measure->GetEngine().PrimaryFamily();
-	if (!IsFamily(InFont, Found))
-	{
-		PrintNote("--font: no family \"" + InFont + "\" is installed, " + Found +
-				  " is used; \"fc-list : family\" lists them");
-	}
-	return true;
+	Runner->SetMediaTime(InTicks);
+	Runner->Jump();
 }
 
 bool FPaintSession::ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView,
 								 std::string& OutError) const
 {
-	const std::unique_ptr<FSizeProbe> Probe = FSizeProbe::Create(InView.CanvasSize, *Measure, OutError);
+	const FOverlaySettings& Settings = Overlay.Settings;
+	FScaledMeasure Scaled(*Measure, Settings.FontScale);
+	const std::unique_ptr<FSizeProbe> Probe =
+		FSizeProbe::Create(Settings.GetStageSize(InView.CanvasSize), Scaled, OutError);
 	if (!Probe)
 	{
 		return false;

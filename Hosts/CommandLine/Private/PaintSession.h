@@ -3,7 +3,7 @@
 #include "CommentOptions.h"
 #include "Overlay/OverlayRunner.h"
 #include "Overlay/SceneSprites.h"
-#include "Overlay/TextMeasure.h"
+#include "OverlayOptions.h"
 #include "VideoLibrary.h"
 
 #include <memory>
@@ -22,19 +22,18 @@ namespace Flitmark
 struct FPaintArguments
 {
 	std::string Video;
+	bool bAllowPlaylists = false;
 	std::string Comments;
 	FCommentArguments CommentOptions;
 	std::string Output;
-
-	/** Canvas units per pixel. */
-	std::optional<double> Scale;
-	std::string Font;
-	double Opacity = 1.0;
-	uint32 Seed = 1;
+	FOverlayArguments Overlay;
 	int32 Threads = 0;
 };
 
-/** Adds VIDEO, COMMENTS and the options for what the comments look like. */
+/** VIDEO and COMMENTS. */
+void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments);
+
+/** The options of both, after the command's own. */
 void AddPaintOptions(CLI::App& InCommand, FPaintArguments& InOutArguments);
 
 /** Paints a file's comments into a video. Notes on standard error what will not be seen. */
@@ -51,15 +50,14 @@ public:
 
 	void Open(const FVideoShape& InShape) override;
 	void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) override;
+	void Jump(int64 InTicks) override;
 
 private:
 	FOverlayView Cover(const FVideoShape& InShape) const;
-	bool LoadFont(const std::string& InFont, std::string& OutError);
 	bool ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView, std::string& OutError) const;
 
 	std::string CommentsPath;
-	/** Canvas units per pixel of the picture's height; the usual canvas without it. */
-	std::optional<double> UnitsPerPixel;
+	FOverlayArguments Overlay;
 	const FVideoLibrary* Video = nullptr;
 	std::unique_ptr<FTextMeasure> Measure;
 	std::unique_ptr<FOverlayRunner> Runner;

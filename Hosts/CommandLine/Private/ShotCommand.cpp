@@ -34,6 +34,7 @@ int RunShot(const FShotArguments& InArguments)
 	}
 	FShotOptions Options;
 	Options.Input = InArguments.Paint.Video;
+	Options.bAllowPlaylists = InArguments.Paint.bAllowPlaylists;
 	Options.Output = InArguments.Paint.Output;
 	Options.At = *ParseTime(InArguments.At);
 	Options.Threads = InArguments.Paint.Threads;
@@ -43,7 +44,7 @@ int RunShot(const FShotArguments& InArguments)
 		return PrintError(Result.Error);
 	}
 	Session->ReportCuts();
-	std::printf("%s: the frame at %s\n", Options.Output.c_str(), InArguments.At.c_str());
+	PrintReport("%s: the frame at %s\n", Options.Output, InArguments.At);
 	return ExitSuccess;
 }
 
@@ -67,7 +68,7 @@ void AddShotCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FShotArguments>();
 	CLI::App* const Command = InApp.add_subcommand("shot", "Save one frame with its comments as a picture");
-	AddPaintOptions(*Command, Arguments->Paint);
+	AddPaintArguments(*Command, Arguments->Paint);
 	Command->add_option("-o,--output", Arguments->Paint.Output, "The picture, *.png")
 		->type_name("PICTURE")
 		->required()
@@ -81,6 +82,7 @@ void AddShotCommand(CLI::App& InApp, int& OutExitCode)
 		->type_name("TIME")
 		->required()
 		->check(MakeCheck(&ParseTime, "is not a time; try 90, 1:30 or 0:01:30.5"));
+	AddPaintOptions(*Command, Arguments->Paint);
 	Command->footer(Footer);
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunShot(*Arguments); });
 }

@@ -53,15 +53,15 @@ int RunStats(const FStatsArguments& InArguments)
 	{
 		return PrintError(Error);
 	}
-	std::printf("%s\n", DescribeImport(Input->Report).c_str());
+	PrintReport("%s\n", DescribeImport(Input->Report));
 	for (const std::string& Line : DescribeLosses(Input->Report))
 	{
-		std::printf("%s\n", Line.c_str());
+		PrintReport("%s\n", Line);
 	}
 	for (const FFilterRule& Rule :
 		 Settings->Filter ? Settings->Filter->Apply(Input->Comments) : std::vector<FFilterRule>())
 	{
-		std::printf("%s\n", DescribeRule(Rule).c_str());
+		PrintReport("%s\n", DescribeRule(Rule));
 	}
 	const FCommentStats Stats = GatherStats(Input->Comments, MostListed);
 	const std::string Report = DescribeStats(Stats, GatherSpawnTicks(Input->Comments), FStatsStyle::OfStandardOutput());
@@ -72,7 +72,7 @@ int RunStats(const FStatsArguments& InArguments)
 		{
 			return PrintError(Error);
 		}
-		std::printf("\n%s: the density over time\n", InArguments.Picture.c_str());
+		PrintReport("\n%s: the density over time\n", InArguments.Picture);
 	}
 	return ExitSuccess;
 }

@@ -139,7 +139,7 @@ private:
 	void AddStyles()
 	{
 		constexpr std::string_view Names[] = {"scroll",		"top",	   "bottom", "from left to right",
-											  "positioned", "scripts", "unknown"};
+											  "positioned", "scripts", "paid",	 "unknown"};
 		std::string Modes;
 		for (std::size_t Kind = 0; Kind < Stats.NumOfKind.size(); ++Kind)
 		{

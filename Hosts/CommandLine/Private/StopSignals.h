@@ -5,9 +5,12 @@
 namespace Flitmark
 {
 
+/** From now on a signal that ends the program first removes its unfinished files. Once, when the program starts. */
+void CleanUpOnSignals();
+
 /**
- * While it lives, Ctrl-C, a request to end and a terminal that closes only set a flag, so that work can be stopped
- * cleanly. One at a time.
+ * While it lives, the first Ctrl-C, request to end, or terminal that closes only sets a flag, so that work can be stopped
+ * cleanly; a second one ends the program at once. One at a time.
  */
 class FStopSignals
 {

@@ -1,6 +1,7 @@
 #include "TerminalText.h"
 
 #include "CoreTypes.h"
+#include "Values/VisibleText.h"
 
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -13,6 +14,9 @@ namespace Flitmark
 namespace
 {
 
+/** On one character, far more than any script stacks; marks take no columns, so that a line could hold millions. */
+constexpr std::size_t MostMarks = 16;
+
 std::size_t CountColumns(UChar32 InCharacter)
 {
 	if ((U_GET_GC_MASK(InCharacter) & (U_GC_M_MASK | U_GC_CF_MASK)) != 0)
@@ -21,13 +25,6 @@ std::size_t CountColumns(UChar32 InCharacter)
 	}
 	const auto Width = static_cast<UEastAsianWidth>(u_getIntPropertyValue(InCharacter, UCHAR_EAST_ASIAN_WIDTH));
 	return Width == U_EA_WIDE || Width == U_EA_FULLWIDTH ? 2 : 1;
-}
-
-/** Controls, and marks that change the direction of what follows. */
-bool IsActedOn(UChar32 InCharacter)
-{
-	return u_iscntrl(InCharacter) || (InCharacter >= 0x202A && InCharacter <= 0x202E) ||
-		   (InCharacter >= 0x2066 && InCharacter <= 0x2069);
 }
 
 } // namespace
@@ -49,15 +46,18 @@ std::string CutToColumns(std::string_view InText, std::size_t InColumns)
 	const auto Text = icu::UnicodeString::fromUTF8(icu::StringPiece(InText.data(), static_cast<int32>(InText.size())));
 	icu::UnicodeString Whole;
 	std::size_t Columns = 0;
+	std::size_t NumMarks = 0;
 	/** As much of it as leaves room for an ellipsis. */
 	int32 CutLength = 0;
 	for (int32 Index = 0; Index < Text.length() && Columns <= InColumns; Index = Text.moveIndex32(Index, 1))
 	{
 		const UChar32 Character = Text.char32At(Index);
-		if (!IsActedOn(Character))
+		const std::size_t Width = CountColumns(Character);
+		NumMarks = Width == 0 ? NumMarks + 1 : 0;
+		if (!IsActedOn(static_cast<char32_t>(Character)) && NumMarks <= MostMarks)
 		{
 			Whole += Character;
-			Columns += CountColumns(Character);
+			Columns += Width;
 			CutLength = Columns + 1 <= InColumns ? Whole.length() : CutLength;
 		}
 	}

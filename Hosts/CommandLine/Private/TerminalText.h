@@ -14,7 +14,7 @@ std::optional<std::size_t> GetTerminalWidth(std::FILE* InStream);
 
 /**
  * The text, or as much of its beginning as fits into InColumns, with an ellipsis. Characters that a terminal acts on, such
- * as escapes, are dropped: anybody can write a comment.
+ * as escapes, and marks without end are dropped: anybody can write a comment.
  */
 std::string CutToColumns(std::string_view InText, std::size_t InColumns);
 

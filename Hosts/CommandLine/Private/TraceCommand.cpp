@@ -4,17 +4,17 @@
 #include "CommentOptions.h"
 #include "ExitCodes.h"
 #include "Files/FileText.h"
+#include "Files/MemorySlots.h"
 #include "Message.h"
 #include "OptionValues.h"
+#include "OverlayOptions.h"
 #include "Files/SaveSlots.h"
-#include "Overlay/TextMeasure.h"
 #include "TraceRunner.h"
 #include "Values/OptionChecks.h"
 
 #include <CLI/CLI.hpp>
 
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <unistd.h>
@@ -32,30 +32,10 @@ struct FTraceArguments
 	std::string Size = "1920x1080";
 	std::string Script;
 	std::string Measure = "cells";
+	FOverlayArguments Overlay;
 	std::string SaveDir;
 	/** What the command line sets directly. */
 	FTraceOptions Options;
-};
-
-/** A folder that is deleted with its owner. */
-class FTemporaryFolder
-{
-public:
-	FTemporaryFolder()
-	{
-		std::string Pattern = (std::filesystem::temp_directory_path() / "flitmark-XXXXXX").string();
-		Path = ::mkdtemp(Pattern.data()) != nullptr ? Pattern : std::string();
-	}
-	~FTemporaryFolder()
-	{
-		std::error_code Ignored;
-		std::filesystem::remove_all(Path, Ignored);
-	}
-	FTemporaryFolder(const FTemporaryFolder&) = delete;
-	FTemporaryFolder& operator=(const FTemporaryFolder&) = delete;
-
-	/** Empty where none could be made. */
-	std::filesystem::path Path;
 };
 
 /** Creates the folder where it is missing; false with OutError set where no slots can be kept in it. */
@@ -100,12 +80,11 @@ bool LoadScript(const std::string& InFile, FTraceScript& OutScript, std::string&
 int RunTrace(const FTraceArguments& InArguments)
 {
 	FTraceOptions Options = InArguments.Options;
+	Options.Settings = InArguments.Overlay.Settings;
 	Options.Size = *ParseCanvasSize(InArguments.Size);
-	const FTemporaryFolder Temporary;
-	const std::filesystem::path SaveDir =
-		InArguments.SaveDir.empty() ? Temporary.Path : std::filesystem::path(InArguments.SaveDir);
 	std::string Error;
-	if ((!InArguments.Comments.empty() && !LoadDocument(InArguments, Options, Error)) || !CanKeepSlots(SaveDir, Error))
+	if ((!InArguments.Comments.empty() && !LoadDocument(InArguments, Options, Error)) ||
+		(!InArguments.SaveDir.empty() && !CanKeepSlots(InArguments.SaveDir, Error)))
 	{
 		PrintNote(Error);
 		return ExitWrongUse;
@@ -113,18 +92,23 @@ int RunTrace(const FTraceArguments& InArguments)
 	if (!InArguments.Script.empty() && !LoadScript(InArguments.Script, Options.Script, Error))
 	{
 		// In the form of a compiler's message, which editors find the line by.
-		std::fprintf(stderr, "%s\n", Error.c_str());
+		PrintPlainError(Error);
 		return ExitWrongUse;
 	}
 	std::unique_ptr<FSlateFontMeasure> Measure = std::make_unique<FCellMeasure>();
 	if (InArguments.Measure == "fonts")
 	{
-		Measure = FTextMeasure::Create({}, Error);
+		Measure = MakeMeasure(Options.Settings.Text, Error);
 	}
-	FSaveSlots Slots(SaveDir);
-	ISaveGameSystem::Install(&Slots);
+	if (!Measure)
+	{
+		return PrintError(Error);
+	}
+	FMemorySlots PassingSlots;
+	FSaveSlots KeptSlots(InArguments.SaveDir);
+	ISaveGameSystem::Install(InArguments.SaveDir.empty() ? static_cast<ISaveGameSystem*>(&PassingSlots) : &KeptSlots);
 	Options.Measure = Measure.get();
-	const bool bRan = Measure != nullptr && FTraceRunner(std::move(Options), stdout).Run(Error);
+	const bool bRan = FTraceRunner(std::move(Options), stdout).Run(Error);
 	ISaveGameSystem::Install(nullptr);
 	return bRan ? ExitSuccess : PrintError(Error);
 }
@@ -156,7 +140,9 @@ void AddTraceCommand(CLI::App& InApp, int& OutExitCode)
 	Command->add_option("--measure", Arguments->Measure, "How text is measured")
 		->check(CLI::IsMember({"cells", "fonts"}))
 		->capture_default_str();
-	Command->add_option("--save-dir", Arguments->SaveDir, "Folder for the save slots (default: a temporary one)");
+	Command->add_option("--save-dir", Arguments->SaveDir,
+						"Folder for the save slots (default: kept in memory, for this run only)");
+	AddOverlayOptions(*Command, Arguments->Overlay, {.bPicture = false});
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer("Example: flitmark trace Samples/demo.json --size 1280x720 --positions > trace.jsonl");
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunTrace(*Arguments); });

@@ -8,8 +8,10 @@
 #include "UI_Danmaku.h"
 #include "UI_DanmakuNode.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 
 namespace Flitmark
 {
@@ -24,6 +26,7 @@ constexpr int64 SecondsPerDay = 86'400;
 FTraceRunner::FTraceRunner(FTraceOptions InOptions, std::FILE* InOutput)
 	: Options(std::move(InOptions))
 	, Output(InOutput)
+	, Scaled(*Options.Measure, Options.Settings.FontScale)
 	, Base(Options.Start)
 {
 }
@@ -37,15 +40,17 @@ FTraceRunner::~FTraceRunner()
 
 int64 FTraceRunner::GetMediaTime() const
 {
-	return Base + PlayedFrames * ETimespan::TicksPerSecond / Options.Fps;
+	// The clock stands at its last tick; both parts are 0 or more.
+	const int64 Played = PlayedFrames * ETimespan::TicksPerSecond / Options.Fps;
+	return Base + std::min(Played, std::numeric_limits<int64>::max() - Base);
 }
 
 bool FTraceRunner::Run(std::string& OutError)
 {
 	FStageOptions StageOptions;
-	StageOptions.CanvasSize = Options.Size;
+	StageOptions.CanvasSize = Options.Settings.GetStageSize(Options.Size);
 	StageOptions.Seed = Options.Seed;
-	StageOptions.Measure = Options.Measure;
+	StageOptions.Measure = &Scaled;
 	StageOptions.Settings = Options.Script.Settings;
 	Stage = FStage::Create(StageOptions, OutError);
 	if (Stage == nullptr)
@@ -87,16 +92,17 @@ bool FTraceRunner::Run(std::string& OutError)
 bool FTraceRunner::RunFrame(int64 InLastSecond, bool bInEndless)
 {
 	PendingReports = 0;
-	Stage->SetMediaTime(GetMediaTime());
+	Stage->SetMediaTime(GetStageTime());
 	Stage->SetPlaying(bPlaying);
 	const std::vector<FTraceStep>& Steps = Options.Script.Steps;
 	for (; NextStep < Steps.size() && Steps[NextStep].Frame == Frame; ++NextStep)
 	{
 		Execute(Steps[NextStep]);
-		Stage->SetMediaTime(GetMediaTime());
+		Stage->SetMediaTime(GetStageTime());
 		Stage->SetPlaying(bPlaying);
 	}
-	Stage->RunFrame(static_cast<float>(1.0 / Options.Fps));
+	const double FrameTime = 1.0 / Options.Fps;
+	Stage->RunFrame(static_cast<float>(FrameTime * Options.Settings.Speed), static_cast<float>(FrameTime));
 	for (; PendingReports > 0; --PendingReports)
 	{
 		WriteReport();
@@ -106,7 +112,7 @@ bool FTraceRunner::RunFrame(int64 InLastSecond, bool bInEndless)
 		WritePositions();
 	}
 	const bool bIdle =
-		GetMediaTime() / ETimespan::TicksPerSecond > InLastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
+		GetStageTime() / ETimespan::TicksPerSecond > InLastSecond && Stage->GetCanvas().GetChildrenCount() == 0;
 	IdleFrames = bIdle ? IdleFrames + 1 : 0;
 	PlayedFrames += bPlaying ? 1 : 0;
 	return !bInEndless || IdleFrames < Options.Fps;
@@ -139,7 +145,7 @@ void FTraceRunner::Execute(const FTraceStep& InStep)
 		Stage->SetUrl(InStep.Text);
 		break;
 	case ETraceAction::Resize:
-		Stage->SetCanvasSize(InStep.Size);
+		Stage->SetCanvasSize(Options.Settings.GetStageSize(InStep.Size));
 		break;
 	case ETraceAction::Load:
 		Stage->GetOverlay().LoadDanmaku(InStep.Text);

@@ -2,6 +2,8 @@
 
 #include "Blueprint/WidgetObserver.h"
 #include "JsonLine.h"
+#include "Overlay/ScaledMeasure.h"
+#include "Overlay/OverlaySettings.h"
 #include "Stage/Stage.h"
 #include "TraceScript.h"
 
@@ -27,6 +29,8 @@ struct FTraceOptions
 	uint32 Seed = 1;
 	bool bPositions = false;
 	FSlateFontMeasure* Measure = nullptr;
+	/** Area, speed, font scale and offset count. */
+	FOverlaySettings Settings;
 	/** The document as it was read; empty for none. */
 	std::optional<FString> Document;
 	FTraceScript Script;
@@ -50,6 +54,8 @@ private:
 	};
 
 	int64 GetMediaTime() const;
+	/** The time by which comments are due. */
+	int64 GetStageTime() const { return Options.Settings.GetStageTime(GetMediaTime()); }
 	bool RunFrame(int64 InLastSecond, bool bInEndless);
 	void Execute(const FTraceStep& InStep);
 
@@ -70,6 +76,7 @@ private:
 
 	FTraceOptions Options;
 	std::FILE* Output;
+	FScaledMeasure Scaled;
 	std::unique_ptr<FStage> Stage;
 	FJsonLine Line;
 	std::unordered_map<const UUserWidget*, FNodeInfo> Nodes;

@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <string>
+#include <string_view>
 
 namespace Flitmark
 {
@@ -16,8 +17,12 @@ const FVideoLibrary* LoadVideoLibrary(std::string& OutError)
 	if (Entry == nullptr)
 	{
 		const char* const Reason = dlerror();
-		OutError = Path + ": cannot be loaded: " + (Reason != nullptr ? Reason : "the reason is unknown") +
-				   "; reinstall flitmark";
+		const std::string_view Cause = Reason != nullptr ? Reason : "the reason is unknown";
+		// Memory and descriptors run out, too, on the way to the libraries that it needs.
+		const bool bMissing = Cause.find("No such file") != std::string_view::npos ||
+							  Cause.find("undefined symbol") != std::string_view::npos;
+		OutError = Path + ": cannot be loaded: " + std::string(Cause) +
+				   (bMissing ? "; reinstall flitmark" : "; a limit on memory or open files may be in the way");
 		return nullptr;
 	}
 	return reinterpret_cast<const FVideoLibrary* (*)()>(Entry)();

@@ -1,6 +1,8 @@
 #include "Commands.h"
 #include "ExitCodes.h"
+#include "Files/ExceptionText.h"
 #include "Message.h"
+#include "StopSignals.h"
 
 #include <CLI/CLI.hpp>
 
@@ -49,7 +51,7 @@ int Explain(const CLI::App& InApp, const CLI::ParseError& InError, const std::st
 					 : std::string("unknown ") + (InFirstArgument[0] == '-' ? "option" : "command") + " \"" +
 						   InFirstArgument + "\"";
 	}
-	std::fprintf(stderr, "%s: %s; see \"%s --help\"\n", Command.c_str(), Reason.c_str(), Command.c_str());
+	PrintPlainError(Command + ": " + Reason + "; see \"" + Command + " --help\"");
 	return ExitWrongUse;
 }
 
@@ -97,17 +99,14 @@ int Run(int InNumArguments, char** InArguments)
 int main(int InNumArguments, char** InArguments)
 {
 	int ExitCode = Flitmark::ExitFailure;
+	Flitmark::CleanUpOnSignals();
 	try
 	{
 		ExitCode = Flitmark::Run(InNumArguments, InArguments);
 	}
-	catch (const std::bad_alloc&)
-	{
-		return Flitmark::PrintError("out of memory");
-	}
 	catch (const std::exception& Exception)
 	{
-		return Flitmark::PrintError(Exception.what());
+		return Flitmark::PrintError(Flitmark::ExplainException(Exception));
 	}
 	// A full disk only shows now.
 	if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)

@@ -5,6 +5,7 @@
 #include "Filtering/CommentOrder.h"
 #include "Formats/CleanText.h"
 #include "Formats/CommentDocumentWriter.h"
+#include "LaneFit.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -195,6 +196,7 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 	Input.Bytes.reset();
 	OrderByTime(Input.Comments);
 	Input.Report.Kinds = ApplyKindPolicy(Input.Comments, InKinds);
+	Input.Report.NumFitted = FitIntoLanes(Input.Comments);
 	return Input;
 }
 
@@ -232,6 +234,7 @@ bool FCommentsInput::ImportOwn(std::string& OutError)
 	Document = {};
 	Report.bImported = true;
 	Report.Import.Format = &OwnDocumentFormat;
+	Report.Import.NumEntries = Comments.size();
 	Report.Import.NumRead = Comments.size();
 	return true;
 }

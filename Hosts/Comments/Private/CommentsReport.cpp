@@ -46,6 +46,24 @@ void Count(uint64 InCount, const char* InWhat, std::string& InOutList)
 	}
 }
 
+void DescribeSkipped(const FCommentsReport& InReport, std::vector<std::string>& OutLines)
+{
+	std::string Skipped;
+	for (const FSkippedEntries& Entries : InReport.Import.Skipped)
+	{
+		Skipped +=
+			(Skipped.empty() ? "" : ", ") + Entries.What + " (" + FormatCount(static_cast<int64>(Entries.Num)) + ")";
+	}
+	if (!Skipped.empty())
+	{
+		const auto NumSkipped = static_cast<int64>(InReport.Import.CountSkipped());
+		OutLines.push_back(InReport.Path + ": " + FormatCount(NumSkipped) +
+						   (NumSkipped == 1 ? " entry is no comment for viewers and not shown: "
+											: " entries are no comments for viewers and not shown: ") +
+						   Skipped);
+	}
+}
+
 } // namespace
 
 std::string FormatCount(int64 InCount)
@@ -78,12 +96,14 @@ std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 		Lines.push_back(InReport.Path + ": " + Warning);
 	}
 	DescribeFaults(InReport, Lines);
+	DescribeSkipped(InReport, Lines);
 	const FKindCounts& Kinds = InReport.Kinds;
 	std::string Dropped;
 	Count(Kinds.NumReverseDropped, "from left to right", Dropped);
 	Count(Kinds.NumPositionedDropped, "positioned", Dropped);
 	Count(Kinds.NumDrawingsDropped, "pieces of positioned drawings", Dropped);
 	Count(Kinds.NumScriptsDropped, "that draw by a program", Dropped);
+	Count(Kinds.NumPaidDropped, "paid", Dropped);
 	Count(Kinds.NumUnknownDropped, "of unknown kinds", Dropped);
 	if (!Dropped.empty())
 	{
@@ -94,6 +114,8 @@ std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 	std::string Turned;
 	Count(Kinds.NumReverseTurned, "from left to right, which scroll", Turned);
 	Count(Kinds.NumPositionedTurned, "positioned, which stand at the top", Turned);
+	Count(Kinds.NumPaidTurned, "paid, which stand at the top", Turned);
+	Count(InReport.NumFitted, "of many lines, which are made smaller to fit", Turned);
 	if (!Turned.empty())
 	{
 		Lines.push_back(InReport.Path + ": shown otherwise than meant: " + Turned);

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <string>
 #include <unistd.h>
 
 namespace Flitmark
@@ -31,6 +32,12 @@ int FFileCalls::Flush(int InFile)
 int FFileCalls::Close(int InFile)
 {
 	return ::close(InFile);
+}
+
+int FFileCalls::Link(int InFile, const char* InTo)
+{
+	const std::string Opened = "/proc/self/fd/" + std::to_string(InFile);
+	return ::linkat(AT_FDCWD, Opened.c_str(), AT_FDCWD, InTo, AT_SYMLINK_FOLLOW);
 }
 
 int FFileCalls::Rename(const char* InFrom, const char* InTo)

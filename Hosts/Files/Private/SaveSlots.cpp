@@ -1,5 +1,6 @@
 #include "Files/SaveSlots.h"
 
+#include "Files/ByteSource.h"
 #include "Files/FileText.h"
 #include "Files/TemporaryFile.h"
 #include "Kismet/GameplayStatics.h"
@@ -44,6 +45,27 @@ std::string ToFileName(const TCHAR* InName)
 	return Result;
 }
 
+/** Far more than any record takes, and little enough to read and keep at once. */
+constexpr std::size_t MaxRecordSize = std::size_t{1} << 20;
+
+/** What a slot holds; empty where it cannot be a record: too large, unreadable, or no plain file. */
+std::optional<std::string> ReadRecord(const std::filesystem::path& InFile)
+{
+	std::error_code Ignored;
+	if (!std::filesystem::is_regular_file(InFile, Ignored))
+	{
+		return std::nullopt;
+	}
+	std::string Error;
+	const std::unique_ptr<FFileSource> Source = FFileSource::Open(InFile, Error);
+	if (!Source || Source->GetSize() > MaxRecordSize)
+	{
+		return std::nullopt;
+	}
+	std::string Bytes = Source->ReadUpTo(MaxRecordSize);
+	return Source->GetError().empty() ? std::optional(std::move(Bytes)) : std::nullopt;
+}
+
 bool Exists(const std::filesystem::path& InFile)
 {
 	std::error_code Ignored;
@@ -82,8 +104,7 @@ bool FSaveSlots::DoesSaveGameExist(const TCHAR* InName, const int32 InUserIndex)
 
 bool FSaveSlots::LoadGame(const TCHAR* InName, const int32 InUserIndex, TArray<uint8>& OutData)
 {
-	std::string Error;
-	const std::optional<std::string> Bytes = LoadBytes(GetFile(InName, InUserIndex), Error);
+	const std::optional<std::string> Bytes = ReadRecord(GetFile(InName, InUserIndex));
 	if (!Bytes)
 	{
 		return false;
@@ -114,8 +135,7 @@ bool FSaveSlots::KeepAside(const std::filesystem::path& InFile, const TArray<uin
 	{
 		return true;
 	}
-	std::string Unread;
-	const std::optional<std::string> Old = LoadBytes(InFile, Unread);
+	const std::optional<std::string> Old = ReadRecord(InFile);
 	const UClass* OldClass = Old ? GetRecordClass(ToArray(*Old)) : nullptr;
 	if (OldClass != nullptr && OldClass == GetRecordClass(InNewData))
 	{

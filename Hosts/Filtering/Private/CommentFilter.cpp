@@ -73,7 +73,12 @@ std::unique_ptr<FCommentFilter> FCommentFilter::Create(const FFilterOptions& InO
 	}
 	for (const std::string& User : InOptions.BlockUsers)
 	{
-		Filter->Rules.push_back(MakeBlockUserRule(User));
+		auto Rule = MakeBlockUserRule(User, OutError);
+		if (!Rule)
+		{
+			return nullptr;
+		}
+		Filter->Rules.push_back(std::move(Rule));
 	}
 	if (InOptions.Only)
 	{

@@ -65,6 +65,7 @@ public:
 	/** A text of digits may be a number, or a name that a service gave. */
 	explicit FBlockUserRule(const std::string& InUser)
 		: IFilterRule("--block-user " + InUser)
+		, User(InUser)
 		, Hash(HashUser(InUser))
 	{
 		const char* const End = InUser.data() + InUser.size();
@@ -76,16 +77,49 @@ public:
 	{
 		for (std::size_t Index = 0; Index < InOutComments.size(); ++Index)
 		{
-			const int64 User = InOutComments[Index].UserId;
-			OutTaken[Index] = User == Hash || (bNumber && User == Number);
+			const FServiceComment& Comment = InOutComments[Index];
+			OutTaken[Index] =
+				Comment.UserId == Hash || (bNumber && Comment.UserId == Number) || Comment.UserName == User;
 		}
 		return 0;
 	}
 
 private:
+	const std::string User;
 	const int64 Hash;
 	int64 Number = 0;
 	bool bNumber = false;
+};
+
+/** The pattern of a user that is one, `/pattern/`. */
+std::optional<std::string> FindUserPattern(const std::string& InUser)
+{
+	const bool bPattern = InUser.size() > 2 && InUser.front() == '/' && InUser.back() == '/';
+	return bPattern ? std::optional(InUser.substr(1, InUser.size() - 2)) : std::nullopt;
+}
+
+class FBlockNameRule final : public IFilterRule
+{
+public:
+	FBlockNameRule(const std::string& InUser, const std::string& InPattern)
+		: IFilterRule("--block-user " + InUser)
+		, Pattern(InPattern, MakePatternOptions())
+	{
+	}
+
+	/** Who has no name is not meant, whatever the pattern. */
+	int64 Apply(std::vector<FServiceComment>& InOutComments, std::vector<bool>& OutTaken) const override
+	{
+		for (std::size_t Index = 0; Index < InOutComments.size(); ++Index)
+		{
+			const std::string& User = InOutComments[Index].UserName;
+			OutTaken[Index] = !User.empty() && RE2::PartialMatch(User, Pattern);
+		}
+		return 0;
+	}
+
+private:
+	const RE2 Pattern;
 };
 
 class FOnlyRule final : public IFilterRule
@@ -237,8 +271,18 @@ std::unique_ptr<IFilterRule> MakeBlockRule(const std::string& InPattern, std::st
 	return Rule;
 }
 
-std::unique_ptr<IFilterRule> MakeBlockUserRule(const std::string& InUser)
+std::unique_ptr<IFilterRule> MakeBlockUserRule(const std::string& InUser, std::string& OutError)
 {
+	if (const std::optional<std::string> Fault = FindUserFault(InUser))
+	{
+		OutError = "--block-user: \"" + InUser + "\" is not a valid regular expression: " + *Fault;
+		return nullptr;
+	}
+	const std::optional<std::string> Pattern = FindUserPattern(InUser);
+	if (Pattern)
+	{
+		return std::make_unique<FBlockNameRule>(InUser, *Pattern);
+	}
 	return std::make_unique<FBlockUserRule>(InUser);
 }
 
@@ -260,6 +304,12 @@ std::unique_ptr<IFilterRule> MakeMergeRule(double InSeconds)
 std::unique_ptr<IFilterRule> MakeMaxPerSecondRule(int64 InMost)
 {
 	return std::make_unique<FMaxPerSecondRule>(InMost);
+}
+
+std::optional<std::string> FindUserFault(const std::string& InUser)
+{
+	const std::optional<std::string> Pattern = FindUserPattern(InUser);
+	return Pattern ? FindPatternFault(*Pattern) : std::nullopt;
 }
 
 std::optional<std::string> FindPatternFault(const std::string& InPattern)

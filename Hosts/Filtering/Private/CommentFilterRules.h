@@ -36,7 +36,7 @@ private:
 
 /** Null with OutError set where the pattern is none. */
 std::unique_ptr<IFilterRule> MakeBlockRule(const std::string& InPattern, std::string& OutError);
-std::unique_ptr<IFilterRule> MakeBlockUserRule(const std::string& InUser);
+std::unique_ptr<IFilterRule> MakeBlockUserRule(const std::string& InUser, std::string& OutError);
 std::unique_ptr<IFilterRule> MakeOnlyRule(const std::vector<ECommentKind>& InKinds);
 std::unique_ptr<IFilterRule> MakeMergeRule(double InSeconds);
 std::unique_ptr<IFilterRule> MakeMaxPerSecondRule(int64 InMost);

@@ -13,26 +13,45 @@ namespace Flitmark
 namespace
 {
 
-/** The text of a positioned comment: the fifth element of its list. Empty where there is none. */
-std::string TakePositionedText(std::string_view InList)
+/** Where the words of a positioned comment are: the fifth element of a list, or an object's member; null for nowhere. */
+const rapidjson::Value* FindWords(const rapidjson::Document& InText)
 {
 	constexpr rapidjson::SizeType TextIndex = 4;
-	const std::size_t Begin = InList.find_first_not_of(" \t\n");
-	if (Begin == std::string_view::npos || InList[Begin] != '[')
+	if (InText.HasParseError())
 	{
-		// No list at all: what is there is all that a person could read.
-		return std::string(InList);
+		return nullptr;
 	}
-	rapidjson::Document List;
+	if (InText.IsArray())
+	{
+		return InText.Size() > TextIndex ? &InText[TextIndex] : nullptr;
+	}
+	const auto Member = InText.FindMember("n");
+	return Member != InText.MemberEnd() ? &Member->value : nullptr;
+}
+
+/** The words of a positioned comment; empty where there are none. */
+std::string TakePositionedText(std::string_view InText)
+{
+	const std::size_t Begin = InText.find_first_not_of(" \t\n");
+	if (Begin == std::string_view::npos || (InText[Begin] != '[' && InText[Begin] != '{'))
+	{
+		// No list or object at all: what is there is all that a person could read.
+		return std::string(InText);
+	}
+	rapidjson::Document Json;
 	constexpr unsigned Flags =
 		rapidjson::kParseIterativeFlag | rapidjson::kParseStopWhenDoneFlag | rapidjson::kParseTrailingCommasFlag;
-	List.Parse<Flags>(InList.data(), InList.size());
-	if (List.HasParseError() || !List.IsArray() || List.Size() <= TextIndex || !List[TextIndex].IsString())
+	Json.Parse<Flags>(InText.data(), InText.size());
+	const rapidjson::Value* const Words = FindWords(Json);
+	if (Words == nullptr || !Words->IsString())
 	{
 		return {};
 	}
-	std::string Text(List[TextIndex].GetString(), List[TextIndex].GetStringLength());
-	BreakLines(Text);
+	std::string Text(Words->GetString(), Words->GetStringLength());
+	if (Json.IsArray())
+	{
+		BreakLines(Text);
+	}
 	CleanText(Text);
 	return Text;
 }
@@ -76,6 +95,10 @@ public:
 		case ECommentKind::Script:
 			++Counts.NumScriptsDropped;
 			return true;
+		case ECommentKind::Paid:
+			++(Policy.bPaidAsText ? Counts.NumPaidTurned : Counts.NumPaidDropped);
+			InOutComment.Kind = ECommentKind::Top;
+			return !Policy.bPaidAsText;
 		case ECommentKind::Unknown:
 			++Counts.NumUnknownDropped;
 			return true;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+#include <string>
 
 namespace Flitmark
 {
@@ -18,13 +20,13 @@ struct FNamedColor
 };
 
 constexpr FNamedColor Colors[] = {
-	{"white", 0xFFFFFF},	   {"red", 0xFF0000},		{"pink", 0xFF8080},		  {"orange", 0xFFC000},
-	{"yellow", 0xFFFF00},	   {"green", 0x00FF00},		{"cyan", 0x00FFFF},		  {"blue", 0x0000FF},
-	{"purple", 0xC000FF},	   {"black", 0x000000},		{"white2", 0xCCCC99},	  {"red2", 0xCC0033},
-	{"truered", 0xCC0033},	   {"pink2", 0xFF33CC},		{"orange2", 0xFF6600},	  {"passionorange", 0xFF6600},
-	{"yellow2", 0x999900},	   {"madyellow", 0x999900}, {"green2", 0x00CC66},	  {"elementalgreen", 0x00CC66},
-	{"cyan2", 0x00CCCC},	   {"blue2", 0x3399FF},		{"marineblue", 0x3399FF}, {"purple2", 0x6633CC},
-	{"nobleviolet", 0x6633CC}, {"black2", 0x666666},
+	{"white", 0xFFFFFF},		  {"red", 0xFF0000},		 {"pink", 0xFF8080},	  {"orange", 0xFFC000},
+	{"yellow", 0xFFFF00},		  {"green", 0x00FF00},		 {"cyan", 0x00FFFF},	  {"blue", 0x0000FF},
+	{"purple", 0xC000FF},		  {"black", 0x000000},		 {"white2", 0xCCCC99},	  {"niconicowhite", 0xCCCC99},
+	{"red2", 0xCC0033},			  {"truered", 0xCC0033},	 {"pink2", 0xFF33CC},	  {"orange2", 0xFF6600},
+	{"passionorange", 0xFF6600},  {"yellow2", 0x999900},	 {"madyellow", 0x999900}, {"green2", 0x00CC66},
+	{"elementalgreen", 0x00CC66}, {"cyan2", 0x00CCCC},		 {"blue2", 0x3399FF},	  {"marineblue", 0x3399FF},
+	{"purple2", 0x6633CC},		  {"nobleviolet", 0x6633CC}, {"black2", 0x666666},
 };
 
 struct FNamedKind
@@ -51,38 +53,95 @@ const NamedType* Find(const NamedType (&InTable)[Num], std::string_view InName)
 	return Found == std::end(InTable) ? nullptr : Found;
 }
 
-void ApplyCommand(std::string_view InCommand, FServiceComment& InOutComment)
+/** Color commands of old and new clients; nothing for what is none. */
+std::optional<uint32> FindColor(std::string_view InCommand)
 {
-	if (const FNamedKind* const Kind = Find(Kinds, InCommand))
+	if (const FNamedColor* const Color = Find(Colors, InCommand))
 	{
-		InOutComment.Kind = Kind->Kind;
+		return Color->Rgb << 8 | 0xFF;
 	}
-	else if (const FNamedSize* const Size = Find(Sizes, InCommand))
+	return InCommand.starts_with('#') ? ParseColor(InCommand) : std::nullopt;
+}
+
+/** Where the next blank is, from a place on, and how long; also the wide one that Japanese keyboards type. */
+std::size_t FindBlank(std::string_view InText, std::size_t InPlace, std::size_t& OutSize)
+{
+	constexpr std::string_view WideBlank = "\u3000";
+	for (; InPlace < InText.size(); ++InPlace)
 	{
-		InOutComment.FontSize = Size->Points;
+		const bool bWide = InText.substr(InPlace, WideBlank.size()) == WideBlank;
+		if (bWide || std::string_view(" \t\r\n").find(InText[InPlace]) != std::string_view::npos)
+		{
+			OutSize = bWide ? WideBlank.size() : 1;
+			return InPlace;
+		}
 	}
-	else if (const FNamedColor* const Color = Find(Colors, InCommand))
-	{
-		InOutComment.Color = Color->Rgb << 8 | 0xFF;
-	}
-	else if (InCommand.starts_with('#'))
-	{
-		InOutComment.Color = ParseColor(InCommand).value_or(InOutComment.Color);
-	}
+	OutSize = 0;
+	return InPlace;
+}
+
+std::string ToLower(std::string_view InText)
+{
+	std::string Lower(InText);
+	std::ranges::transform(Lower, Lower.begin(),
+						   [](char InLetter) -> char
+						   {
+							   const bool bCapital = InLetter >= 'A' && InLetter <= 'Z';
+							   return bCapital ? static_cast<char>(InLetter - 'A' + 'a') : InLetter;
+						   });
+	return Lower;
 }
 
 } // namespace
 
-void ApplyChatCommands(std::string_view InCommands, FServiceComment& InOutComment)
+void FChatCommands::Apply(std::string_view InCommands, FServiceComment& InOutComment)
 {
-	constexpr std::string_view Blanks = " \t\r\n";
 	while (!InCommands.empty())
 	{
-		const std::size_t Begin = std::min(InCommands.find_first_not_of(Blanks), InCommands.size());
-		const std::size_t End = std::min(InCommands.find_first_of(Blanks, Begin), InCommands.size());
-		ApplyCommand(InCommands.substr(Begin, End - Begin), InOutComment);
-		InCommands.remove_prefix(End);
+		std::size_t BlankSize = 0;
+		const std::size_t End = FindBlank(InCommands, 0, BlankSize);
+		if (End > 0)
+		{
+			ApplyOne(ToLower(InCommands.substr(0, End)), InOutComment);
+		}
+		InCommands.remove_prefix(End + BlankSize);
 	}
+}
+
+void FChatCommands::ApplyOne(std::string_view InCommand, FServiceComment& InOutComment)
+{
+	bHidden = bHidden || InCommand == "invisible";
+	const FNamedKind* const Kind = bHasKind ? nullptr : Find(Kinds, InCommand);
+	const FNamedSize* const Size = bHasSize ? nullptr : Find(Sizes, InCommand);
+	const std::optional<uint32> Color = bHasColor ? std::nullopt : FindColor(InCommand);
+	if (Kind != nullptr)
+	{
+		InOutComment.Kind = Kind->Kind;
+		bHasKind = true;
+	}
+	else if (Size != nullptr)
+	{
+		InOutComment.FontSize = Size->Points;
+		bHasSize = true;
+	}
+	else if (Color)
+	{
+		InOutComment.Color = *Color;
+		bHasColor = true;
+	}
+}
+
+std::string_view FindChatSkip(std::string_view InText, const FChatCommands& InCommands, bool bInDeleted)
+{
+	if (bInDeleted)
+	{
+		return "deleted by the service";
+	}
+	if (InText.starts_with('/'))
+	{
+		return "service commands";
+	}
+	return InCommands.IsHidden() ? "hidden by their senders" : "";
 }
 
 } // namespace Flitmark

@@ -39,7 +39,11 @@ public:
 		}
 		else if (Key == "mail" || Key == "commands")
 		{
-			ApplyChatCommands(InField.Text, Comment);
+			Commands.Apply(InField.Text, Comment);
+		}
+		else if (Key == "deleted")
+		{
+			bDeleted = ParseInteger(InField.Text).value_or(0) != 0;
 		}
 		else if (Key == "date" || Key == "postedAt")
 		{
@@ -54,7 +58,9 @@ public:
 	const char* Finish() override
 	{
 		Comment.Id = Comment.Id != 0 ? Comment.Id : Id;
-		return FinishText();
+		const char* const Fault = FinishText();
+		Skipped = FindChatSkip(Comment.Text, Commands, bDeleted);
+		return Fault;
 	}
 
 	bool IsEntryKey(std::string_view InKey, char InValueStart) const override
@@ -67,7 +73,12 @@ public:
 	bool StandsAlone() const override { return false; }
 
 protected:
-	void Restart() override { Id = 0; }
+	void Restart() override
+	{
+		Id = 0;
+		Commands = {};
+		bDeleted = false;
+	}
 
 private:
 	void OnIdentity(std::string_view InKey, std::string_view InText)
@@ -96,6 +107,8 @@ private:
 
 	/** Second to "no". */
 	int64 Id = 0;
+	FChatCommands Commands;
+	bool bDeleted = false;
 };
 
 } // namespace

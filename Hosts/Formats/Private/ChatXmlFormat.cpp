@@ -20,11 +20,7 @@ bool IsChatEntry(std::string_view InTag)
 /** An attribute of a chat entry that is about anything but its time. */
 void ReadChatAttribute(std::string_view InName, std::string_view InValue, FServiceComment& OutComment)
 {
-	if (InName == "mail")
-	{
-		ApplyChatCommands(InValue, OutComment);
-	}
-	else if (InName == "date")
+	if (InName == "date")
 	{
 		OutComment.PostDate = ParseUnixDate(InValue);
 	}
@@ -46,8 +42,10 @@ void ReadChatAttribute(std::string_view InName, std::string_view InValue, FServi
 	}
 }
 
-bool ReadChatTag(std::string_view InTag, FServiceComment& OutComment)
+bool ReadChatTag(std::string_view InTag, FXmlComment& OutEntry)
 {
+	FChatCommands Commands;
+	bool bDeleted = false;
 	std::optional<int64> Ticks;
 	FXmlAttributes Attributes(InTag);
 	std::string Storage;
@@ -59,22 +57,36 @@ bool ReadChatTag(std::string_view InTag, FServiceComment& OutComment)
 		{
 			Ticks = ParseTicks(Value, ETimeUnit::Hundredth);
 		}
+		else if (Name == "mail")
+		{
+			Commands.Apply(ResolveEntities(Value, Storage), OutEntry.Comment);
+		}
+		else if (Name == "deleted")
+		{
+			bDeleted = Value != "0";
+		}
 		else
 		{
-			ReadChatAttribute(Name, ResolveEntities(Value, Storage), OutComment);
+			ReadChatAttribute(Name, ResolveEntities(Value, Storage), OutEntry.Comment);
 		}
 	}
-	OutComment.SpawnTicks = Ticks.value_or(0);
+	OutEntry.Skipped = FindChatSkip({}, Commands, bDeleted);
+	OutEntry.Comment.SpawnTicks = Ticks.value_or(0);
 	return Ticks.has_value();
 }
 
-void FinishChatText(FServiceComment& InOutComment)
+void FinishChatText(FXmlComment& InOutEntry)
 {
-	CleanText(InOutComment.Text);
+	CleanText(InOutEntry.Comment.Text);
+	if (InOutEntry.Skipped.empty())
+	{
+		InOutEntry.Skipped = FindChatSkip(InOutEntry.Comment.Text, {}, false);
+	}
 }
 
 /** `<chat vpos="..." mail="...">text</chat>` */
-constexpr FXmlSchema Schema = {"packet", "chat", IsChatEntry, ReadChatTag, "has no readable \"vpos\"", FinishChatText};
+constexpr FXmlSchema Schema = {
+	"packet", IsChatEntry, {"chat", ReadChatTag, "has no readable \"vpos\"", FinishChatText}, {}};
 
 } // namespace
 

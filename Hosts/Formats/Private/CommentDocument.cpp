@@ -204,6 +204,13 @@ int64 ReadId(std::string_view InElement, ECommentKey InKey)
 	return ParseInteger(Value == "true" ? "1" : Value).value_or(0);
 }
 
+/** Names are looked up where users are blocked; the overlay does not show them. */
+std::string ReadName(std::string_view InElement)
+{
+	const auto Value = FindJsonMember(InElement, ToText(ECommentKey::UserDisplayName));
+	return Value && Value->starts_with('"') ? MakeCleanText(UnquoteJson(*Value)) : std::string();
+}
+
 } // namespace
 
 std::string_view ToText(ECommentKey InKey)
@@ -259,6 +266,7 @@ std::vector<FServiceComment> FCommentDocument::MakeComments(std::string_view InT
 		Comment.Source = Elements.Next();
 		MakeUtf8(Comment.Source);
 		Comment.UserId = ReadId(Comment.Source, ECommentKey::UserID);
+		Comment.UserName = ReadName(Comment.Source);
 		Comment.SpawnTicks = Entry.SpawnTicks;
 		Comment.Text = MakeCleanText(ToUtf8(FString(FStringView(GetText(Entry)))));
 		Comment.Kind = Entry.Kind;

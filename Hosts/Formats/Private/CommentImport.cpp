@@ -21,6 +21,16 @@ std::string ListFormats()
 
 } // namespace
 
+uint64 FImportReport::CountSkipped() const
+{
+	uint64 Num = 0;
+	for (const FSkippedEntries& Entries : Skipped)
+	{
+		Num += Entries.Num;
+	}
+	return Num;
+}
+
 bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string& OutError)
 {
 	OutResult = FImportResult();

@@ -22,6 +22,22 @@ void FImportSink::AddBroken(uint64 InLine, std::string InReason)
 	AddFault(InLine, std::move(InReason));
 }
 
+void FImportSink::AddSkipped(std::string_view InWhat)
+{
+	std::vector<FSkippedEntries>& Skipped = Result.Report.Skipped;
+	auto Sort = std::ranges::find(Skipped, InWhat, &FSkippedEntries::What);
+	if (Sort == Skipped.end() && Skipped.size() < FImportReport::MaxSkippedSorts)
+	{
+		Sort = Skipped.insert(Sort, {std::string(InWhat), 0});
+	}
+	else if (Sort == Skipped.end())
+	{
+		--Sort;
+		Sort->What = "others";
+	}
+	++Sort->Num;
+}
+
 void FImportSink::AddRepaired(uint64 InLine, std::string InReason)
 {
 	++Result.Report.NumRepaired;
@@ -33,7 +49,7 @@ void FImportSink::AddFault(uint64 InLine, std::string&& InReason)
 	FImportReport& Report = Result.Report;
 	if (Report.Faults.size() < FImportReport::MaxFaults)
 	{
-		Report.Faults.push_back({InLine, Report.NumRead + Report.NumBroken, std::move(InReason)});
+		Report.Faults.push_back({InLine, Report.NumEntries, std::move(InReason)});
 	}
 }
 

@@ -3,6 +3,9 @@
 #include "CoreTypes.h"
 #include "Formats/CommentImport.h"
 
+#include <string>
+#include <string_view>
+
 namespace Flitmark
 {
 
@@ -16,11 +19,17 @@ public:
 	{
 	}
 
-	/** The next entry, which became a comment; InOffset is where it ends in the file. */
+	/** An entry was found; one of the next three says what became of it. */
+	void BeginEntry() { ++Result.Report.NumEntries; }
+
+	/** It became a comment; InOffset is where it ends in the file. */
 	void Add(FServiceComment&& InComment, uint64 InOffset);
 
-	/** The next entry, which is lost. */
+	/** It is lost. */
 	void AddBroken(uint64 InLine, std::string InReason);
+
+	/** It is nothing for viewers. InWhat: what such entries are; see FSkippedEntries. */
+	void AddSkipped(std::string_view InWhat);
 
 	/** The entry added last was damaged, but could be read. */
 	void AddRepaired(uint64 InLine, std::string InReason);

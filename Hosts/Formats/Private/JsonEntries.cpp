@@ -157,6 +157,7 @@ void FJsonEntries::ReportStray()
 {
 	if (IsAmongEntries() && !bReportedStray)
 	{
+		Sink.BeginEntry();
 		Sink.AddBroken(Window.GetLine(0), "is a bare value, not a comment");
 		bReportedStray = true;
 	}
@@ -223,19 +224,15 @@ bool FJsonEntries::IsEntryObject(std::size_t InOffset, std::size_t InSize) const
 void FJsonEntries::ReadEntry()
 {
 	using FOutcome = FJsonValueReader::EOutcome;
+	Sink.BeginEntry();
 	const FJsonValueReader::FRead Read = ReadValue();
 	if (Read.Outcome != FOutcome::Whole)
 	{
 		OnDamage(Read);
 	}
-	else if (const char* const Fault = Schema.Finish())
-	{
-		Sink.AddBroken(Window.GetLine(0), Fault);
-		Window.Consume(Read.End);
-	}
 	else
 	{
-		AddEntry(Read.End);
+		SettleEntry(Read.End);
 		Window.Consume(Read.End);
 	}
 	bAfterColon = false;
@@ -280,6 +277,26 @@ void FJsonEntries::AddEntry(std::size_t InSize)
 	Sink.Add(std::move(Schema.Comment), Window.GetOffset() + InSize);
 }
 
+/** Of an entry that was read to its end; whether it became a comment. */
+bool FJsonEntries::SettleEntry(std::size_t InSize)
+{
+	const char* const Fault = Schema.Finish();
+	if (!Schema.Skipped.empty())
+	{
+		Sink.AddSkipped(Schema.Skipped);
+	}
+	else if (Fault != nullptr)
+	{
+		Sink.AddBroken(Window.GetLine(0), Fault);
+	}
+	else
+	{
+		AddEntry(InSize);
+		return true;
+	}
+	return false;
+}
+
 void FJsonEntries::OnDamage(const FJsonValueReader::FRead& InRead)
 {
 	const bool bCut = InRead.Outcome == FJsonValueReader::EOutcome::Cut;
@@ -290,7 +307,12 @@ void FJsonEntries::OnDamage(const FJsonValueReader::FRead& InRead)
 	std::string Reason =
 		bCut ? "the file ends in the middle of this entry" : "is damaged: " + std::string(InRead.Reason);
 	Reason.resize(Reason.find_last_not_of('.') + 1);
-	if (!bCut && Schema.Finish() == nullptr && !Schema.Comment.Text.empty())
+	const bool bReadable = !bCut && Schema.Finish() == nullptr && !Schema.Comment.Text.empty();
+	if (bReadable && !Schema.Skipped.empty())
+	{
+		Sink.AddSkipped(Schema.Skipped);
+	}
+	else if (bReadable)
 	{
 		AddEntry(InRead.End);
 		Sink.AddRepaired(Window.GetLine(0), Reason + "; everything before the damage was read");
@@ -311,13 +333,8 @@ bool FJsonEntries::ReadRepaired()
 	{
 		return false;
 	}
-	if (const char* const Fault = Schema.Finish())
+	if (SettleEntry(Size))
 	{
-		Sink.AddBroken(Window.GetLine(0), Fault);
-	}
-	else
-	{
-		AddEntry(Size);
 		Sink.AddRepaired(Window.GetLine(0),
 						 "its text contains characters that JSON does not allow; they were repaired");
 	}

@@ -51,6 +51,7 @@ private:
 	void ReadEntry();
 	FJsonValueReader::FRead ReadValue();
 	void AddEntry(std::size_t InSize);
+	bool SettleEntry(std::size_t InSize);
 	void OnDamage(const FJsonValueReader::FRead& InRead);
 	bool ReadRepaired();
 	void SkipToNextEntry();

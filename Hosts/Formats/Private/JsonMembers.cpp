@@ -22,15 +22,6 @@ std::string_view GetValue(std::string_view InText, std::size_t InPlace)
 	return InText.substr(InPlace, End == std::string_view::npos ? End : End - InPlace);
 }
 
-/** What a quoted string with escapes says. */
-std::string Unquote(std::string_view InQuoted)
-{
-	TArray<TSharedPtr<FJsonValue>> Values;
-	const FString Text = FromUtf8("[" + std::string(InQuoted) + "]");
-	FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Values);
-	return Values.Num() == 1 ? ToUtf8(Values[0]->AsString()) : std::string();
-}
-
 bool IsSameKey(std::string_view InKey, std::string_view InOther)
 {
 	const auto Lower = [](char InLetter)
@@ -43,7 +34,7 @@ bool IsSameKey(std::string_view InKey, std::string_view InOther)
 bool IsQuotedKey(std::string_view InQuoted, std::string_view InKey)
 {
 	return InQuoted.find('\\') == std::string_view::npos ? IsSameKey(InQuoted.substr(1, InQuoted.size() - 2), InKey)
-														 : IsSameKey(Unquote(InQuoted), InKey);
+														 : IsSameKey(UnquoteJson(InQuoted), InKey);
 }
 
 } // namespace
@@ -73,6 +64,18 @@ std::optional<std::string_view> FindJsonMember(std::string_view InObject, std::s
 		Place = SkipJsonBlanks(InObject, Begin + Value.size());
 	}
 	return Found;
+}
+
+std::string UnquoteJson(std::string_view InQuoted)
+{
+	if (InQuoted.find('\\') == std::string_view::npos)
+	{
+		return std::string(InQuoted.substr(1, InQuoted.size() - 2));
+	}
+	TArray<TSharedPtr<FJsonValue>> Values;
+	const FString Text = FromUtf8("[" + std::string(InQuoted) + "]");
+	FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Values);
+	return Values.Num() == 1 ? ToUtf8(Values[0]->AsString()) : std::string();
 }
 
 std::string_view FJsonElements::Next()

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace Flitmark
@@ -11,6 +12,9 @@ namespace Flitmark
 
 /** An object's member as the engine's JSON looks it up: the key in any case, the last of several. */
 std::optional<std::string_view> FindJsonMember(std::string_view InObject, std::string_view InKey);
+
+/** What a string's value says, quotes and escapes resolved; the text must be a JSON string. */
+std::string UnquoteJson(std::string_view InQuoted);
 
 /** Goes through the elements of a list. */
 class FJsonElements

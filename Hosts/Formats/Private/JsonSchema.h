@@ -49,6 +49,7 @@ public:
 	void Begin()
 	{
 		Comment = FServiceComment();
+		Skipped = {};
 		bHasTime = false;
 		Restart();
 	}
@@ -69,6 +70,9 @@ public:
 
 	/** What was read since Begin. */
 	FServiceComment Comment;
+
+	/** Set by Finish where the entry is nothing for viewers: what such entries are; see FSkippedEntries. */
+	std::string_view Skipped;
 
 protected:
 	/** Resets what a schema keeps besides the comment. */

@@ -15,7 +15,7 @@ using namespace rapidjson;
 /** Deeper values are refused: reading is recursive. */
 constexpr std::size_t MaxDepth = 64;
 
-/** Passes on the values directly in an entry, in lists in it, and in its member "chat". */
+/** Passes on the values directly in an entry, in lists in it, in its member "chat", and in a row's objects. */
 class FFieldHandler
 {
 public:
@@ -52,7 +52,8 @@ public:
 
 	bool StartObject()
 	{
-		const bool bWrapped = Depth == 1 && FieldDepth == 1 && std::string_view(KeyText, KeySize) == "chat";
+		const bool bWrapped =
+			Depth == 1 && FieldDepth == 1 && (bEntryIsList || std::string_view(KeyText, KeySize) == "chat");
 		FieldDepth += bWrapped ? 1 : 0;
 		return Enter(false);
 	}
@@ -94,9 +95,11 @@ private:
 
 	bool OnValue(EJsonValue InType, std::string_view InText)
 	{
-		if (Depth == FieldDepth || Depth == ListDepth)
+		const bool bUnnamed = bEntryIsList && Depth == 1;
+		// In a row's object a name that is too long does not pass for none.
+		const bool bUnknown = bEntryIsList && !bUnnamed && KeySize == 0;
+		if ((Depth == FieldDepth || Depth == ListDepth) && !bUnknown)
 		{
-			const bool bUnnamed = bEntryIsList && Depth == 1;
 			Schema.OnField({{KeyText, bUnnamed ? 0 : KeySize}, Index, InType, Depth == ListDepth, InText});
 			Index += Depth == 1 ? 1 : 0;
 		}

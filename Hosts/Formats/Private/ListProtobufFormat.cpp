@@ -198,12 +198,14 @@ private:
 		}
 		if (Tag == EntryTag)
 		{
+			Sink.BeginEntry();
 			return ReadEntry(Stream);
 		}
 		if (Tag != 0 && FWire::SkipField(&Stream, Tag))
 		{
 			return true;
 		}
+		Sink.BeginEntry();
 		Sink.AddBroken(0, "is not a message field; the rest of the file cannot be read");
 		return false;
 	}

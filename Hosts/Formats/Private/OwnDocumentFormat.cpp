@@ -43,6 +43,7 @@ bool Read(IByteSource& InSource, FImportSink& OutSink, std::string& OutError)
 	}
 	for (FServiceComment& Comment : Document.MakeComments(Text))
 	{
+		OutSink.BeginEntry();
 		OutSink.Add(std::move(Comment), Text.size());
 	}
 	return true;

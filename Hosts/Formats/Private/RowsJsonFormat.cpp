@@ -1,6 +1,10 @@
 #include "Formats/CleanText.h"
 #include "Formats/FieldValues.h"
+#include "CommentJson.h"
 #include "JsonFormat.h"
+#include "ListParameters.h"
+
+#include <string>
 
 namespace Flitmark
 {
@@ -23,13 +27,22 @@ public:
 		{
 			return;
 		}
+		if (!InField.Key.empty())
+		{
+			// Inside an object: that of a text has its words under this name.
+			if (InField.Index == TextIndex && InField.Key == "n")
+			{
+				Words = InField.Text;
+			}
+			return;
+		}
 		switch (InField.Index)
 		{
 		case 0:
 			SetTime(InField.Text, ETimeUnit::Second);
 			break;
 		case 1:
-			Comment.Kind = ToKind(InField.Text);
+			ReadType(InField.Text);
 			break;
 		case 2:
 			Comment.Color = ParseColor(InField.Text).value_or(Comment.Color);
@@ -38,7 +51,7 @@ public:
 			Comment.UserId = MakeUserId(InField.Text);
 			Comment.UserName = MakeCleanText(InField.Text);
 			break;
-		case 4:
+		case TextIndex:
 			Comment.Text = InField.Text;
 			break;
 		default:
@@ -46,24 +59,54 @@ public:
 		}
 	}
 
-	const char* Finish() override { return FinishText(); }
+	const char* Finish() override
+	{
+		Skipped = bReverse ? "rows from left to right" : "";
+		if (Comment.Text.empty() && !Words.empty())
+		{
+			// As it stands where the object is written as a text: what takes the words out there does it here, too.
+			Comment.Text =
+				Comment.Kind == ECommentKind::Positioned ? "{\"n\":" + QuoteJson(Words) + "}" : std::move(Words);
+		}
+		return FinishText();
+	}
+
 	bool IsEntryKey(std::string_view, char) const override { return false; }
 	bool HasListEntries() const override { return true; }
 
+protected:
+	void Restart() override
+	{
+		Words.clear();
+		bReverse = false;
+	}
+
 private:
-	static ECommentKind ToKind(std::string_view InType)
+	static constexpr std::size_t TextIndex = 4;
+
+	/** Types from 6 on are the modes of lists; what they say is only worth anything where they put it. */
+	void ReadType(std::string_view InType)
 	{
 		const std::optional<int64> Type = ParseInteger(InType);
 		if (InType == "top" || Type == 1)
 		{
-			return ECommentKind::Top;
+			Comment.Kind = ECommentKind::Top;
 		}
-		if (InType == "bottom" || Type == 2)
+		else if (InType == "bottom" || Type == 2)
 		{
-			return ECommentKind::Bottom;
+			Comment.Kind = ECommentKind::Bottom;
 		}
-		return !Type || Type == 0 ? ECommentKind::Scroll : ECommentKind::Unknown;
+		else if (Type && *Type != 0)
+		{
+			const ECommentKind Kind = ToListKind(InType);
+			bReverse = Kind == ECommentKind::Reverse;
+			Comment.Kind = *Type > 6 ? Kind : ECommentKind::Unknown;
+		}
 	}
+
+	/** The words of a text that is an object. */
+	std::string Words;
+	bool bReverse = false;
 };
 
 } // namespace

@@ -42,17 +42,21 @@ bool FXmlEntries::Next(FEntry& OutEntry)
 		{
 			continue;
 		}
-		if (!IsStart(Window.GetView(), Name))
+		if (IsEntry(Window.GetView()))
 		{
-			bRootOpen = (bRootOpen || IsStart(Window.GetView(), Root)) && GetEndTagSize(Window.GetView(), Root) == 0;
-			Window.Consume(1);
-			continue;
+			const std::string_view Found = IsStart(Window.GetView(), Name) ? Name : Paid;
+			while (!ReadEntry(Found, OutEntry))
+			{
+				Window.Fill();
+			}
+			return true;
 		}
-		while (!ReadEntry(OutEntry))
+		bRootOpen = (bRootOpen || IsStart(Window.GetView(), Root)) && GetEndTagSize(Window.GetView(), Root) == 0;
+		if (ReadTag(OutEntry))
 		{
-			Window.Fill();
+			return true;
 		}
-		return true;
+		Window.Consume(1);
 	}
 	return false;
 }
@@ -95,11 +99,38 @@ bool FXmlEntries::SkipComment()
 	return true;
 }
 
-/** The entry that the view begins with; false if more of the text is needed first. */
-bool FXmlEntries::ReadEntry(FEntry& OutEntry)
+/** The tag of another element, where the view begins with one. */
+bool FXmlEntries::ReadTag(FEntry& OutEntry)
+{
+	constexpr std::string_view Letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_-.:";
+	const std::string_view Start = Window.GetView().substr(0, LookAhead);
+	const std::size_t NameEnd = Start.find_first_not_of(Letters, 1);
+	if (NameEnd == 1 || NameEnd == std::string_view::npos || !IsStart(Start, Start.substr(1, NameEnd - 1)) ||
+		IsStart(Start, Root))
+	{
+		return false;
+	}
+	std::size_t TagEnd = Window.GetView().find_first_of("<>", NameEnd);
+	while (TagEnd == std::string_view::npos && MayGrow())
+	{
+		Window.Fill();
+		TagEnd = Window.GetView().find_first_of("<>", NameEnd);
+	}
+	const std::string_view View = Window.GetView();
+	if (TagEnd == std::string_view::npos || View[TagEnd] == '<')
+	{
+		return false;
+	}
+	OutEntry = {View.substr(1, NameEnd - 1), View.substr(NameEnd, TagEnd - NameEnd), {}, EEnd::Closed};
+	EntrySize = TagEnd;
+	return true;
+}
+
+/** The entry of a name that the view begins with; false if more of the text is needed first. */
+bool FXmlEntries::ReadEntry(std::string_view InName, FEntry& OutEntry)
 {
 	const std::string_view View = Window.GetView();
-	const std::size_t TagBegin = 1 + Name.size();
+	const std::size_t TagBegin = 1 + InName.size();
 	const std::size_t NextTag = View.find('<', TagBegin);
 	if (NextTag == std::string_view::npos && MayGrow())
 	{
@@ -107,7 +138,7 @@ bool FXmlEntries::ReadEntry(FEntry& OutEntry)
 	}
 	const std::string_view UpToNext = View.substr(TagBegin, NextTag - TagBegin);
 	const std::size_t TagSize = FindTagEnd(UpToNext);
-	OutEntry = {UpToNext.substr(0, TagSize), {}, EEnd::Closed};
+	OutEntry = {InName, UpToNext.substr(0, TagSize), {}, EEnd::Closed};
 	if (TagSize == std::string_view::npos)
 	{
 		OutEntry.End = NextTag == std::string_view::npos ? EEnd::Cut : EEnd::Unclosed;
@@ -121,7 +152,7 @@ bool FXmlEntries::ReadEntry(FEntry& OutEntry)
 		EntrySize = ContentBegin;
 		return true;
 	}
-	const FPlace End = FindContentEnd(View, ContentBegin);
+	const FPlace End = FindContentEnd(View, ContentBegin, InName);
 	if (End.bNeedsMore)
 	{
 		return false;
@@ -129,11 +160,11 @@ bool FXmlEntries::ReadEntry(FEntry& OutEntry)
 	OutEntry.Content = View.substr(ContentBegin, End.Place - ContentBegin);
 	OutEntry.End = End.End;
 	// What is cut for its length may hold other entries.
-	EntrySize = End.End == EEnd::Cut ? ContentBegin : End.Place + GetEndTagSize(View.substr(End.Place), Name);
+	EntrySize = End.End == EEnd::Cut ? ContentBegin : End.Place + GetEndTagSize(View.substr(End.Place), InName);
 	return true;
 }
 
-FXmlEntries::FPlace FXmlEntries::FindContentEnd(std::string_view InView, std::size_t InPlace)
+FXmlEntries::FPlace FXmlEntries::FindContentEnd(std::string_view InView, std::size_t InPlace, std::string_view InName)
 {
 	std::size_t Place = InView.find('<', InPlace);
 	while (Place != std::string_view::npos)
@@ -143,11 +174,11 @@ FXmlEntries::FPlace FXmlEntries::FindContentEnd(std::string_view InView, std::si
 		{
 			return {0, EEnd::Cut, true};
 		}
-		if (GetEndTagSize(Rest, Name) > 0)
+		if (GetEndTagSize(Rest, InName) > 0)
 		{
 			return {Place, EEnd::Closed, false};
 		}
-		if (IsStart(Rest, Name) || GetEndTagSize(Rest, Root) > 0)
+		if (IsEntry(Rest) || GetEndTagSize(Rest, Root) > 0)
 		{
 			return {Place, EEnd::Unclosed, false};
 		}
@@ -178,6 +209,11 @@ std::size_t FXmlEntries::FindCached(std::string_view InWanted, std::size_t InPla
 		InOutAbsentUntil = std::max(InOutAbsentUntil, Offset + View.size() - InWanted.size() + 1);
 	}
 	return Found;
+}
+
+bool FXmlEntries::IsEntry(std::string_view InText) const
+{
+	return IsStart(InText, Name) || (!Paid.empty() && IsStart(InText, Paid));
 }
 
 bool FXmlEntries::IsStart(std::string_view InText, std::string_view InName)

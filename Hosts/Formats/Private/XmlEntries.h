@@ -8,7 +8,10 @@
 namespace Flitmark
 {
 
-/** Finds the elements of one name in XML, wherever they are, no matter how damaged the text around them is. */
+/**
+ * Finds entries in XML, the elements of one or two names, wherever they are, no matter how damaged the text around them
+ * is; and the tags of all other elements outside of them.
+ */
 class FXmlEntries
 {
 public:
@@ -25,16 +28,20 @@ public:
 	/** An element's parts as they stand in the window; valid until the next one is asked for. */
 	struct FEntry
 	{
+		/** That of an entry, of a paid one, or of another element, which has a tag only. */
+		std::string_view Name;
 		/** Between the name and the end of the start tag. */
 		std::string_view Tag;
 		std::string_view Content;
 		EEnd End = EEnd::Closed;
 	};
 
-	FXmlEntries(IByteSource& InSource, std::string_view InRoot, std::string_view InName)
+	/** InPaid: the other name of entries; empty where there is none. */
+	FXmlEntries(IByteSource& InSource, std::string_view InRoot, std::string_view InName, std::string_view InPaid)
 		: Window(InSource)
 		, Root(InRoot)
 		, Name(InName)
+		, Paid(InPaid)
 	{
 	}
 
@@ -59,8 +66,10 @@ private:
 
 	bool SkipToMarkup();
 	bool SkipComment();
-	bool ReadEntry(FEntry& OutEntry);
-	FPlace FindContentEnd(std::string_view InView, std::size_t InPlace);
+	bool ReadEntry(std::string_view InName, FEntry& OutEntry);
+	bool ReadTag(FEntry& OutEntry);
+	FPlace FindContentEnd(std::string_view InView, std::size_t InPlace, std::string_view InName);
+	bool IsEntry(std::string_view InText) const;
 	std::size_t FindCached(std::string_view InWanted, std::size_t InPlace, uint64& InOutAbsentUntil) const;
 	static bool IsStart(std::string_view InText, std::string_view InName);
 	static std::size_t GetEndTagSize(std::string_view InText, std::string_view InName);
@@ -69,6 +78,7 @@ private:
 	FByteWindow Window;
 	std::string_view Root;
 	std::string_view Name;
+	std::string_view Paid;
 
 	bool bRootOpen = false;
 

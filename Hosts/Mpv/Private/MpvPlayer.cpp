@@ -62,6 +62,7 @@ constexpr FObserved Observed[] = {
 	{"video-out-params/dw", MPV_FORMAT_INT64, TakeInt<&FMpvState::Width>},
 	{"video-out-params/dh", MPV_FORMAT_INT64, TakeInt<&FMpvState::Height>},
 	{"video-out-params/rotate", MPV_FORMAT_INT64, TakeInt<&FMpvState::Rotation>},
+	{"audio-params/samplerate", MPV_FORMAT_INT64, TakeInt<&FMpvState::SampleRate>},
 	{"media-title", MPV_FORMAT_STRING, TakeText<&FMpvState::Title>},
 	{"hwdec-current", MPV_FORMAT_STRING, TakeText<&FMpvState::HardwareDecoder>},
 };
@@ -84,6 +85,18 @@ constexpr std::pair<const char*, const char*> FixedOptions[] = {
 	{"audio-client-name", "Flitmark"},
 	{"sub-auto", "no"},
 };
+
+/** The same for a player that only tries. */
+constexpr std::pair<const char*, const char*> TrialOptions[] = {
+	{"vo", "null"},
+	{"ao", "null"},
+	{"pause", "yes"},
+	// What has nothing in it ends with an error.
+	{"keep-open", "no"},
+};
+
+/** Replies to loads count up from 1, those about subtitles from here. */
+constexpr uint64_t FirstSubtitlesReply = uint64_t{1} << 32;
 
 } // namespace
 
@@ -122,6 +135,14 @@ bool FMpvPlayer::Start(const FMpvOptions& InOptions, std::string& OutError)
 	for (const auto& [Name, Value] : FixedOptions)
 	{
 		mpv_set_option_string(Handle.get(), Name, Value);
+	}
+	if (InOptions.bOnlyTries)
+	{
+		for (const auto& [Name, Value] : TrialOptions)
+		{
+			mpv_set_option_string(Handle.get(), Name, Value);
+		}
+		bRenders = true;
 	}
 	mpv_set_option_string(Handle.get(), "hwdec", InOptions.bHardwareDecoding ? "auto-safe" : "no");
 	if (!InOptions.AudioOutput.empty())
@@ -189,6 +210,11 @@ void FMpvPlayer::Load()
 
 void FMpvPlayer::TakeReply(const mpv_event& InEvent)
 {
+	if (InEvent.reply_userdata >= FirstSubtitlesReply)
+	{
+		TakeSubtitles(static_cast<std::size_t>(InEvent.reply_userdata - FirstSubtitlesReply), InEvent.error);
+		return;
+	}
 	const mpv_node& Result = static_cast<const mpv_event_command*>(InEvent.data)->result;
 	if (InEvent.reply_userdata != NumLoads || Result.format != MPV_FORMAT_NODE_MAP)
 	{
@@ -201,6 +227,26 @@ void FMpvPlayer::TakeReply(const mpv_event& InEvent)
 			Entry = Result.u.list->values[Index].u.int64;
 		}
 	}
+}
+
+void FMpvPlayer::AddSubtitles(const std::string& InUrl)
+{
+	const char* const Arguments[] = {"sub-add", InUrl.c_str(), "select", nullptr};
+	mpv_command_async(Handle.get(), FirstSubtitlesReply + Subtitles.size(), const_cast<const char**>(Arguments));
+	Subtitles.push_back(InUrl);
+}
+
+void FMpvPlayer::SetSubtitleLift(double InPercent)
+{
+	double Position = 100.0 - InPercent;
+	mpv_set_property_async(Handle.get(), 0, "sub-pos", MPV_FORMAT_DOUBLE, &Position);
+}
+
+void FMpvPlayer::TakeSubtitles(std::size_t InIndex, int InError)
+{
+	// What mpv complained of meanwhile is not about the video.
+	Complaint.clear();
+	Observer.OnSubtitlesAdded(Subtitles[InIndex], InError < 0 ? mpv_error_string(InError) : "");
 }
 
 void FMpvPlayer::StartRendering()

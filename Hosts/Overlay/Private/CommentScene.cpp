@@ -2,6 +2,8 @@
 
 #include "UI_DanmakuNode.h"
 
+#include <cmath>
+
 namespace Flitmark
 {
 
@@ -15,10 +17,21 @@ constexpr double EntryWidth = 400.0;
 constexpr std::size_t StyleSlack = 256;
 
 /** False where a position is not a number. */
-bool IsWithin(const FPaintComment& InComment, double InWidth, double InHeight)
+bool IsWithin(const FVector2D& InPosition, const FVector2D& InSize, double InWidth, double InHeight)
 {
-	const FVector2D End = InComment.Position + InComment.Size;
-	return InComment.Position.X < InWidth && InComment.Position.Y < InHeight && End.X > 0.0 && End.Y > 0.0;
+	const FVector2D End = InPosition + InSize;
+	return InPosition.X < InWidth && InPosition.Y < InHeight && End.X > 0.0 && End.Y > 0.0;
+}
+
+bool IsAtBottom(const FPaintComment& InComment)
+{
+	return InComment.Node->GetData().Mode == EDanmakuMode::BOTTOM;
+}
+
+/** Canvas units by which a comment stands lower on the picture than on its canvas. */
+double GetShift(const FPaintComment& InComment, const FSceneFrame& InFrame)
+{
+	return IsAtBottom(InComment) ? InFrame.PictureSize.Y - InFrame.CanvasHeight : 0.0;
 }
 
 /** Seconds for which a comment is shown: in that time, it would cross the canvas's width and its own. */
@@ -30,14 +43,14 @@ double GetDisplayTime(const FPaintComment& InComment, double InCanvasWidth)
 
 } // namespace
 
-void FCommentScene::Update(const std::vector<FPaintComment>& InComments, FVector2f InCanvasSize, double InSeconds)
+void FCommentScene::Update(const std::vector<FPaintComment>& InComments, const FSceneFrame& InFrame, double InSeconds)
 {
 	++Frame;
 	// A comment that starts in a frame has already used up that frame's time.
 	const double Begin = Time;
 	Time += InSeconds;
-	const double Width = InCanvasSize.X;
-	const double Height = InCanvasSize.Y;
+	const double Width = InFrame.PictureSize.X;
+	const double Height = InFrame.PictureSize.Y;
 	Comments.clear();
 	std::size_t NumHeld = 0;
 	for (const FPaintComment& Comment : InComments)
@@ -45,11 +58,13 @@ void FCommentScene::Update(const std::vector<FPaintComment>& InComments, FVector
 		auto Known = Held.find(Comment.Key);
 		if (Known == Held.end())
 		{
-			if (!IsWithin(Comment, Width + EntryWidth, Height))
+			const double Shift = GetShift(Comment, InFrame);
+			const FVector2D Position = Comment.Position + FVector2D(0.0, Shift);
+			if (!IsWithin(Position, Comment.Size, Width + EntryWidth, Height))
 			{
 				continue;
 			}
-			Known = Held.emplace(Comment.Key, Hold(Comment, Width, Begin)).first;
+			Known = Held.emplace(Comment.Key, Hold(Comment, InFrame, Shift, Begin)).first;
 		}
 		++NumHeld;
 		FHeld& Each = Known->second;
@@ -59,12 +74,12 @@ void FCommentScene::Update(const std::vector<FPaintComment>& InComments, FVector
 			continue;
 		}
 		FSceneComment& Shown = Each.Comment;
-		Shown.Position = Comment.Position;
+		Shown.Position = Comment.Position + FVector2D(0.0, Each.Shift);
 		Shown.Age = Time - Each.Begin;
 		Shown.TimeLeft = Each.End - Time;
-		Shown.bMovesX = Shown.bMovesX || Comment.Position.X != Each.FirstPosition.X;
-		Shown.bMovesY = Shown.bMovesY || Comment.Position.Y != Each.FirstPosition.Y;
-		Shown.bEntered = Shown.bEntered || IsWithin(Comment, Width, Height);
+		Shown.bMovesX = Shown.bMovesX || Shown.Position.X != Each.FirstPosition.X;
+		Shown.bMovesY = Shown.bMovesY || Shown.Position.Y != Each.FirstPosition.Y;
+		Shown.bEntered = Shown.bEntered || IsWithin(Shown.Position, Comment.Size, Width, Height);
 		Comments.push_back(Shown);
 	}
 	if (NumHeld < Held.size())
@@ -73,14 +88,17 @@ void FCommentScene::Update(const std::vector<FPaintComment>& InComments, FVector
 	}
 }
 
-FCommentScene::FHeld FCommentScene::Hold(const FPaintComment& InComment, double InCanvasWidth, double InBegin)
+FCommentScene::FHeld FCommentScene::Hold(const FPaintComment& InComment, const FSceneFrame& InFrame, double InShift,
+										 double InBegin)
 {
 	FHeld Each;
-	Each.Comment.Style = Share(FCommentStyle::Of(*InComment.Text));
+	Each.Comment.Style = Share(FCommentStyle::Of(*InComment.Text, InFrame.FontScale));
 	Each.Comment.bViewers = InComment.bViewers;
-	Each.FirstPosition = InComment.Position;
+	Each.Comment.bAtBottom = IsAtBottom(InComment);
+	Each.Shift = InShift;
+	Each.FirstPosition = InComment.Position + FVector2D(0.0, InShift);
 	Each.Begin = InBegin;
-	Each.End = InBegin + GetDisplayTime(InComment, InCanvasWidth);
+	Each.End = InBegin + GetDisplayTime(InComment, InFrame.PictureSize.X);
 	return Each;
 }
 

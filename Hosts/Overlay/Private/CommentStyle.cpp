@@ -8,10 +8,11 @@
 namespace Flitmark
 {
 
-FCommentStyle FCommentStyle::Of(const UTextBlock& InText)
+FCommentStyle FCommentStyle::Of(const UTextBlock& InText, double InScale)
 {
 	// One more than is set, so that the text engine still sees that something is missing.
-	return {InText.GetText().ToString().GetStd().substr(0, FTextLimits::MaxCodeUnits + 1), InText.GetFont().Size,
+	return {InText.GetText().ToString().GetStd().substr(0, FTextLimits::MaxCodeUnits + 1),
+			InText.GetFont().Size * static_cast<float>(InScale),
 			InText.GetColorAndOpacity().GetSpecifiedColor().ToFColorSRGB()};
 }
 

@@ -101,7 +101,7 @@ int64 FOverlayRunner::FindFirstSecond() const
 	int64 First = Second - LookBack(std::max(UsualWidth, CanvasWidth));
 	for (const FWideText& Wide : WideTexts)
 	{
-		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width) >= Second)
+		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width * Settings.FontScale) >= Second)
 		{
 			First = Wide.Second;
 		}
@@ -122,6 +122,7 @@ void FOverlayRunner::BeginJump()
 		UpdateScene(0.0);
 		return;
 	}
+	ApplySettings();
 	// A frame before second 0 makes the overlay forget its second; a paused one would not look at the time.
 	UUI_Danmaku& Overlay = Stage->GetOverlay();
 	Overlay.Resume();
@@ -158,7 +159,10 @@ void FOverlayRunner::RunJumpSecond(int64 InTargetTicks)
 	const double Played = static_cast<double>(std::max<int64>(InTargetTicks - Start, 0)) / ETimespan::TicksPerSecond;
 	const double Whole = bLast ? Played : 1.0 + Excess;
 	const double First = std::min(FirstStep, Whole);
-	SeedSecond(*JumpSecond);
+	if (bSeedsEachSecond)
+	{
+		SeedSecond(*JumpSecond);
+	}
 	Stage->SetMediaTime(bLast ? InTargetTicks : Start);
 	RunSilently(First);
 	// No comment starts in this one.

@@ -15,7 +15,7 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 	std::unique_ptr<FOverlayRunner> Runner(new FOverlayRunner(InMeasure));
 	FStageOptions Options;
 	Options.Seed = InSeed;
-	Options.Measure = &InMeasure;
+	Options.Measure = &Runner->Scaled;
 	Runner->Seed = InSeed;
 	Runner->Stage = FStage::Create(Options, OutError);
 	return Runner->Stage ? std::move(Runner) : nullptr;
@@ -24,7 +24,7 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 void FOverlayRunner::SetView(const FOverlayView& InView)
 {
 	View = InView;
-	Stage->SetCanvasSize(View.CanvasSize);
+	ApplySettings();
 	if (!bLaidOut)
 	{
 		Stage->Preroll();
@@ -58,11 +58,18 @@ void FOverlayRunner::Load(FString InDocument, std::vector<FUpcomingText> InTexts
 
 void FOverlayRunner::SetMediaTime(int64 InTicks)
 {
-	Stage->SetMediaTime(InTicks);
+	const int64 Ticks = Settings.GetStageTime(InTicks);
+	Stage->SetMediaTime(Ticks);
 	if (Ahead)
 	{
-		Ahead->SetMediaTime(InTicks);
+		Ahead->SetMediaTime(Ticks);
 	}
+}
+
+void FOverlayRunner::ApplySettings()
+{
+	Stage->SetCanvasSize(Settings.GetStageSize(View.CanvasSize));
+	Scaled.SetScale(Settings.FontScale);
 }
 
 void FOverlayRunner::SetPaused(bool bInPaused)
@@ -103,6 +110,7 @@ void FOverlayRunner::RunFrame(double InSeconds)
 	{
 		return;
 	}
+	ApplySettings();
 	if (HasLostComments())
 	{
 		BeginJump();
@@ -114,7 +122,7 @@ void FOverlayRunner::RunFrame(double InSeconds)
 		return;
 	}
 	const int64 Second = Stage->GetMediaTime() / ETimespan::TicksPerSecond;
-	if (!bPaused && SeededSecond != Second)
+	if (bSeedsEachSecond && !bPaused && SeededSecond != Second)
 	{
 		SeedSecond(Second);
 	}
@@ -128,7 +136,7 @@ void FOverlayRunner::UpdateScene(double InSeconds)
 	Stage->CollectPaint(Comments);
 	bScrolls = std::ranges::any_of(Comments, [](const FPaintComment& InComment)
 								   { return InComment.Node->GetData().Mode == EDanmakuMode::SCROLL; });
-	Scene.Update(Comments, View.CanvasSize, InSeconds);
+	Scene.Update(Comments, {View.CanvasSize, Stage->GetCanvasSize().Y, Settings.FontScale}, InSeconds);
 }
 
 bool FOverlayRunner::IsMoving() const

@@ -9,8 +9,12 @@ FocusScope {
 
 	readonly property var bar: Viewer.bar
 	readonly property var panel: Viewer.panel
+	// There is something to write to.
+	property bool writable: true
+	// The keyboard is here only because it stayed after a comment was sent.
+	property bool resting: false
 	// In use: must not fade out.
-	readonly property bool busy: activeFocus || panel.displayed || pointer.hovered
+	readonly property bool busy: panel.displayed || (activeFocus && !(field.activeFocus && resting))
 
 	// Done with the keyboard here.
 	signal done
@@ -40,8 +44,6 @@ FocusScope {
 		anchors.fill: parent
 		color: Theme.surface
 	}
-
-	HoverHandler { id: pointer }
 
 	RowLayout {
 		anchors.fill: parent
@@ -150,9 +152,18 @@ FocusScope {
 			objectName: "CommentField"
 			Layout.fillWidth: true
 			mirror: root.bar.field
+			enabled: mirror.usable && root.writable
 			rightPadding: counter.visible ? counter.width + 20 : 12
-			placeholderText: qsTr("Send a comment")
+			placeholderText: root.writable ? qsTr("Send a comment") : qsTr("Open a video to send comments")
 			Accessible.name: qsTr("Comment")
+			onTextEdited: root.resting = false
+			onActiveFocusChanged: root.resting = false
+			onSent: {
+				if (PlayerSettings.stayInField)
+					root.resting = true
+				else
+					root.done()
+			}
 
 			Text {
 				id: counter
@@ -174,7 +185,7 @@ FocusScope {
 			objectName: "SendButton"
 			implicitWidth: Math.max(84, sendText.implicitWidth + 32)
 			implicitHeight: Theme.control
-			enabled: root.bar.send.usable
+			enabled: root.bar.send.usable && root.writable
 			focusPolicy: Qt.TabFocus
 			text: qsTr("Send")
 			Accessible.name: qsTr("Send the comment")
@@ -183,7 +194,7 @@ FocusScope {
 			onClicked: {
 				// Text still being composed is part of the comment.
 				Qt.inputMethod.commit()
-				root.bar.send.Click()
+				field.send(() => root.bar.send.Click())
 			}
 
 			background: Rectangle {

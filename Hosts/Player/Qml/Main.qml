@@ -35,7 +35,7 @@ ApplicationWindow {
 	title: Player.open ? Player.title : "Flitmark"
 	onControlsShownChanged: {
 		// Hidden controls must not keep the focus.
-		if (!controlsShown && !commentBar.activeFocus)
+		if (!controlsShown && (fullScreen || !commentBar.activeFocus))
 			view.forceActiveFocus()
 	}
 
@@ -44,7 +44,10 @@ ApplicationWindow {
 
 		actions: ({
 			toggleComments: () => Viewer.bar.open.Toggle(!Viewer.bar.open.checked),
-			writeComment: () => commentBar.focusField(),
+			writeComment: () => {
+				stir.restart()
+				commentBar.focusField()
+			},
 			openComments: () => window.choose(commentsDialog),
 			openVideo: () => window.choose(videoDialog),
 			toggleFullScreen: () => window.toggleFullScreen(),
@@ -98,6 +101,10 @@ ApplicationWindow {
 		Item {
 			id: view
 
+			// How far down nothing lies over the picture.
+			readonly property real uncovered: window.controlsShown ? Math.min(height, transport.y) : height
+
+			onUncoveredChanged: Player.SetCovered(height > 0 ? 100 * (1 - uncovered / height) : 0)
 			focus: true
 			width: parent.width
 			height: window.fullScreen ? parent.height : parent.height - commentBar.height
@@ -123,17 +130,29 @@ ApplicationWindow {
 				x: Math.round((view.width - width) / 2)
 				y: Math.round((view.height - height) / 2)
 				clip: true
+				lift: Math.max(0, y + height - view.uncovered)
+
+				Behavior on lift { NumberAnimation { duration: Theme.fade } }
 			}
 
 			MouseArea {
+				// The press took the keyboard from a field; that is all it was for.
+				property bool leaving: false
+
 				anchors.fill: parent
 				enabled: Player.open
 				cursorShape: window.fullScreen && !window.controlsShown ? Qt.BlankCursor : Qt.ArrowCursor
 				onPressed: {
+					leaving = window.inText
 					stir.restart()
 					view.forceActiveFocus()
 				}
-				onClicked: clickTimer.running ? clickTimer.stop() : clickTimer.start()
+				onClicked: {
+					if (clickTimer.running)
+						clickTimer.stop()
+					else if (!leaving)
+						clickTimer.start()
+				}
 				onDoubleClicked: {
 					clickTimer.stop()
 					window.toggleFullScreen()
@@ -203,12 +222,15 @@ ApplicationWindow {
 		CommentBar {
 			id: commentBar
 
+			readonly property bool shown: !window.fullScreen || window.controlsShown
+
 			objectName: "CommentBar"
 			anchors.left: parent.left
 			anchors.right: parent.right
 			anchors.bottom: parent.bottom
-			opacity: !window.fullScreen || window.controlsShown ? 1 : 0
-			visible: opacity > 0
+			opacity: shown ? 1 : 0
+			visible: shown || opacity > 0
+			writable: Player.open
 			onDone: view.forceActiveFocus()
 
 			Behavior on opacity { NumberAnimation { duration: Theme.fade } }
@@ -238,7 +260,7 @@ ApplicationWindow {
 
 			Text {
 				anchors.centerIn: parent
-				text: qsTr("Drop a video or a comment file")
+				text: qsTr("Drop a video, comments, or subtitles")
 				color: Theme.text
 				font.pixelSize: Theme.fontLarge
 			}

@@ -81,6 +81,26 @@ Popup {
 			onMoved: value => Preferences.speedScale = Math.round(Math.pow(2, value) * 100) / 100
 		}
 
+		RowLayout {
+			Layout.topMargin: 14
+			Layout.fillWidth: true
+
+			Text {
+				Layout.fillWidth: true
+				text: qsTr("Stay in the field after sending")
+				wrapMode: Text.Wrap
+				font.pixelSize: Theme.font
+				color: Theme.text
+			}
+
+			PageSwitch {
+				objectName: "StayInField"
+				text: qsTr("Stay in the field after sending")
+				checked: PlayerSettings.stayInField
+				onToggled: PlayerSettings.stayInField = checked
+			}
+		}
+
 		CommentPreview {
 			Layout.topMargin: 16
 			Layout.fillWidth: true
@@ -97,7 +117,10 @@ Popup {
 			PageButton {
 				objectName: "Defaults"
 				text: qsTr("Reset to defaults")
-				onClicked: Preferences.Restore()
+				onClicked: {
+					Preferences.Restore()
+					PlayerSettings.Restore()
+				}
 			}
 
 			Item { Layout.fillWidth: true }

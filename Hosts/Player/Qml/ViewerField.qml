@@ -14,10 +14,21 @@ TextField {
 	// Set while the mirror responds to our changes.
 	property bool handing: false
 
+	// The module took the text that was committed.
+	signal sent
+
 	function handIn() {
 		handing = true
 		mirror.Type(text)
 		handing = false
+	}
+
+	// By what the viewer sends it with.
+	function send(act) {
+		const written = text.trim().length > 0
+		act()
+		if (written && text.length === 0)
+			sent()
 	}
 
 	function handInAndSettle() {
@@ -98,7 +109,7 @@ TextField {
 			if (composing)
 				Qt.inputMethod.commit()
 			else if (!event.isAutoRepeat)
-				mirror.Commit()
+				send(() => mirror.Commit())
 			event.accepted = true
 		} else if (event.matches(StandardKey.Undo)) {
 			if (canUndo)

@@ -36,6 +36,10 @@
         <source>Send (Enter)</source>
         <translation>送信（Enter）</translation>
     </message>
+    <message>
+        <source>Open a video to send comments</source>
+        <translation>コメントを送るには動画を開いてください</translation>
+    </message>
 </context>
 <context>
     <name>CommentPreview</name>
@@ -143,6 +147,26 @@
         <source>Some comments can&apos;t be drawn in full: they are too large, or there are too many.</source>
         <translation>大きすぎるか多すぎるため、一部のコメントを完全には表示できません。</translation>
     </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>%1 を開いています…</translation>
+    </message>
+    <message>
+        <source>open a video first; subtitles belong to one.</source>
+        <translation>先に動画を開いてください。字幕は動画に付くものです。</translation>
+    </message>
+    <message>
+        <source>Can&apos;t show the subtitles %1: %2</source>
+        <translation>字幕 %1 を表示できません：%2</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>字幕：%1</translation>
+    </message>
+    <message>
+        <source>the format is unknown, or the file is damaged.</source>
+        <translation>形式が不明か、ファイルが壊れています。</translation>
+    </message>
 </context>
 <context>
     <name>Flitmark::FPreferences</name>
@@ -230,10 +254,6 @@
 <context>
     <name>Main</name>
     <message>
-        <source>Drop a video or a comment file</source>
-        <translation>動画またはコメントファイルをドロップ</translation>
-    </message>
-    <message>
         <source>Open a video</source>
         <translation>動画を開く</translation>
     </message>
@@ -252,6 +272,10 @@
     <message>
         <source>Comments (%1)</source>
         <translation>コメント (%1)</translation>
+    </message>
+    <message>
+        <source>Drop a video, comments, or subtitles</source>
+        <translation>動画、コメント、字幕をドロップ</translation>
     </message>
 </context>
 <context>
@@ -332,6 +356,10 @@
     <message>
         <source>Done</source>
         <translation>完了</translation>
+    </message>
+    <message>
+        <source>Stay in the field after sending</source>
+        <translation>送信後も入力欄にとどまる</translation>
     </message>
 </context>
 <context>

@@ -36,6 +36,10 @@
         <source>Send (Enter)</source>
         <translation>发送（Enter）</translation>
     </message>
+    <message>
+        <source>Open a video to send comments</source>
+        <translation>打开视频后即可发送弹幕</translation>
+    </message>
 </context>
 <context>
     <name>CommentPreview</name>
@@ -143,6 +147,26 @@
         <source>Some comments can&apos;t be drawn in full: they are too large, or there are too many.</source>
         <translation>部分弹幕过大或过多，无法完整显示。</translation>
     </message>
+    <message>
+        <source>Opening %1…</source>
+        <translation>正在打开 %1…</translation>
+    </message>
+    <message>
+        <source>open a video first; subtitles belong to one.</source>
+        <translation>请先打开视频；字幕属于视频。</translation>
+    </message>
+    <message>
+        <source>Can&apos;t show the subtitles %1: %2</source>
+        <translation>无法显示字幕 %1：%2</translation>
+    </message>
+    <message>
+        <source>Subtitles: %1</source>
+        <translation>字幕：%1</translation>
+    </message>
+    <message>
+        <source>the format is unknown, or the file is damaged.</source>
+        <translation>格式未知，或文件已损坏。</translation>
+    </message>
 </context>
 <context>
     <name>Flitmark::FPreferences</name>
@@ -230,10 +254,6 @@
 <context>
     <name>Main</name>
     <message>
-        <source>Drop a video or a comment file</source>
-        <translation>将视频或弹幕文件拖放到此处</translation>
-    </message>
-    <message>
         <source>Open a video</source>
         <translation>打开视频</translation>
     </message>
@@ -252,6 +272,10 @@
     <message>
         <source>Comments (%1)</source>
         <translation>弹幕 (%1)</translation>
+    </message>
+    <message>
+        <source>Drop a video, comments, or subtitles</source>
+        <translation>拖放视频、弹幕或字幕</translation>
     </message>
 </context>
 <context>
@@ -332,6 +356,10 @@
     <message>
         <source>Done</source>
         <translation>完成</translation>
+    </message>
+    <message>
+        <source>Stay in the field after sending</source>
+        <translation>发送后停留在输入框</translation>
     </message>
 </context>
 <context>

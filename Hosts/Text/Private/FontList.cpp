@@ -51,7 +51,7 @@ std::optional<FFontFile> ReadFont(const FcPattern* InPattern)
 	return File;
 }
 
-FFcPatternPtr MakePattern(const std::string& InFamily)
+FFcPatternPtr MakePattern(const std::string& InFamily, bool bInBold)
 {
 	const bool bPattern = InFamily.find(':') != std::string::npos;
 	FFcPatternPtr Pattern(bPattern ? FcNameParse(ToFc(InFamily.c_str())) : FcPatternCreate());
@@ -62,6 +62,11 @@ FFcPatternPtr MakePattern(const std::string& InFamily)
 	if (Pattern)
 	{
 		FcPatternAddString(Pattern.get(), FC_FAMILY, ToFc("sans-serif"));
+	}
+	if (Pattern && bInBold)
+	{
+		FcPatternDel(Pattern.get(), FC_WEIGHT);
+		FcPatternAddInteger(Pattern.get(), FC_WEIGHT, FC_WEIGHT_BOLD);
 	}
 	return Pattern;
 }
@@ -105,7 +110,7 @@ void AddEmojiFont(FcConfig* InConfig, std::vector<FFontFile>& OutFonts)
 
 } // namespace
 
-std::vector<FFontFile> ListFonts(const std::string& InFamily, std::string& OutError)
+std::vector<FFontFile> ListFonts(const FTextOptions& InOptions, std::string& OutError)
 {
 	std::vector<FFontFile> Fonts;
 	const FFcConfigPtr Config(FcInitLoadConfigAndFonts());
@@ -114,10 +119,11 @@ std::vector<FFontFile> ListFonts(const std::string& InFamily, std::string& OutEr
 		OutError = "fontconfig could not load its configuration; check that fontconfig-config is installed";
 		return Fonts;
 	}
-	const FFcPatternPtr Pattern = MakePattern(InFamily);
+	const FFcPatternPtr Pattern = MakePattern(InOptions.Family, InOptions.bBold);
 	if (!Pattern)
 	{
-		OutError = "'" + InFamily + "' is no font pattern; give a family, or FAMILY:STYLE as in 'Noto Sans:bold'";
+		OutError =
+			"'" + InOptions.Family + "' is no font pattern; give a family, or FAMILY:STYLE as in 'Noto Sans:bold'";
 		return Fonts;
 	}
 	const FFcFontSetPtr Sorted = Sort(Config.get(), Pattern.get());

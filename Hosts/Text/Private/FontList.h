@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Handles.h"
+#include "Text/TextEngine.h"
 
 #include <string>
 #include <vector>
@@ -23,9 +24,9 @@ struct FFontFile
 };
 
 /**
- * The fonts for comment text in fallback order: the family, then the system's
+ * The fonts for comment text in fallback order: the options' family, then the system's
  * sans-serif fallbacks; a color font last. Empty with OutError set if there is none or the pattern is invalid.
  */
-std::vector<FFontFile> ListFonts(const std::string& InFamily, std::string& OutError);
+std::vector<FFontFile> ListFonts(const FTextOptions& InOptions, std::string& OutError);
 
 } // namespace Flitmark

@@ -5,9 +5,9 @@
 namespace Flitmark
 {
 
-std::unique_ptr<FFontSet> FFontSet::Create(const std::string& InFamily, std::string& OutError)
+std::unique_ptr<FFontSet> FFontSet::Create(const FTextOptions& InOptions, std::string& OutError)
 {
-	std::vector<FFontFile> Files = ListFonts(InFamily, OutError);
+	std::vector<FFontFile> Files = ListFonts(InOptions, OutError);
 	if (Files.empty())
 	{
 		return nullptr;

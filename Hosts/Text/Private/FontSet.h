@@ -2,6 +2,7 @@
 
 #include "CoreTypes.h"
 #include "Font.h"
+#include "Text/TextEngine.h"
 
 #include <mutex>
 #include <optional>
@@ -20,7 +21,7 @@ class FFontSet
 {
 public:
 	/** Null with OutError set if no font can be loaded. */
-	static std::unique_ptr<FFontSet> Create(const std::string& InFamily, std::string& OutError);
+	static std::unique_ptr<FFontSet> Create(const FTextOptions& InOptions, std::string& OutError);
 
 	/** The first font that has all the characters; nothing if none has. */
 	std::optional<FFontId> FindCovering(std::span<const uint32> InPoints);

@@ -92,13 +92,15 @@ void PutMask(const FCoverage& InMask, uint16 InFactor, unsigned InShift, FMaskPl
 	}
 }
 
+/** A plane around both; there may be no stroke. */
 FMaskPlane JoinMasks(const FCoverage& InFill, const FCoverage& InStroke)
 {
+	const FPixelRect& Edge = InStroke.Width > 0 ? InStroke : InFill;
 	FMaskPlane Plane;
-	Plane.Left = std::min(InFill.Left, InStroke.Left);
-	Plane.Top = std::min(InFill.Top, InStroke.Top);
-	Plane.Width = std::max(InFill.Left + InFill.Width, InStroke.Left + InStroke.Width) - Plane.Left;
-	Plane.Height = std::max(InFill.Top + InFill.Height, InStroke.Top + InStroke.Height) - Plane.Top;
+	Plane.Left = std::min(InFill.Left, Edge.Left);
+	Plane.Top = std::min(InFill.Top, Edge.Top);
+	Plane.Width = std::max(InFill.Left + InFill.Width, Edge.Left + Edge.Width) - Plane.Left;
+	Plane.Height = std::max(InFill.Top + InFill.Height, Edge.Top + Edge.Height) - Plane.Top;
 	Plane.Stride = (Plane.Width + FMaskPlane::Block - 1) / FMaskPlane::Block * FMaskPlane::Block;
 	Plane.Pixels.resize(static_cast<std::size_t>(Plane.Stride) * static_cast<std::size_t>(Plane.Height));
 	PutMask(InFill, 255, 0, Plane);
@@ -118,9 +120,14 @@ void ToPicture(FT_Outline& InOutOutline, const FGlyphKey& InKey)
 }
 
 bool RenderStroke(FT_Library InLibrary, FT_Stroker InStroker, FT_Outline& InOutline, const FGlyphKey& InKey,
-				  FCoverage& OutMask)
+				  double InWidth, FCoverage& OutMask)
 {
-	const FT_Pos Radius = std::max(ToSubPixels(InKey.EmY * TextMetrics::Outline / SubPixels), SubPixels);
+	if (!(InWidth > 0.0))
+	{
+		return true;
+	}
+	const double Ems = TextMetrics::Outline * InWidth;
+	const FT_Pos Radius = std::max(ToSubPixels(InKey.EmY * Ems / SubPixels), ToSubPixels(std::min(InWidth, 1.0)));
 	FT_Stroker_Set(InStroker, Radius, FT_STROKER_LINECAP_ROUND, FT_STROKER_LINEJOIN_ROUND, 0);
 	FT_UInt Points = 0;
 	FT_UInt Contours = 0;
@@ -140,7 +147,8 @@ bool RenderStroke(FT_Library InLibrary, FT_Stroker InStroker, FT_Outline& InOutl
 	return bDrawn;
 }
 
-void RenderMasks(FT_Library InLibrary, FFont::FDrawing& InDrawing, const FGlyphKey& InKey, FGlyphImage& OutImage)
+void RenderMasks(FT_Library InLibrary, FFont::FDrawing& InDrawing, const FGlyphKey& InKey, double InOutline,
+				 FGlyphImage& OutImage)
 {
 	const FT_Face Face = InDrawing.Face.get();
 	if (!SetSize(InDrawing, InKey.EmY) ||
@@ -152,7 +160,7 @@ void RenderMasks(FT_Library InLibrary, FFont::FDrawing& InDrawing, const FGlyphK
 	FT_Outline& Outline = Face->glyph->outline;
 	FCoverage Stroke;
 	FCoverage Fill;
-	OutImage.bCut = !RenderStroke(InLibrary, InDrawing.Stroker.get(), Outline, InKey, Stroke);
+	OutImage.bCut = !RenderStroke(InLibrary, InDrawing.Stroker.get(), Outline, InKey, InOutline, Stroke);
 	ToPicture(Outline, InKey);
 	OutImage.bCut = !FillMask(InLibrary, Outline, Fill) || OutImage.bCut;
 	if (!OutImage.bCut)
@@ -195,7 +203,7 @@ void RenderColor(FFont::FDrawing& InDrawing, double InMagnification, const FGlyp
 
 } // namespace
 
-FGlyphImage RenderGlyph(FT_Library InLibrary, const FFont& InFont, const FGlyphKey& InKey)
+FGlyphImage RenderGlyph(FT_Library InLibrary, const FFont& InFont, const FGlyphKey& InKey, double InOutline)
 {
 	FGlyphImage Image;
 	FFont::FDrawing& Drawing = InFont.GetDrawing();
@@ -206,7 +214,7 @@ FGlyphImage RenderGlyph(FT_Library InLibrary, const FFont& InFont, const FGlyphK
 	}
 	else
 	{
-		RenderMasks(InLibrary, Drawing, InKey, Image);
+		RenderMasks(InLibrary, Drawing, InKey, InOutline, Image);
 	}
 	return Image;
 }

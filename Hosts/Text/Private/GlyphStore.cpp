@@ -6,8 +6,9 @@
 namespace Flitmark
 {
 
-FGlyphStore::FGlyphStore(FFontSet& InFonts)
+FGlyphStore::FGlyphStore(FFontSet& InFonts, double InOutline)
 	: Fonts(InFonts)
+	, Outline(InOutline)
 	, Cache(FTextLimits::GlyphCacheBytes)
 {
 }
@@ -17,7 +18,8 @@ std::shared_ptr<const FGlyphImage> FGlyphStore::Get(const FGlyphKey& InKey)
 	std::shared_ptr<const FGlyphImage> Image;
 	if (!Cache.Find(InKey, Image))
 	{
-		Image = std::make_shared<const FGlyphImage>(RenderGlyph(Fonts.GetLibrary(), Fonts.Get(InKey.Font), InKey));
+		Image =
+			std::make_shared<const FGlyphImage>(RenderGlyph(Fonts.GetLibrary(), Fonts.Get(InKey.Font), InKey, Outline));
 		constexpr std::size_t EntryBytes = sizeof(FGlyphImage) + sizeof(FGlyphKey) + 64;
 		Cache.Add(InKey, Image, EntryBytes + Image->CountBytes());
 	}

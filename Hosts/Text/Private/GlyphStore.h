@@ -13,7 +13,8 @@ namespace Flitmark
 class FGlyphStore
 {
 public:
-	explicit FGlyphStore(FFontSet& InFonts);
+	/** InOutline: factor on the outlines' width; see FTextOptions. */
+	explicit FGlyphStore(FFontSet& InFonts, double InOutline = 1.0);
 
 	std::shared_ptr<const FGlyphImage> Get(const FGlyphKey& InKey);
 
@@ -27,6 +28,7 @@ private:
 	};
 
 	FFontSet& Fonts;
+	const double Outline;
 
 	/** Few shards, so that glyphs of 2,000 pixels are still cached. */
 	TBoundedCache<FGlyphKey, std::shared_ptr<const FGlyphImage>, FHash, std::equal_to<FGlyphKey>, 4> Cache;

@@ -39,10 +39,10 @@ double ToEm(float InSizePoints)
 class FTextEngine::FImpl
 {
 public:
-	explicit FImpl(std::unique_ptr<FFontSet> InFonts)
+	FImpl(std::unique_ptr<FFontSet> InFonts, double InOutline)
 		: Fonts(std::move(InFonts))
 		, Shaper(*Fonts)
-		, Glyphs(*Fonts)
+		, Glyphs(*Fonts, InOutline)
 		, Extents(FTextLimits::MeasureCacheBytes)
 	{
 	}
@@ -68,12 +68,12 @@ public:
 
 std::unique_ptr<FTextEngine> FTextEngine::Create(const FTextOptions& InOptions, std::string& OutError)
 {
-	std::unique_ptr<FFontSet> Fonts = FFontSet::Create(InOptions.Family, OutError);
+	std::unique_ptr<FFontSet> Fonts = FFontSet::Create(InOptions, OutError);
 	if (!Fonts)
 	{
 		return nullptr;
 	}
-	return std::unique_ptr<FTextEngine>(new FTextEngine(std::make_unique<FImpl>(std::move(Fonts))));
+	return std::unique_ptr<FTextEngine>(new FTextEngine(std::make_unique<FImpl>(std::move(Fonts), InOptions.Outline)));
 }
 
 FTextEngine::FTextEngine(std::unique_ptr<FImpl> InImpl)

@@ -1,6 +1,7 @@
 #include "AvErrors.h"
 
 #include "AvHandles.h"
+#include "Files/ExceptionText.h"
 
 extern "C"
 {
@@ -8,11 +9,18 @@ extern "C"
 #include <libavutil/log.h>
 }
 
+#include <algorithm>
+#include <array>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
+#include <fcntl.h>
 #include <mutex>
+#include <string_view>
+#include <sys/mman.h>
+#include <system_error>
+#include <unistd.h>
 
 namespace Flitmark
 {
@@ -40,7 +48,14 @@ void KeepLine(void*, int InLevel, const char* InFormat, va_list InArguments)
 	}
 	char Buffer[512];
 	vsnprintf(Buffer, sizeof(Buffer), InFormat, InArguments);
-	std::string Line = Trimmed(Buffer);
+	FAvLog::Add(Buffer);
+}
+
+} // namespace
+
+void FAvLog::Add(const std::string& InLine)
+{
+	std::string Line = Trimmed(InLine);
 	const std::lock_guard Lock(LogMutex);
 	if (Line.empty() || (!LogLines.empty() && LogLines.back() == Line))
 	{
@@ -53,10 +68,13 @@ void KeepLine(void*, int InLevel, const char* InFormat, va_list InArguments)
 	}
 }
 
-} // namespace
-
 std::string AvErrorText(int InCode)
 {
+	// No stream here is one that would have to wait; it comes of a thread that could not be started.
+	if (InCode == AVERROR(EAGAIN))
+	{
+		return ExplainException(std::system_error(std::make_error_code(std::errc::resource_unavailable_try_again)));
+	}
 	char Buffer[AV_ERROR_MAX_STRING_SIZE] = {};
 	av_strerror(InCode, Buffer, sizeof(Buffer));
 	return Buffer;
@@ -90,6 +108,40 @@ std::string FAvLog::Explain(int InCode)
 		Text += ")";
 	}
 	return Text;
+}
+
+FStrayOutput::FStrayOutput()
+{
+	std::fflush(stderr);
+	Terminal = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, 0);
+	Kept = Terminal >= 0 ? memfd_create("stray output", MFD_CLOEXEC) : -1;
+	if (Kept >= 0)
+	{
+		dup2(Kept, STDERR_FILENO);
+	}
+}
+
+FStrayOutput::~FStrayOutput()
+{
+	if (Kept >= 0)
+	{
+		std::fflush(stderr);
+		dup2(Terminal, STDERR_FILENO);
+		std::array<char, 2048> Text;
+		const ssize_t Size = pread(Kept, Text.data(), Text.size(), 0);
+		std::string_view Rest(Text.data(), static_cast<size_t>(std::max<ssize_t>(0, Size)));
+		while (!Rest.empty())
+		{
+			const size_t End = std::min(Rest.find('\n'), Rest.size() - 1) + 1;
+			FAvLog::Add(std::string(Rest.substr(0, End)));
+			Rest.remove_prefix(End);
+		}
+		close(Kept);
+	}
+	if (Terminal >= 0)
+	{
+		close(Terminal);
+	}
 }
 
 } // namespace Flitmark

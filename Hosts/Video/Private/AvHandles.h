@@ -26,6 +26,7 @@ struct FAvDelete
 	void operator()(AVFormatContext* InContext) const { avformat_close_input(&InContext); }
 	void operator()(SwsContext* InContext) const { sws_freeContext(InContext); }
 	void operator()(AVBufferPool* InPool) const { av_buffer_pool_uninit(&InPool); }
+	void operator()(AVIOContext* InBytes) const { avio_closep(&InBytes); }
 };
 
 using FFramePtr = std::unique_ptr<AVFrame, FAvDelete>;
@@ -33,6 +34,7 @@ using FPacketPtr = std::unique_ptr<AVPacket, FAvDelete>;
 using FCodecPtr = std::unique_ptr<AVCodecContext, FAvDelete>;
 using FInputPtr = std::unique_ptr<AVFormatContext, FAvDelete>;
 using FSwsPtr = std::unique_ptr<SwsContext, FAvDelete>;
+using FBytesPtr = std::unique_ptr<AVIOContext, FAvDelete>;
 using FBufferPoolPtr = std::unique_ptr<AVBufferPool, FAvDelete>;
 
 /** Throw std::bad_alloc if out of memory, like everything else here. */

@@ -4,6 +4,7 @@
 
 extern "C"
 {
+#include <libavutil/common.h>
 #include <libavutil/pixdesc.h>
 }
 
@@ -30,6 +31,17 @@ int64 ToWholeTicks(double InSeconds)
 	return std::llround(InSeconds * static_cast<double>(TicksPerSecond));
 }
 
+/** Whether an encoder takes only pictures that lie in a device's memory. */
+bool NeedsDevice(const AVCodec& InCodec)
+{
+	bool bPlain = InCodec.pix_fmts == nullptr;
+	for (const AVPixelFormat* Each = InCodec.pix_fmts; !bPlain && *Each != AV_PIX_FMT_NONE; ++Each)
+	{
+		bPlain = (av_pix_fmt_desc_get(*Each)->flags & AV_PIX_FMT_FLAG_HWACCEL) == 0;
+	}
+	return !bPlain;
+}
+
 const char* NameOf(AVPixelFormat InFormat)
 {
 	const char* const Name = av_get_pix_fmt_name(InFormat);
@@ -50,6 +62,11 @@ bool FBurnRun::Fail(std::string InError)
 {
 	Error = std::move(InError);
 	return false;
+}
+
+FVideoFile FBurnRun::File() const
+{
+	return {Options.Input, Options.bAllowPlaylists};
 }
 
 int64 FBurnRun::FromTicks() const
@@ -74,7 +91,8 @@ FVideoResult FBurnRun::Burn(IOverlaySource& InOverlay)
 	{
 		return {};
 	}
-	return Error.empty() ? FVideoResult{EVideoOutcome::Cancelled, {}} : FVideoResult::Fail(Error);
+	// What reading reports once it was told to end is no failure.
+	return Error.empty() || Cancel ? FVideoResult{EVideoOutcome::Cancelled, {}} : FVideoResult::Fail(Error);
 }
 
 bool FBurnRun::Open()
@@ -83,6 +101,11 @@ bool FBurnRun::Open()
 	if (Codec == nullptr || Codec->type != AVMEDIA_TYPE_VIDEO)
 	{
 		return Fail(Options.Codec + ": no such video encoder; \"ffmpeg -encoders\" lists them");
+	}
+	if (NeedsDevice(*Codec))
+	{
+		return Fail(Options.Codec + ": takes pictures in a device's memory only, but comments are painted in the " +
+					"program's; choose an encoder without a device, such as libx264");
 	}
 	if (!OpenInput())
 	{
@@ -108,7 +131,7 @@ bool FBurnRun::Open()
 
 bool FBurnRun::OpenInput()
 {
-	Input = OpenVideoAt(Options.Input, FromTicks(), Error);
+	Input = OpenVideoAt(File(), FromTicks(), Error, &Cancel);
 	Decoder = Input ? FVideoDecoder::Open(*Input, Options.Threads, Error) : nullptr;
 	return Decoder != nullptr;
 }
@@ -119,8 +142,8 @@ bool FBurnRun::SkipToFrom(FOverlayClock& InClock)
 	{
 		return true;
 	}
-	const auto Times = ScanFrameTimes(Options.Input, FromTicks(), Error);
-	if (!Times)
+	const auto Times = ScanFrameTimes(File(), FromTicks(), Error, &Cancel);
+	if (!Times || Cancel)
 	{
 		return false;
 	}
@@ -161,7 +184,7 @@ bool FBurnRun::Pump(FOverlayClock& InClock)
 			return false;
 		}
 	}
-	return true;
+	return !Cancel;
 }
 
 int64 FBurnRun::Zero(const AVFrame& InFirst) const
@@ -221,6 +244,11 @@ bool FBurnRun::TakeFrame(FOverlayClock& InClock, FFramePtr InFrame)
 		const AVPixelFormat Format = static_cast<AVPixelFormat>(InFrame->format);
 		const FFormatPlan Plan = FFormatPlan::For(*Codec, Format);
 		SayConversion(Format, Plan);
+		if (InFrame->interlaced_frame != 0 && !FVideoEncoder::KeepsFields(*Codec))
+		{
+			Progress.OnMessage(Options.Input + ": is interlaced, but " + Codec->name +
+							   " marks it as progressive, so that players show combs; libx264 keeps the fields");
+		}
 		Painter->Start(Plan.Paint, InFrame->width, InFrame->height);
 		if (Plan.Encode != Plan.Paint)
 		{
@@ -228,7 +256,7 @@ bool FBurnRun::TakeFrame(FOverlayClock& InClock, FFramePtr InFrame)
 		}
 	}
 	const int64 Ticks = Input->ToTicks(InFrame->pts);
-	LastEndTicks = Ticks + av_rescale_q(InFrame->pkt_duration, Input->Video().time_base, TickBase);
+	LastEndTicks = av_sat_add64(Ticks, av_rescale_q(InFrame->pkt_duration, Input->Video().time_base, TickBase));
 	InFrame = Painter->Paint(std::move(InFrame), InClock.Advance(Ticks));
 	if (InFrame && LastConverter)
 	{
@@ -286,7 +314,7 @@ bool FBurnRun::Drain()
 	{
 		const bool bWritten = Output->WriteVideo(*Packet, Error);
 		av_packet_unref(Packet.get());
-		if (!bWritten)
+		if (!bWritten || Cancel)
 		{
 			return false;
 		}
@@ -297,7 +325,7 @@ bool FBurnRun::Drain()
 void FBurnRun::Tell(const AVFrame& InFrame)
 {
 	++State.Frames;
-	const int64 Done = Input->ToTicks(InFrame.pts + InFrame.pkt_duration) - FromTicks();
+	const int64 Done = Input->ToTicks(av_sat_add64(InFrame.pts, InFrame.pkt_duration)) - FromTicks();
 	State.DoneSeconds = std::max(0.0, static_cast<double>(Done) / static_cast<double>(TicksPerSecond));
 	Progress.OnFrame(State);
 }
@@ -329,13 +357,23 @@ void FBurnRun::TellDamage()
 		Progress.OnMessage(Options.Input + ": " + std::to_string(Misplaced) +
 						   " frames were timed before the frame preceding them and were moved after it");
 	}
-	const AVStream& Video = Input->Video();
+	TellShortness();
+}
+
+void FBurnRun::TellShortness()
+{
 	const double Ends = static_cast<double>(LastEndTicks) / static_cast<double>(TicksPerSecond);
 	constexpr double Slack = 1.0;
-	if (!Options.To && Video.duration != AV_NOPTS_VALUE && Ends + Slack < Input->DurationSeconds())
+	const double Whole = Input->Video().duration != AV_NOPTS_VALUE ? Input->DurationSeconds() : 0.0;
+	if (Ends + Slack < std::min(Whole, Options.To.value_or(Whole)))
 	{
 		Progress.OnMessage(Options.Input + ": its video ends at " + Seconds(Ends) + ", although the file says " +
-						   Seconds(Input->DurationSeconds()) + "; it is damaged or truncated");
+						   Seconds(Whole) + "; it is damaged or truncated");
+	}
+	else if (Options.To && Ends + Slack < *Options.To)
+	{
+		Progress.OnMessage(Options.Input + ": its video ends at " + Seconds(Ends) + ", before the end asked for, " +
+						   Seconds(*Options.To));
 	}
 }
 

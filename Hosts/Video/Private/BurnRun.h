@@ -38,8 +38,10 @@ private:
 
 	void Tell(const AVFrame& InFrame);
 	void TellDamage();
+	void TellShortness();
 	void SayConversion(AVPixelFormat InSource, const FFormatPlan& InPlan);
 	int64 Zero(const AVFrame& InFirst) const;
+	FVideoFile File() const;
 	int64 FromTicks() const;
 	int64 ToTicks() const;
 	bool Fail(std::string InError);

@@ -7,10 +7,10 @@ namespace
 {
 
 /** Whether decoding after a seek yields a frame at or before InTicks first. */
-bool SeekReaches(const std::string& InPath, int64 InTicks)
+bool SeekReaches(const FVideoFile& InFile, int64 InTicks, const std::atomic<bool>* InCancel)
 {
 	std::string Ignored;
-	const auto Input = FVideoInput::Open(InPath, Ignored);
+	const auto Input = FVideoInput::Open(InFile, Ignored, InCancel);
 	const auto Decoder = Input ? FVideoDecoder::Open(*Input, 1, Ignored) : nullptr;
 	if (!Decoder || !Input->Seek(Input->ToTimestamp(InTicks)))
 	{
@@ -48,10 +48,11 @@ bool FFrameSource::Next(AVFrame& OutFrame)
 	return true;
 }
 
-std::unique_ptr<FVideoInput> OpenVideoAt(const std::string& InPath, int64 InTicks, std::string& OutError)
+std::unique_ptr<FVideoInput> OpenVideoAt(const FVideoFile& InFile, int64 InTicks, std::string& OutError,
+										 const std::atomic<bool>* InCancel)
 {
-	auto Input = FVideoInput::Open(InPath, OutError);
-	if (Input && InTicks > 0 && SeekReaches(InPath, InTicks))
+	auto Input = FVideoInput::Open(InFile, OutError, InCancel);
+	if (Input && InTicks > 0 && SeekReaches(InFile, InTicks, InCancel))
 	{
 		Input->Seek(Input->ToTimestamp(InTicks));
 	}

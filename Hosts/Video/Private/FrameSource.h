@@ -28,6 +28,7 @@ private:
  * Opens a file at the last keyframe from which the frame shown at InTicks of media time can be decoded, or at the
  * beginning if seeking overshoots. Null with OutError set if the file cannot be read.
  */
-std::unique_ptr<FVideoInput> OpenVideoAt(const std::string& InPath, int64 InTicks, std::string& OutError);
+std::unique_ptr<FVideoInput> OpenVideoAt(const FVideoFile& InFile, int64 InTicks, std::string& OutError,
+										 const std::atomic<bool>* InCancel = nullptr);
 
 } // namespace Flitmark

@@ -4,10 +4,9 @@
 #include "FrameConverter.h"
 #include "Files/TemporaryFile.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <new>
+#include <string_view>
 #include <utility>
 
 namespace Flitmark
@@ -92,16 +91,8 @@ bool WritePicture(const AVFrame& InFrame, const FOrientation& InOrientation, con
 	{
 		return false;
 	}
-	FILE* const Stream = fopen(File->Path().c_str(), "wb");
-	const size_t Size = static_cast<size_t>(Packet->size);
-	const bool bWritten = Stream != nullptr && fwrite(Packet->data, 1, Size, Stream) == Size;
-	const bool bClosed = Stream != nullptr && fclose(Stream) == 0;
-	if (!bWritten || !bClosed)
-	{
-		OutError = InPath + ": cannot be written: " + std::strerror(errno);
-		return false;
-	}
-	return File->Commit(OutError);
+	const std::string_view Bytes(reinterpret_cast<const char*>(Packet->data), static_cast<size_t>(Packet->size));
+	return File->Write(Bytes, OutError) && File->Commit(OutError);
 }
 
 } // namespace Flitmark

@@ -9,6 +9,7 @@ extern "C"
 #include <algorithm>
 #include <cstring>
 #include <new>
+#include <string_view>
 
 namespace Flitmark
 {
@@ -55,6 +56,37 @@ void AddSideData(AVStream& InTarget, AVPacketSideDataType InType, const uint8* I
 	std::memcpy(Data, InData, InSize);
 }
 
+/**
+ * Whether a muxer writes an attachment into its header, found out by trying: tables of codecs leave out what is taken, and
+ * some muxers say nothing and leave the attachment out.
+ */
+bool TakesAttachment(const AVOutputFormat& InContainer, const AVStream& InStream)
+{
+	AVFormatContext* Trial = nullptr;
+	if (avformat_alloc_output_context2(&Trial, &InContainer, nullptr, nullptr) < 0 || avio_open_dyn_buf(&Trial->pb) < 0)
+	{
+		avformat_free_context(Trial);
+		throw std::bad_alloc();
+	}
+	AVStream* const Copy = avformat_new_stream(Trial, nullptr);
+	bool bTaken = Copy != nullptr && avcodec_parameters_copy(Copy->codecpar, InStream.codecpar) >= 0;
+	if (bTaken)
+	{
+		Copy->codecpar->codec_tag = TagFor(*InStream.codecpar, InContainer);
+		CopyStreamProperties(InStream, *Copy);
+		bTaken = avformat_write_header(Trial, nullptr) >= 0;
+	}
+	uint8* Written = nullptr;
+	const int Size = avio_close_dyn_buf(Trial->pb, &Written);
+	const std::string_view Header(reinterpret_cast<const char*>(Written), static_cast<size_t>(std::max(0, Size)));
+	const std::string_view Content(reinterpret_cast<const char*>(InStream.codecpar->extradata),
+								   static_cast<size_t>(InStream.codecpar->extradata_size));
+	bTaken = bTaken && Header.find(Content) != std::string_view::npos;
+	av_free(Written);
+	avformat_free_context(Trial);
+	return bTaken;
+}
+
 } // namespace
 
 std::string CopyObstacle(const AVStream& InStream, const AVOutputFormat& InContainer)
@@ -68,9 +100,10 @@ std::string CopyObstacle(const AVStream& InStream, const AVOutputFormat& InConta
 		return What + ": only one video stream is burned";
 	}
 	const bool bKind = Kind == AVMEDIA_TYPE_AUDIO || Kind == AVMEDIA_TYPE_SUBTITLE || Kind == AVMEDIA_TYPE_ATTACHMENT;
-	const bool bAttachable = Kind != AVMEDIA_TYPE_ATTACHMENT || std::strcmp(InContainer.name, "matroska") == 0;
-	if (!bKind || !bAttachable ||
-		avformat_query_codec(&InContainer, InStream.codecpar->codec_id, FF_COMPLIANCE_NORMAL) == 0)
+	const bool bHeld = Kind == AVMEDIA_TYPE_ATTACHMENT
+						   ? TakesAttachment(InContainer, InStream)
+						   : avformat_query_codec(&InContainer, InStream.codecpar->codec_id, FF_COMPLIANCE_NORMAL) != 0;
+	if (!bKind || !bHeld)
 	{
 		return What + ": the container " + InContainer.name + " cannot hold it";
 	}

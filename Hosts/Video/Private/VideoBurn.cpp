@@ -1,6 +1,7 @@
 #include "Video/VideoBurn.h"
 
 #include "BurnRun.h"
+#include "Files/ExceptionText.h"
 
 #include <cmath>
 #include <exception>
@@ -51,7 +52,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return FVideoResult::Fail(InOptions.Input + ": the burn failed: " + Exception.what());
+	return FVideoResult::Fail(InOptions.Input + ": the burn failed: " + ExplainException(Exception));
 }
 
 } // namespace Flitmark

@@ -2,6 +2,11 @@
 
 #include "AvErrors.h"
 
+extern "C"
+{
+#include <libavutil/common.h>
+}
+
 #include <algorithm>
 #include <new>
 
@@ -79,7 +84,7 @@ void FVideoDecoder::SetTimestamp(AVFrame& InFrame)
 	{
 		InFrame.pts = NextTimestamp;
 	}
-	NextTimestamp = InFrame.pts + std::max<int64>(1, InFrame.pkt_duration);
+	NextTimestamp = av_sat_add64(InFrame.pts, std::max<int64>(1, InFrame.pkt_duration));
 }
 
 } // namespace Flitmark

@@ -11,6 +11,7 @@ extern "C"
 #include <algorithm>
 #include <cstdio>
 #include <new>
+#include <string_view>
 
 namespace Flitmark
 {
@@ -66,6 +67,8 @@ void Configure(AVCodecContext& InCodec, const FEncoderSetup& InSetup, const AVFr
 	InCodec.framerate = InSetup.FrameRate;
 	InCodec.sample_aspect_ratio = InSetup.PixelAspect;
 	InCodec.field_order = InSetup.FieldOrder;
+	const bool bFields = InFirst.interlaced_frame != 0 && FVideoEncoder::KeepsFields(*InSetup.Codec);
+	InCodec.flags |= bFields ? AV_CODEC_FLAG_INTERLACED_DCT | AV_CODEC_FLAG_INTERLACED_ME : 0;
 	InCodec.color_range = InFirst.color_range;
 	InCodec.color_primaries = InFirst.color_primaries;
 	InCodec.color_trc = InFirst.color_trc;
@@ -96,6 +99,12 @@ FFormatPlan FFormatPlan::For(const AVCodec& InCodec, AVPixelFormat InSource)
 	return {Paint, avcodec_find_best_pix_fmt_of_list(InCodec.pix_fmts, Paint, 0, nullptr)};
 }
 
+bool FVideoEncoder::KeepsFields(const AVCodec& InCodec)
+{
+	constexpr std::string_view Keepers[] = {"libx264", "libx264rgb", "mpeg2video", "mpeg4", "prores_ks"};
+	return std::find(std::begin(Keepers), std::end(Keepers), InCodec.name) != std::end(Keepers);
+}
+
 std::unique_ptr<FVideoEncoder> FVideoEncoder::Open(const FEncoderSetup& InSetup, const AVFrame& InFirst,
 												   std::string& OutError)
 {
@@ -107,14 +116,20 @@ std::unique_ptr<FVideoEncoder> FVideoEncoder::Open(const FEncoderSetup& InSetup,
 	Configure(*Codec, InSetup, InFirst);
 	AVDictionary* Options = OptionsOf(InSetup);
 	FAvLog::Start();
-	const int Code = avcodec_open2(Codec.get(), InSetup.Codec, &Options);
+	int Code = 0;
+	{
+		const FStrayOutput Stray;
+		Code = avcodec_open2(Codec.get(), InSetup.Codec, &Options);
+	}
 	const AVDictionaryEntry* const Unknown = av_dict_get(Options, "", nullptr, AV_DICT_IGNORE_SUFFIX);
 	const std::string UnknownName = Unknown != nullptr ? Unknown->key : "";
 	av_dict_free(&Options);
 	if (Code < 0)
 	{
 		OutError = std::string("the encoder ") + InSetup.Codec->name + " cannot be started: " + FAvLog::Explain(Code) +
-				   "; check the codec, quality, and preset";
+				   ((InSetup.Codec->capabilities & AV_CODEC_CAP_HARDWARE) != 0
+						? "; it needs a device, which is missing or may not be used; choose another codec"
+						: "; check the codec, quality, and preset, and that there is enough memory");
 		return nullptr;
 	}
 	if (!UnknownName.empty())

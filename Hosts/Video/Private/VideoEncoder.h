@@ -47,6 +47,9 @@ public:
 	static std::unique_ptr<FVideoEncoder> Open(const FEncoderSetup& InSetup, const AVFrame& InFirst,
 											   std::string& OutError);
 
+	/** Whether it encodes the two fields of interlaced frames as such; others mark such frames as progressive. */
+	static bool KeepsFields(const AVCodec& InCodec);
+
 	const AVCodecContext& Context() const { return *Codec; }
 
 	/** Takes a frame (null at the end); then call Receive until it returns nothing. False with OutError set on failure. */

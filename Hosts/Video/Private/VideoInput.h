@@ -3,7 +3,9 @@
 #include "AvHandles.h"
 #include "Orientation.h"
 #include "Video/OverlaySource.h"
+#include "Video/VideoFile.h"
 
+#include <atomic>
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,8 +17,12 @@ namespace Flitmark
 class FVideoInput
 {
 public:
-	/** Null with OutError set if the file cannot be read or has no video stream. */
-	static std::unique_ptr<FVideoInput> Open(const std::string& InPath, std::string& OutError);
+	/**
+	 * Null with OutError set if the file cannot be read or has no video stream. InCancel, which outlives the input, makes
+	 * every read end early; null where nothing does.
+	 */
+	static std::unique_ptr<FVideoInput> Open(const FVideoFile& InFile, std::string& OutError,
+											 const std::atomic<bool>* InCancel = nullptr);
 
 	AVFormatContext& Format() const { return *Handle; }
 	AVStream& Video() const { return *Handle->streams[VideoIndex]; }
@@ -45,8 +51,10 @@ public:
 
 private:
 	int64 StartTicks() const;
-	explicit FVideoInput(FInputPtr InHandle, unsigned InVideoIndex);
+	explicit FVideoInput(FBytesPtr InBytes, FInputPtr InHandle, unsigned InVideoIndex);
 
+	/** What the handle reads from, unless it opened the file itself; goes after it. */
+	FBytesPtr Bytes;
 	FInputPtr Handle;
 	unsigned VideoIndex;
 	int64 Broken = 0;
@@ -62,8 +70,9 @@ struct FFrameTimes
 	std::optional<int64> EndTicks;
 };
 
-/** Reads frame times from the file's packets, without decoding, at least up to InTicks. */
-std::optional<FFrameTimes> ScanFrameTimes(const std::string& InPath, int64 InTicks, std::string& OutError);
+/** Reads frame times from the file's packets, without decoding, at least up to InTicks or until InCancel. */
+std::optional<FFrameTimes> ScanFrameTimes(const FVideoFile& InFile, int64 InTicks, std::string& OutError,
+										  const std::atomic<bool>* InCancel = nullptr);
 
 /** Frames per second of a stream; 0 where unknown. */
 AVRational FrameRateOf(const AVStream& InStream);

@@ -1,5 +1,6 @@
 #include "Video/VideoProbe.h"
 
+#include "Files/ExceptionText.h"
 #include "VideoInput.h"
 
 extern "C"
@@ -12,10 +13,10 @@ extern "C"
 namespace Flitmark
 {
 
-std::optional<FVideoInfo> Probe(const std::string& InPath, std::string& OutError)
+std::optional<FVideoInfo> Probe(const FVideoFile& InFile, std::string& OutError)
 try
 {
-	const auto Input = FVideoInput::Open(InPath, OutError);
+	const auto Input = FVideoInput::Open(InFile, OutError);
 	if (!Input)
 	{
 		return std::nullopt;
@@ -33,7 +34,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	OutError = InPath + ": " + Exception.what();
+	OutError = InFile.Path + ": cannot be read: " + ExplainException(Exception);
 	return std::nullopt;
 }
 

@@ -4,6 +4,7 @@
 #include "FrameSource.h"
 #include "OverlayClock.h"
 #include "Picture.h"
+#include "Files/ExceptionText.h"
 #include "Files/TemporaryFile.h"
 
 #include <cmath>
@@ -46,8 +47,9 @@ FFramePtr FrameAt(FVideoInput& InInput, FVideoDecoder& InDecoder, int64 InTicks)
 FVideoResult TakeShot(const FShotOptions& InOptions, IOverlaySource& InOverlay)
 {
 	const int64 At = std::llround(InOptions.At * static_cast<double>(TicksPerSecond));
+	const FVideoFile File(InOptions.Input, InOptions.bAllowPlaylists);
 	std::string Error;
-	const auto Times = ScanFrameTimes(InOptions.Input, At, Error);
+	const auto Times = ScanFrameTimes(File, At, Error);
 	if (!Times)
 	{
 		return FVideoResult::Fail(Error);
@@ -57,7 +59,7 @@ FVideoResult TakeShot(const FShotOptions& InOptions, IOverlaySource& InOverlay)
 		return FVideoResult::Fail(InOptions.Input + ": is only " + Seconds(*Times->EndTicks) +
 								  " long; there is no frame at " + Seconds(At));
 	}
-	const auto Input = OpenVideoAt(InOptions.Input, At, Error);
+	const auto Input = OpenVideoAt(File, At, Error);
 	const auto Decoder = Input ? FVideoDecoder::Open(*Input, InOptions.Threads, Error) : nullptr;
 	if (!Decoder)
 	{
@@ -103,7 +105,7 @@ try
 }
 catch (const std::exception& Exception)
 {
-	return FVideoResult::Fail(InOptions.Input + ": the picture could not be made: " + Exception.what());
+	return FVideoResult::Fail(InOptions.Input + ": the picture could not be made: " + ExplainException(Exception));
 }
 
 } // namespace Flitmark

@@ -22,6 +22,9 @@ struct FCommentsReport
 	FImportReport Import;
 	FKindCounts Kinds;
 
+	/** Comments of so many lines that they were made smaller to fit. */
+	uint64 NumFitted = 0;
+
 	/** How many entries will not be shown because of what they are, or because they are broken. */
 	int64 CountLost() const { return static_cast<int64>(Import.NumBroken + Kinds.CountDropped()); }
 };
@@ -36,8 +39,8 @@ std::string CountComments(int64 InCount);
 std::string DescribeImport(const FCommentsReport& InReport);
 
 /**
- * For people, a line each: what of a file was broken (the first places, then a count), what is not served, what is shown
- * otherwise than its service shows it. Nothing where all is well.
+ * For people, a line each: what of a file was broken (the first places, then a count), what is no comment, what is not
+ * served, what is shown otherwise than its service shows it. Nothing where all is well.
  */
 std::vector<std::string> DescribeLosses(const FCommentsReport& InReport);
 

@@ -24,6 +24,8 @@ public:
 	virtual ssize_t Write(int InFile, const void* InBytes, std::size_t InSize);
 	virtual int Flush(int InFile);
 	virtual int Close(int InFile);
+	/** Names an open file that has no name yet; fails where InTo exists. */
+	virtual int Link(int InFile, const char* InTo);
 	virtual int Rename(const char* InFrom, const char* InTo);
 	virtual int Remove(const char* InPath);
 };

@@ -2,8 +2,10 @@
 
 #include "CoreTypes.h"
 #include "Files/FileCalls.h"
+#include "Files/TemporaryNames.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +15,9 @@ namespace Flitmark
 /**
  * A file that gets its name only once it is complete and on disk: a crash or a full disk at any point leaves what was
  * under that name before, or the new file. Without Commit it is removed.
+ *
+ * Until then it has no name at all, where the file system can do that, so that it goes with its program however that ends.
+ * Elsewhere it has the name NAME.PROCESS-NUMBER.part and a lock, and whoever writes NAME next removes what nobody locks.
  */
 class FTemporaryFile
 {
@@ -24,30 +29,33 @@ public:
 	FTemporaryFile(const FTemporaryFile&) = delete;
 	FTemporaryFile& operator=(const FTemporaryFile&) = delete;
 
-	const std::string& Path() const { return TemporaryPath; }
+	/** A name by which this process, and no other, opens the file. */
+	std::string Path() const;
 
 	/** Appends; false with OutError set, such as for a full disk. */
 	bool Write(std::string_view InBytes, std::string& OutError);
 
 	/**
-	 * Flushes the file to disk and gives it its name; false with OutError set. Where only flushing the folder failed the
-	 * new file is in place, but a power cut could still bring the old one back.
+	 * Flushes the file to disk and gives it its name; false with OutError set. Where only closing it or flushing the folder
+	 * failed the new file is in place, but a power cut could still bring the old one back.
 	 */
 	bool Commit(std::string& OutError);
 
 private:
-	FTemporaryFile(std::string InFinalPath, std::string InTemporaryPath, int InHandle, FFileCalls& InCalls);
+	FTemporaryFile(std::string InFinalPath, int InHandle, FFileCalls& InCalls);
 	bool Close();
+	bool Link();
+	void Unlink();
 	bool FlushFolder();
 	bool Fail(std::string& OutError) const;
 
 	const std::string FinalPath;
-	const std::string TemporaryPath;
 	FFileCalls& Calls;
 	int Handle;
+	/** Empty while the file has no name. */
+	std::optional<FTemporaryName> Name;
 	/** Bytes since the disk was last told to start writing. */
 	int64 NumWaiting = 0;
-	bool bInPlace = false;
 };
 
 /** Replaces a file in one step with FTemporaryFile; false with OutError set. */

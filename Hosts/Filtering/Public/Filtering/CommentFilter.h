@@ -21,7 +21,10 @@ struct FFilterOptions
 	/** Regular expressions in RE2's syntax; a comment is taken where a part of its text matches. */
 	std::vector<std::string> Block;
 
-	/** A user's number as in a document, or the text by which a service names the user. */
+	/**
+	 * A user's number as in a document, the text by which a service names the user, or the display name; between slashes
+	 * a regular expression as in Block, for display names.
+	 */
 	std::vector<std::string> BlockUsers;
 
 	/** Only comments of these kinds stay. */
@@ -70,6 +73,9 @@ private:
 
 /** Empty where the text is a regular expression; otherwise why it is none. */
 std::optional<std::string> FindPatternFault(const std::string& InPattern);
+
+/** The same for one of BlockUsers, which need not be a pattern. */
+std::optional<std::string> FindUserFault(const std::string& InUser);
 
 /** "scroll,top" as kinds; empty where a name is none of scroll, top and bottom. */
 std::optional<std::vector<ECommentKind>> ParseKinds(std::string_view InText);

@@ -19,6 +19,9 @@ struct FKindPolicy
 	 * or pictograph are pieces of drawings, which mean nothing in another place: they are dropped in any case.
 	 */
 	bool bPositionedAsText = true;
+
+	/** Paid comments: true lets them stand at the top, false drops them. */
+	bool bPaidAsText = true;
 };
 
 /** What was done. */
@@ -32,10 +35,13 @@ struct FKindCounts
 	uint64 NumDrawingsDropped = 0;
 	uint64 NumScriptsDropped = 0;
 	uint64 NumUnknownDropped = 0;
+	uint64 NumPaidTurned = 0;
+	uint64 NumPaidDropped = 0;
 
 	uint64 CountDropped() const
 	{
-		return NumReverseDropped + NumPositionedDropped + NumDrawingsDropped + NumScriptsDropped + NumUnknownDropped;
+		return NumReverseDropped + NumPositionedDropped + NumDrawingsDropped + NumScriptsDropped + NumUnknownDropped +
+			   NumPaidDropped;
 	}
 };
 

@@ -25,16 +25,30 @@ struct FImportFault
 	std::string Reason;
 };
 
-/** How reading a file went. */
+/** Entries of one sort that are nothing for viewers. */
+struct FSkippedEntries
+{
+	/** For people, in the plural, such as "service commands". */
+	std::string What;
+	uint64 Num = 0;
+};
+
+/** How reading a file went. Every entry is either read, broken or skipped. */
 struct FImportReport
 {
 	/** How many faults are reported in full. */
 	static constexpr std::size_t MaxFaults = 20;
 
+	/** How many sorts of skipped entries are told apart: a file may make up as many as it likes. */
+	static constexpr std::size_t MaxSkippedSorts = 20;
+
 	static constexpr std::size_t NumKinds = static_cast<std::size_t>(ECommentKind::Unknown) + 1;
 
 	/** Null if it is not known. */
 	const FCommentFormat* Format = nullptr;
+
+	/** Entries that were found. */
+	uint64 NumEntries = 0;
 
 	/** Entries that became comments. */
 	uint64 NumRead = 0;
@@ -44,6 +58,11 @@ struct FImportReport
 
 	/** Entries that were damaged, but whose time and text could be read; they count as read, too. */
 	uint64 NumRepaired = 0;
+
+	/** Entries that are nothing for viewers, such as commands to the service, by sort, in the order of their first. */
+	std::vector<FSkippedEntries> Skipped;
+
+	uint64 CountSkipped() const;
 
 	/** Of those read, by ECommentKind. */
 	std::array<uint64, NumKinds> NumOfKind{};

@@ -20,6 +20,8 @@ enum class ECommentKind : uint8
 	Positioned,
 	/** A program that draws. */
 	Script,
+	/** Bought by its sender; the text says by whom and for how much. */
+	Paid,
 	/** A mode that is none of these. */
 	Unknown
 };

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 struct mpv_event;
 struct mpv_event_end_file;
@@ -23,6 +24,9 @@ struct FMpvOptions
 
 	/** mpv's name of an audio output; empty for the first that works. */
 	std::string AudioOutput;
+
+	/** Shows and sounds nothing, and stands at the start: only tells whether something can be played. */
+	bool bOnlyTries = false;
 };
 
 /** Receives events from within FMpvPlayer::ProcessEvents. */
@@ -41,6 +45,11 @@ public:
 	virtual void OnSeeked() = 0;
 	/** The picture at the new position, which the state has, is ready: after opening and after each jump. */
 	virtual void OnArrived() {}
+	/** A file of subtitles belongs to the video now; InReason: why it does not, without a period; empty if it does. */
+	virtual void OnSubtitlesAdded([[maybe_unused]] const std::string& InUrl,
+								  [[maybe_unused]] const std::string& InReason)
+	{
+	}
 };
 
 /**
@@ -67,6 +76,12 @@ public:
 	void StartRendering();
 	void Close();
 
+	/** Shows a file's subtitles with the loaded video, until it ends; see OnSubtitlesAdded. */
+	void AddSubtitles(const std::string& InUrl);
+
+	/** Percent of the surface's height that stay free below the subtitles. */
+	void SetSubtitleLift(double InPercent);
+
 	void SetPaused(bool bInPaused);
 	/** Seconds from the start; bInExact: to the exact frame, else to a keyframe nearby. */
 	void Seek(double InPosition, bool bInExact);
@@ -92,6 +107,7 @@ private:
 	void Load();
 	void TakeReply(const mpv_event& InEvent);
 	void TakeArrival(const mpv_event& InEvent);
+	void TakeSubtitles(std::size_t InIndex, int InError);
 	void TakeLoaded();
 	void TakeEnd(const mpv_event_end_file& InEnd);
 	void TakeLog(const mpv_event_log_message& InMessage);
@@ -110,6 +126,8 @@ private:
 	uint64_t NumLoads = 0;
 	int64_t Entry = 0;
 	int64_t StartedEntry = 0;
+	/** Files of subtitles asked for so far; the reply to each has its index. */
+	std::vector<std::string> Subtitles;
 	bool bStateChanged = false;
 };
 

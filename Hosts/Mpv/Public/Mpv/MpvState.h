@@ -50,6 +50,9 @@ struct FMpvState
 	/** Degrees clockwise by which it is rotated when displayed. */
 	int Rotation = 0;
 
+	/** Of the sound as decoded, in hertz; 0 if there is none. */
+	int SampleRate = 0;
+
 	/** The hardware decoder in use; "no" or empty for none. */
 	std::string HardwareDecoder;
 

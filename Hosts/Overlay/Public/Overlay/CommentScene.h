@@ -34,10 +34,26 @@ struct FSceneComment
 	bool bMovesX = false;
 	bool bMovesY = false;
 
+	/** Stands at the picture's bottom. */
+	bool bAtBottom = false;
+
 	/** Has been on the canvas, at least in part; until then there is nothing to see of it. */
 	bool bEntered = false;
 	/** The viewer's own, drawn over the others. */
 	bool bViewers = false;
+};
+
+/** What a stage's canvas has to do with the picture. */
+struct FSceneFrame
+{
+	/** The picture in canvas units; both begin at the top left. */
+	FVector2f PictureSize = FVector2f::ZeroVector;
+
+	/** Height of the stage's canvas in canvas units: its bottom comments stand at the picture's bottom all the same. */
+	double CanvasHeight = 0.0;
+
+	/** Factor on the fonts' sizes. */
+	double FontScale = 1.0;
 };
 
 /** Which of a stage's comments are to be drawn. What makes their sprites, and when, is up to the host. */
@@ -45,10 +61,10 @@ class FCommentScene
 {
 public:
 	/**
-	 * One frame's comments, in painting order, on a canvas of the given size in canvas units. InSeconds: how far the
-	 * comments' time has advanced since the last frame.
+	 * One frame's comments, in painting order. InSeconds: how far the comments' time has advanced since the last frame.
+	 * Where a comment stands on the picture, and its size, are settled when it appears.
 	 */
-	void Update(const std::vector<FPaintComment>& InComments, FVector2f InCanvasSize, double InSeconds);
+	void Update(const std::vector<FPaintComment>& InComments, const FSceneFrame& InFrame, double InSeconds);
 
 	/** In painting order, without those that have nothing to show. */
 	const std::vector<FSceneComment>& GetComments() const { return Comments; }
@@ -58,14 +74,17 @@ private:
 	{
 		/** Without a style where there is nothing to show. */
 		FSceneComment Comment;
+		/** On the picture. */
 		FVector2D FirstPosition = FVector2D::ZeroVector;
+		/** From the canvas to the picture, downward. */
+		double Shift = 0.0;
 		/** On the scene's clock. */
 		double Begin = 0.0;
 		double End = 0.0;
 		uint64 LastFrame = 0;
 	};
 
-	FHeld Hold(const FPaintComment& InComment, double InCanvasWidth, double InBegin);
+	FHeld Hold(const FPaintComment& InComment, const FSceneFrame& InFrame, double InShift, double InBegin);
 	std::shared_ptr<const FSharedStyle> Share(FCommentStyle InStyle);
 	void Sweep();
 

@@ -19,8 +19,8 @@ struct FCommentStyle
 	float Size = 0.f;
 	FColor Color;
 
-	/** A comment's style; of an absurdly long text only the part that a sprite can show. */
-	static FCommentStyle Of(const UTextBlock& InText);
+	/** A comment's style, its size times InScale; of an absurdly long text only the part that a sprite can show. */
+	static FCommentStyle Of(const UTextBlock& InText, double InScale);
 
 	/** False where there is no text or the color is fully transparent. */
 	bool IsVisible() const { return Color.A > 0 && !Text.empty(); }

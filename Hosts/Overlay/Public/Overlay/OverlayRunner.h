@@ -4,6 +4,7 @@
 #include "Overlay/MeasureAhead.h"
 #include "Overlay/OverlaySettings.h"
 #include "Overlay/OverlayView.h"
+#include "Overlay/ScaledMeasure.h"
 #include "Overlay/TextMeasure.h"
 #include "Stage/Stage.h"
 
@@ -27,11 +28,17 @@ public:
 
 	FStage& GetStage() const { return *Stage; }
 
+	/**
+	 * For a host whose viewer jumps about: each second draws its own random numbers, so that the same place gives the same
+	 * picture however it was reached. Otherwise all draws are one sequence, as in a trace.
+	 */
+	void SeedEachSecond() { bSeedsEachSecond = true; }
+
 	/** The first view lays the canvas out; until then frames do nothing. */
 	void SetView(const FOverlayView& InView);
 	const FOverlayView& GetView() const { return View; }
 
-	/** Read by every frame. */
+	/** Read by every frame, and by SetMediaTime. */
 	FOverlaySettings& GetSettings() { return Settings; }
 
 	/**
@@ -48,7 +55,7 @@ public:
 
 	/**
 	 * After the media time has jumped: the canvas becomes what it would be had the media been played up to there, though
-	 * no frame of that is seen. The same place always gives the same picture. Paused or not stays as it is.
+	 * no frame of that is seen. Paused or not stays as it is.
 	 */
 	void Jump();
 	/**
@@ -84,8 +91,10 @@ private:
 
 	explicit FOverlayRunner(FTextMeasure& InMeasure)
 		: Measure(InMeasure)
+		, Scaled(InMeasure)
 	{
 	}
+	void ApplySettings();
 	bool IsOpen() const;
 	void ApplyPause();
 	void UpdateScene(double InSeconds);
@@ -102,6 +111,7 @@ private:
 	void DropSentComments();
 
 	FTextMeasure& Measure;
+	FScaledMeasure Scaled;
 	std::unique_ptr<FStage> Stage;
 	std::unique_ptr<FMeasureAhead> Ahead;
 
@@ -119,6 +129,7 @@ private:
 	bool bWasOpen = true;
 
 	uint32 Seed = 0;
+	bool bSeedsEachSecond = false;
 	std::optional<int64> SeededSecond;
 	/** While a jump is under way: the second of media time whose comments start next. */
 	std::optional<int64> JumpSecond;

@@ -12,7 +12,7 @@ struct FOverlayView
 	/** Canvas units; so high, the canvas makes comments look the same on every picture. */
 	static constexpr double UsualHeight = 1080.0;
 
-	/** Canvas units. */
+	/** The picture in canvas units; the overlay's own canvas may be lower or higher (FOverlaySettings::Area). */
 	FVector2f CanvasSize = FVector2f::ZeroVector;
 	/** Pixels per canvas unit. */
 	FTextScale Scale;

@@ -121,6 +121,12 @@ bool IsCommentFile(const QString& InPath)
 	return !IsAddress(InPath) && DetectFile(InPath.toStdString()) != nullptr;
 }
 
+bool IsSubtitleFile(const QString& InPathOrAddress)
+{
+	static const QStringList Endings{"srt", "ass", "ssa", "vtt"};
+	return Endings.contains(QFileInfo(NameOf(InPathOrAddress)).suffix().toLower());
+}
+
 QStringList FindCommentsBeside(const QString& InVideo, const QStringList& InLanguages)
 {
 	if (IsAddress(InVideo))

@@ -24,6 +24,9 @@ QString FindFileFault(const QString& InPathOrAddress);
 /** Detected from its content, whatever its name. False for addresses. */
 bool IsCommentFile(const QString& InPath);
 
+/** By its name's ending, such as ".srt". */
+bool IsSubtitleFile(const QString& InPathOrAddress);
+
 /**
  * Files next to the video that belong to it by name, the likeliest first: those with the same base name, then those with
  * a word in between ("film.en.xml"), InLanguages ("en", "zh_CN") before the rest.

@@ -32,6 +32,8 @@ FPlayer::FPlayer(FOverlay& InOverlay, QSettings& InOutSettings)
 	connect(&Seeks, &FSeekControl::Started, this,
 			[this](double InPosition, bool bInExact) { Mpv->Seek(InPosition, bInExact); });
 	connect(&Seeks, &FSeekControl::TargetChanged, this, &FPlayer::PositionChanged);
+	connect(&Trial, &FMediaTrial::Succeeded, this, [this] { Replace(FOpening(Tried)); });
+	connect(&Trial, &FMediaTrial::Failed, this, [this](const QString& InReason) { ComplainOf(Tried.Video, InReason); });
 	connect(&Comments, &FCommentSession::Loaded, this, &FPlayer::AnnounceComments);
 	connect(&Comments, &FCommentSession::Failed, this, &FPlayer::Complain);
 	connect(&Comments, &FCommentSession::Changed, this, &FPlayer::FrameNeeded);
@@ -76,73 +78,6 @@ bool FPlayer::Start(const FPlayerOptions& InOptions, std::string& OutError)
 	SetSpeed(InOptions.Speed);
 	Apply();
 	return true;
-}
-
-void FPlayer::OpenVideo(const QString& InVideo, const QString& InComments, double InStart)
-{
-	const QString Wanted = ToPathOrAddress(InVideo);
-	if (const QString Fault = FindFileFault(Wanted); !Fault.isEmpty())
-	{
-		Complain(tr("Can't play %1: %2").arg(NameOf(Wanted), Fault));
-		if (!IsOpen() && !InComments.isEmpty())
-		{
-			Comments.Open(InComments);
-		}
-		return;
-	}
-	LeavePosition();
-	// Comments opened before any video belong to the first one.
-	const bool bKeepComments = !IsOpen() && InComments.isEmpty() && !Comments.IsEmpty();
-	Media.Open(Wanted, InStart);
-	State.Open();
-	Overlay.SetPaused(true);
-	JumpTo(Media.GetStart());
-	if (!bKeepComments)
-	{
-		Comments.Close();
-		InComments.isEmpty() ? Comments.OpenFirst(Media.FindComments()) : Comments.Open(InComments);
-	}
-	Overlay.SetUrl(Wanted.toStdString());
-	Mpv->SetPaused(false);
-	Mpv->Open(Wanted.toStdString());
-	Known = Mpv->GetState();
-	Apply();
-	Q_EMIT PositionChanged();
-}
-
-void FPlayer::OpenUrls(const QList<QUrl>& InUrls)
-{
-	QString NewVideo;
-	QString NewComments;
-	for (const QUrl& Url : InUrls)
-	{
-		const QString Path = ToPathOrAddress(Url);
-		QString& New = IsCommentFile(Path) ? NewComments : NewVideo;
-		if (New.isEmpty())
-		{
-			New = Path;
-		}
-	}
-	if (!NewVideo.isEmpty())
-	{
-		OpenVideo(NewVideo, NewComments);
-	}
-	else if (!NewComments.isEmpty())
-	{
-		Comments.Open(NewComments);
-	}
-}
-
-void FPlayer::Close()
-{
-	LeavePosition();
-	State.Close();
-	Media.Close();
-	Comments.Close();
-	Mpv->Close();
-	Known = Mpv->GetState();
-	GetRecents()->Refresh();
-	Apply();
 }
 
 void FPlayer::LeavePosition()
@@ -401,14 +336,16 @@ void FPlayer::OnLoaded()
 	{
 		Seek(Media.GetStart(), true);
 	}
+	for (const QString& Path : std::exchange(Subtitles, {}))
+	{
+		OpenSubtitles(Path);
+	}
 	Apply();
 }
 
 void FPlayer::OnFailed(const std::string& InReason)
 {
-	const QString& Video = Media.GetVideo();
-	Complain(tr("Can't play %1: %2")
-				 .arg(NameOf(Video), DescribePlaybackFault(QString::fromStdString(InReason), IsAddress(Video))));
+	ComplainOf(Media.GetVideo(), QString::fromStdString(InReason));
 	Close();
 }
 

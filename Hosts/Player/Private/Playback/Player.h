@@ -3,6 +3,7 @@
 #include "Mpv/MpvPlayer.h"
 #include "Playback/CommentSession.h"
 #include "Playback/MediaSession.h"
+#include "Playback/MediaTrial.h"
 #include "Playback/MessageList.h"
 #include "Playback/PlaybackState.h"
 #include "Playback/PlayerOptions.h"
@@ -72,11 +73,18 @@ public:
 
 	/**
 	 * A path or an address. InComments: empty for those last used with it or found next to it. InStart: 0 to resume where
-	 * it was left.
+	 * it was left. What can't be played changes nothing.
 	 */
 	Q_INVOKABLE void OpenVideo(const QString& InVideo, const QString& InComments = {}, double InStart = 0.0);
-	/** Files dropped or chosen. What each is depends on its content; the first video and the first comment file count. */
+	/**
+	 * Files dropped or chosen: the first video and the first comment file, told by their content, and all subtitles, told
+	 * by their names.
+	 */
 	Q_INVOKABLE void OpenUrls(const QList<QUrl>& InUrls);
+	/** Percent of the picture's height, from below, that controls cover: subtitles stand above. */
+	Q_INVOKABLE void SetCovered(double InPercent) { Mpv->SetSubtitleLift(InPercent); }
+	/** Shows them with the open video. */
+	Q_INVOKABLE void OpenSubtitles(const QString& InPath);
 	Q_INVOKABLE void Close();
 
 	Q_INVOKABLE void TogglePlaying();
@@ -137,6 +145,17 @@ Q_SIGNALS:
 	void FrameNeeded();
 
 private:
+	/** What the viewer wants to see; all paths or addresses. */
+	struct FOpening
+	{
+		QString Video;
+		/** Empty: those last used with it or found next to it. */
+		QString Comments;
+		QStringList Subtitles;
+		/** Seconds; 0 where it was left. */
+		double Start = 0.0;
+	};
+
 	FPlayer(FOverlay& InOverlay, QSettings& InOutSettings);
 	bool Start(const FPlayerOptions& InOptions, std::string& OutError);
 
@@ -145,7 +164,11 @@ private:
 	void OnFailed(const std::string& InReason) override;
 	void OnSeeked() override;
 	void OnArrived() override;
+	void OnSubtitlesAdded(const std::string& InUrl, const std::string& InReason) override;
 
+	void Open(const FOpening& InWanted);
+	void Replace(const FOpening& InWanted);
+	void ComplainOf(const QString& InVideo, const QString& InReason);
 	/** Passes a change of state on to the overlay and the window. */
 	void Apply();
 	/** Comments stand still until a seek has arrived. */
@@ -161,6 +184,11 @@ private:
 
 	FPlaybackState State;
 	FMediaSession Media;
+	FMediaTrial Trial;
+	/** What the trial is about. */
+	FOpening Tried;
+	/** To be shown with the video once it is loaded. */
+	QStringList Subtitles;
 	FSeekControl Seeks;
 	FCommentSession Comments;
 

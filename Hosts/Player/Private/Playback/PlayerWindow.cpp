@@ -4,6 +4,7 @@
 #include "Playback/FrameDrive.h"
 #include "Scene/Overlay.h"
 #include "Playback/Player.h"
+#include "Viewer/PlayerSettings.h"
 #include "Viewer/Preferences.h"
 #include "Playback/ScreenSaver.h"
 #include "Scene/VideoItem.h"
@@ -68,6 +69,7 @@ std::unique_ptr<FPlayerWindow> FPlayerWindow::Create(const FPlayerOptions& InOpt
 
 bool FPlayerWindow::MakeParts(const FPlayerOptions& InOptions, std::string& OutError)
 {
+	Choices = std::make_unique<FPlayerSettings>(Settings);
 	Overlay = FOverlay::Create(OutError);
 	if (!Overlay)
 	{

@@ -17,6 +17,7 @@ namespace Flitmark
 class FFrameDrive;
 class FOverlay;
 class FPlayer;
+class FPlayerSettings;
 class FPreferences;
 class FScreenSaver;
 class FViewerBridge;
@@ -43,6 +44,7 @@ private:
 	void Show(bool bInFullScreen);
 
 	QSettings Settings;
+	std::unique_ptr<FPlayerSettings> Choices;
 	std::unique_ptr<FOverlay> Overlay;
 	std::unique_ptr<FViewerBridge> Bridge;
 	std::unique_ptr<FPlayer> Player;

@@ -60,6 +60,16 @@ void FCommentLayer::SetOverlay(FOverlay* InOverlay)
 	update();
 }
 
+void FCommentLayer::SetLift(double InLift)
+{
+	if (InLift != Lift)
+	{
+		Lift = InLift;
+		update();
+		Q_EMIT LiftChanged();
+	}
+}
+
 QSGNode* FCommentLayer::updatePaintNode(QSGNode* InNode, UpdatePaintNodeData*)
 {
 	// The interface thread waits meanwhile.
@@ -74,7 +84,8 @@ QSGNode* FCommentLayer::updatePaintNode(QSGNode* InNode, UpdatePaintNodeData*)
 	{
 		Node = new FCommentNode(*window());
 	}
-	Node->Sync(*Overlay, RasterScale, mapToScene(QPointF()) * Overlay->GetDevicePixelRatio());
+	Node->Sync(*Overlay, RasterScale, mapToScene(QPointF()) * Overlay->GetDevicePixelRatio(),
+			   Lift * Overlay->GetDevicePixelRatio());
 	return Node;
 }
 

@@ -18,6 +18,8 @@ class FCommentLayer : public QQuickItem
 {
 	Q_OBJECT
 	QML_NAMED_ELEMENT(CommentLayer)
+	/** How far above their places bottom comments are drawn, in logical pixels: what covers the item's lower edge. */
+	Q_PROPERTY(double lift READ GetLift WRITE SetLift NOTIFY LiftChanged)
 
 public:
 	explicit FCommentLayer(QQuickItem* InParent = nullptr);
@@ -25,6 +27,11 @@ public:
 
 	/** What is drawn, and told the item's size, its screen's scale and refresh rate. Null before the overlay ends. */
 	void SetOverlay(FOverlay* InOverlay);
+	double GetLift() const { return Lift; }
+	void SetLift(double InLift);
+
+Q_SIGNALS:
+	void LiftChanged();
 
 protected:
 	QSGNode* updatePaintNode(QSGNode* InNode, UpdatePaintNodeData* InData) override;
@@ -38,6 +45,7 @@ private:
 	void Settle();
 
 	FOverlay* Overlay = nullptr;
+	double Lift = 0.0;
 	QMetaObject::Connection ScreenChanged;
 
 	/** Device pixels per canvas unit at which sprites are made; 0 before the first view. */

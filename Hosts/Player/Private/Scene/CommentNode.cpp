@@ -23,7 +23,7 @@ FCommentNode::~FCommentNode()
 	removeAllChildNodes();
 }
 
-void FCommentNode::Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOrigin)
+void FCommentNode::Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOrigin, double InLift)
 {
 	Maker = InOverlay.GetMaker();
 	Origin = InOrigin;
@@ -32,7 +32,8 @@ void FCommentNode::Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOri
 	Comments.clear();
 	for (const FSceneComment& Comment : InOverlay.GetScene().GetComments())
 	{
-		Comments.push_back({Comment.Style->Id, QPointF(Comment.Position.X * Scale, Comment.Position.Y * Scale),
+		const double Lift = Comment.bAtBottom ? InLift : 0.0;
+		Comments.push_back({Comment.Style->Id, QPointF(Comment.Position.X * Scale, Comment.Position.Y * Scale - Lift),
 							!Comment.bMovesX, !Comment.bMovesY, Comment.bViewers});
 	}
 	bStale = true;

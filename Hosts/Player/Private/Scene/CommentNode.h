@@ -25,9 +25,10 @@ public:
 
 	/**
 	 * Takes over what is to be drawn while the interface thread waits, and has missing sprites made.
-	 * InRasterScale: device pixels per canvas unit for these. InOrigin: the item in the window, in device pixels.
+	 * InRasterScale: device pixels per canvas unit for these. InOrigin: the item in the window, in device pixels. InLift:
+	 * how far above their places bottom comments are drawn, in device pixels.
 	 */
-	void Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOrigin);
+	void Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOrigin, double InLift);
 
 	/** Before each frame is drawn: hands sprites to the graphics card, lays the comments out. */
 	void preprocess() override;

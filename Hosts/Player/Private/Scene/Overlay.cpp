@@ -48,7 +48,12 @@ std::unique_ptr<FOverlay> FOverlay::Create(std::string& OutError)
 	}
 	std::unique_ptr<FOverlay> Overlay(new FOverlay(std::move(Measure)));
 	Overlay->Runner = FOverlayRunner::Create(*Overlay->Measure, Seed, OutError);
-	return Overlay->Runner ? std::move(Overlay) : nullptr;
+	if (!Overlay->Runner)
+	{
+		return nullptr;
+	}
+	Overlay->Runner->SeedEachSecond();
+	return Overlay;
 }
 
 void FOverlay::Load(FString InText, const FCommentDocument& InDocument)

@@ -27,7 +27,13 @@ struct FTextOptions
 	 * Preferred font family, or a fontconfig pattern ("Noto Sans:bold"); empty for the system's sans serif. An
 	 * unknown family falls back to the system's sans serif; FTextEngine::PrimaryFamily says what was found.
 	 */
-	std::string Family;
+	std::string Family = {};
+
+	/** Bold faces, of every font that has one. */
+	bool bBold = false;
+
+	/** Factor on the width of the outline, 0 for none. Boxes stay as they are. */
+	double Outline = 1.0;
 };
 
 /** A text color, 8-bit sRGB with alpha. */
@@ -52,8 +58,8 @@ struct FTextScale
  * installed fonts, and the locale (which orders the fonts and selects the forms of ideographs), to the bit.
  *
  * Lines end at LF, CR LF, or CR, and are left-aligned. A line is 1.25 em high, its baseline 0.93 em below
- * its top: ideographs, and Latin from capitals to descenders, fit with their outline, which is 1/16 em wide (one
- * pixel at least). The box is as wide as the longest line's advance plus the outline on both sides.
+ * its top: ideographs, and Latin from capitals to descenders, fit with their outline, which is usually 1/16 em wide
+ * (one pixel at least). The box is as wide as the longest line's advance plus the outline on both sides.
  */
 class FTextEngine
 {

@@ -33,9 +33,12 @@ public:
 
 	/**
 	 * The comments on the frame shown at InTicks (100-nanosecond ticks of media time, 0 or more), in painting order.
-	 * InDeltaSeconds: time since the frame before (0 for the first).
+	 * InDeltaSeconds: time since the frame before, a few seconds at most (0 for the first frame and after a jump).
 	 */
 	virtual void Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites) = 0;
+
+	/** The next frame is so much later that nothing moves there: it shows what is due at InTicks, as after a seek. */
+	virtual void Jump([[maybe_unused]] int64 InTicks) {}
 };
 
 } // namespace Flitmark

@@ -16,6 +16,9 @@ struct FBurnOptions
 {
 	std::string Input;
 
+	/** See FVideoFile. */
+	bool bAllowPlaylists = false;
+
 	/** The extension selects the container. Appears, and replaces an existing file, only once complete. */
 	std::string Output;
 

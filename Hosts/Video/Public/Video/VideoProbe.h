@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Video/OverlaySource.h"
+#include "Video/VideoFile.h"
 
 #include <optional>
 #include <string>
@@ -25,6 +26,6 @@ struct FVideoInfo
 };
 
 /** Reads a video's properties without decoding it; empty with OutError set if it cannot be read or has no video. */
-std::optional<FVideoInfo> Probe(const std::string& InPath, std::string& OutError);
+std::optional<FVideoInfo> Probe(const FVideoFile& InFile, std::string& OutError);
 
 } // namespace Flitmark

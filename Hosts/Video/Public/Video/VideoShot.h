@@ -14,6 +14,9 @@ struct FShotOptions
 {
 	std::string Input;
 
+	/** See FVideoFile. */
+	bool bAllowPlaylists = false;
+
 	/** The picture; always PNG, whatever its name. Appears only once complete. */
 	std::string Output;
 
