@@ -7,6 +7,13 @@ target_compile_options(FlitmarkFlags INTERFACE -Wall -Wextra -Wconversion -Wshad
 # gcc 12 reports false overlaps in inlined string concatenation.
 target_compile_options(FlitmarkFlags INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 
+if(FlitmarkHardened)
+	target_compile_options(FlitmarkFlags INTERFACE -fstack-protector-strong)
+	# Checks of buffers' sizes need the optimizer, which tests and merged units go without.
+	target_compile_options(FlitmarkFlags INTERFACE
+		"$<$<NOT:$<BOOL:$<TARGET_PROPERTY:FLITMARK_UNOPTIMIZED>>>:SHELL:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>")
+endif()
+
 # flitmark_library(NAME STATIC|SHARED|OBJECT SOURCES file... [INCLUDE dir...] [PRIVATE_INCLUDE dir...]
 #                  [LINK target...] [PRIVATE_LINK target...])
 # INCLUDE and LINK also apply to users of the library.
@@ -26,7 +33,8 @@ function(flitmark_module_checks Target)
 		$<$<CXX_COMPILER_ID:Clang>:-Wshadow-uncaptured-local -Winconsistent-missing-override -Wenum-conversion>)
 	get_target_property(Sources ${Target} SOURCES)
 	add_library(${Target}Merged OBJECT ${Sources})
-	set_target_properties(${Target}Merged PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+	set_target_properties(${Target}Merged PROPERTIES
+		UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0 FLITMARK_UNOPTIMIZED ON)
 	target_link_libraries(${Target}Merged PRIVATE ${Target} FlitmarkFlags)
 	target_compile_options(${Target}Merged PRIVATE ${Warnings} -O0 -g0)
 	target_compile_options(${Target} PRIVATE ${Warnings})
@@ -50,5 +58,6 @@ function(flitmark_test Name)
 	target_link_libraries(${Name} PRIVATE FlitmarkFlags ${Arg_LINK} GTest::gtest GTest::gtest_main)
 	# Tests take longer to optimize than to run; the code under test is optimized.
 	target_compile_options(${Name} PRIVATE -O0)
+	set_target_properties(${Name} PROPERTIES FLITMARK_UNOPTIMIZED ON)
 	gtest_discover_tests(${Name} DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES)
 endfunction()

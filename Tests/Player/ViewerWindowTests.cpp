@@ -39,6 +39,7 @@ private Q_SLOTS:
 	void IsDisabledWhileClosed();
 	void ShowsThePanelUnderThePointer();
 	void OpensThePanelByKeys();
+	void OpensThePanelByTouch_data();
 	void OpensThePanelByTouch();
 	void PutsTheKeyboardIntoTheFieldForAnEmptyComment();
 	void RewritesATypedColor();
@@ -325,8 +326,18 @@ void ViewerWindowTest::OpensThePanelByKeys()
 	QTRY_VERIFY(!Stage->Panel().IsDisplayed());
 }
 
+void ViewerWindowTest::OpensThePanelByTouch_data()
+{
+	QTest::addColumn<QString>("Pointer");
+	QTest::newRow("pointer elsewhere") << "Elsewhere";
+	QTest::newRow("pointer on the button") << "SettingsButton";
+	QTest::newRow("pointer where the panel comes up") << "StylePanel";
+}
+
 void ViewerWindowTest::OpensThePanelByTouch()
 {
+	QFETCH(QString, Pointer);
+	QTest::mouseMove(Window, Pointer == "Elsewhere" ? QPoint(500, 100) : CenterOf(Find(qPrintable(Pointer))));
 	const auto Tap = [this](QPoint Place)
 	{
 		static QPointingDevice* const Screen = QTest::createTouchDevice();

@@ -116,6 +116,7 @@ void FOverlayRunner::BeginJump()
 	{
 		return;
 	}
+	ApplySettings();
 	if (!IsOpen())
 	{
 		// The jump is made up for when the comments are switched on.

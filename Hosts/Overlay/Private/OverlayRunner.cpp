@@ -18,7 +18,12 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 	Options.Measure = &Runner->Scaled;
 	Runner->Seed = InSeed;
 	Runner->Stage = FStage::Create(Options, OutError);
-	return Runner->Stage ? std::move(Runner) : nullptr;
+	if (!Runner->Stage)
+	{
+		return nullptr;
+	}
+	Runner->Tally = std::make_unique<FPlacementTally>(*Runner->Stage);
+	return Runner;
 }
 
 void FOverlayRunner::SetView(const FOverlayView& InView)
@@ -129,6 +134,11 @@ void FOverlayRunner::RunFrame(double InSeconds)
 	const double Seconds = InSeconds * Rate * Settings.Speed;
 	Stage->RunFrame(static_cast<float>(Seconds), static_cast<float>(InSeconds));
 	UpdateScene(bPaused ? 0.0 : Seconds);
+	if (const int64 Ticks = Stage->GetMediaTime(); Ticks >= 0)
+	{
+		FirstSecond = std::min(FirstSecond, Ticks / ETimespan::TicksPerSecond);
+		LastSecond = std::max(LastSecond, Ticks / ETimespan::TicksPerSecond);
+	}
 }
 
 void FOverlayRunner::UpdateScene(double InSeconds)

@@ -37,6 +37,12 @@ FocusScope {
 		}
 	}
 
+	// By touch or click: at once, wherever a pointer may rest.
+	function closePanel() {
+		stylePanel.held = false
+		panel.Dismiss()
+	}
+
 	implicitHeight: Theme.barHeight
 	Keys.onEscapePressed: done()
 
@@ -72,12 +78,28 @@ FocusScope {
 				}
 			}
 			onClicked: {
-				if (settingsPointer.hovered)
+				// A mouse may rest on the button while a finger taps it.
+				if (settingsPointer.hovered && !finger.pressed)
 					root.bar.settings.Hover()
-				else if (root.panel.displayed)
-					root.letGoOfPanel()
+				else if (stylePanel.held)
+					root.closePanel()
 				else
 					root.holdPanel()
+			}
+
+			PointHandler {
+				id: finger
+
+				// Still true when the button tells of its click, which comes after the release.
+				property bool pressed: false
+
+				acceptedDevices: PointerDevice.TouchScreen
+				onActiveChanged: {
+					if (active)
+						pressed = true
+					else
+						Qt.callLater(() => pressed = false)
+				}
 			}
 
 			HoverHandler {
@@ -273,7 +295,7 @@ FocusScope {
 				const at = point.scenePosition
 				const holds = item => item.contains(item.mapFromItem(null, at.x, at.y))
 				if (active && !holds(stylePanel) && !holds(settingsButton))
-					root.letGoOfPanel()
+					root.closePanel()
 			}
 		}
 	}
