@@ -101,7 +101,7 @@ int64 FOverlayRunner::FindFirstSecond() const
 	int64 First = Second - LookBack(std::max(UsualWidth, CanvasWidth));
 	for (const FWideText& Wide : WideTexts)
 	{
-		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width) >= Second)
+		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width * Settings.FontScale) >= Second)
 		{
 			First = Wide.Second;
 		}
@@ -123,6 +123,7 @@ void FOverlayRunner::BeginJump()
 		UpdateScene(0.0);
 		return;
 	}
+	ApplySettings();
 	// A frame before second 0 makes the overlay forget its second; a paused one would not look at the time.
 	UUI_Danmaku& Overlay = Stage->GetOverlay();
 	Overlay.Resume();
