@@ -161,6 +161,81 @@ TEST(Convert, TellsWhatAnOffsetPutsOutOfReach)
 	EXPECT_THAT(Forth.Error, HasSubstr("2 comments to 24 h or later, where nothing is shown; dropped"));
 }
 
+TEST(Convert, WritesOnceWhatTwoFilesShare)
+{
+	const FTestFolder Folder;
+	const std::string First = Folder.Write(
+		"1.xml", MakeXml({{Scroll("1"), "a"}, {Scroll("1"), "a"}, {Scroll("2"), "b"}, {"3,1,25,0,0,0,u,0", "no ID"}}));
+	const std::string Later =
+		Folder.Write("2.xml", MakeXml({{Scroll("2"), "b"}, {Scroll("2.5"), "b"}, {Scroll("2"), "c"}}));
+	const std::string Own = Folder.File("own.json");
+	ASSERT_EQ(RunProgram({"convert", First, "-o", Own}).ExitCode, 0);
+	const struct
+	{
+		std::vector<std::string> Arguments;
+		std::vector<std::string> Expected;
+		std::string Said;
+	} Cases[] = {
+		{{First, First},
+		 {"a@1", "a@1", "b@2", "no ID@3", "no ID@3"},
+		 "1.xml: 3 comments are in an earlier file already"},
+		{{Own, First}, {"a@1", "a@1", "b@2", "no ID@3", "no ID@3"}, "1.xml: 3 comments are in an earlier file already"},
+		{{First, Own},
+		 {"a@1", "a@1", "b@2", "no ID@3", "no ID@3"},
+		 "own.json: 3 comments are in an earlier file already"},
+		{{First, Later},
+		 {"a@1", "a@1", "b@2", "c@2", "b@2.5", "no ID@3"},
+		 "2.xml: 1 comment is in an earlier file already"},
+		// Moved, they are others.
+		{{Later, Later, "--offset", "0", "--offset", "0.5"},
+		 {"b@2", "c@2", "b@2.5", "c@2.5", "b@3"},
+		 "2.xml: 1 comment is in an earlier file already"},
+	};
+	for (const auto& Case : Cases)
+	{
+		std::vector<std::string> Arguments = {"convert", "-o", "-"};
+		Arguments.insert(Arguments.end(), Case.Arguments.begin(), Case.Arguments.end());
+		const FProgramResult Result = RunProgram(Arguments);
+		EXPECT_EQ(ListComments(Result.Out), Case.Expected);
+		EXPECT_THAT(Result.Error, HasSubstr(Case.Said));
+	}
+}
+
+TEST(Convert, GoesToAListAndBack)
+{
+	const FTestFolder Folder;
+	const std::string List =
+		Folder.Write("l.xml", MakeXml({{"1.5,1,25,16777215,1600000000,0,user,5", "scroll &amp; <b>"},
+									   {"2.25,5,18,255,1600000001,1,user,6", "top"},
+									   {"3,4,36,0,1600000002,2,other,7", "bottom/nof two lines"}}));
+	const auto Convert = [&Folder](const std::string& InFrom, const std::string& InName)
+	{
+		const std::string Path = Folder.File(InName);
+		const FProgramResult Result = RunProgram({"convert", InFrom, "-o", Path});
+		EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
+		return Path;
+	};
+	const std::string Own = Convert(List, "1.json");
+	const std::string Again = Convert(Convert(Own, "2.xml"), "3.json");
+	// A list has senders only as hashes.
+	const auto WithoutUsers = [](std::string InDocument)
+	{
+		for (std::size_t Begin = 0; (Begin = InDocument.find("\"user_id\":", Begin)) != std::string::npos;)
+		{
+			InDocument.erase(Begin, InDocument.find(',', Begin) + 1 - Begin);
+		}
+		return InDocument;
+	};
+	EXPECT_EQ(WithoutUsers(ReadFile(Again)), WithoutUsers(ReadFile(Own)));
+	EXPECT_THAT(ReadFile(Own), HasSubstr("\"danmaku_content\":\"bottom\\nof two lines\",\"danmaku_mode\":2"));
+	// Straight from list to list, and what cannot be in one.
+	EXPECT_EQ(ReadFile(Convert(List, "4.xml")), ReadFile(Folder.File("2.xml")));
+	const std::string Unseen =
+		Folder.Write("u.json", MakeDocument({MakeComment(), MakeComment(R"("danmaku_mode":7)")}));
+	EXPECT_THAT(RunProgram({"convert", Unseen, "-o", Folder.File("5.xml")}).Error,
+				HasSubstr("1 comment that the overlay does not show, because of mode, size, or color"));
+}
+
 TEST(Convert, OwnDocumentWithoutAWishKeepsItsBytes)
 {
 	const FTestFolder Folder;
@@ -196,6 +271,12 @@ TEST(Convert, RefusesWithoutHarm)
 		{{Good, "-o", Old, "--offset", "1:75"}, 2, "--offset: \"1:75\" is not a time"},
 		{{Good, "-o", Old, "--block", "a(b"}, 2, "--block: \"a(b\" is not a regular expression: missing )"},
 		{{Good}, 2, "--output is required"},
+		{{Good, "-o", Folder.File("out.srt")}, 2, "out.srt ends in .srt, which is not known; known are .json"},
+		{{Good, "-o", Folder.File("out")}, 2, "out has no ending; known are .json"},
+		{{Good, "-o", Folder.File(".json")}, 2, ".json has no ending; known are .json"},
+		{{Good, "-o", Old, "--to", "srt"}, 2, "--to: srt not in {json,xml,ass}"},
+		{{Good, "-o", Old, "--seed", "3"}, 2, "--seed: is only for subtitles"},
+		{{Good, "-o", Old, "--to", "ass", "--size", "0x100"}, 2, "is not a size in whole numbers"},
 		{{"-o", Old}, 2, "IN is required"},
 	};
 	for (const auto& Case : Cases)

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <arpa/inet.h>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <condition_variable>
@@ -11,7 +13,10 @@
 #include <map>
 #include <mutex>
 #include <numbers>
+#include <sys/socket.h>
+#include <thread>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace Flitmark
@@ -19,6 +24,60 @@ namespace Flitmark
 
 namespace
 {
+
+/** A web server with one page, for as long as it lives. */
+class FWebPage
+{
+public:
+	explicit FWebPage(std::string InPage)
+		: Page(std::move(InPage))
+		, Listener(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+	{
+		Address.sin_family = AF_INET;
+		Address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+		socklen_t Size = sizeof(Address);
+		auto* const Bare = reinterpret_cast<sockaddr*>(&Address);
+		EXPECT_EQ(bind(Listener, Bare, Size), 0);
+		EXPECT_EQ(listen(Listener, 8), 0);
+		EXPECT_EQ(getsockname(Listener, Bare, &Size), 0);
+		Thread = std::thread([this] { Serve(); });
+	}
+	~FWebPage()
+	{
+		shutdown(Listener, SHUT_RDWR);
+		Thread.join();
+		close(Listener);
+	}
+	FWebPage(const FWebPage&) = delete;
+	FWebPage& operator=(const FWebPage&) = delete;
+
+	std::string GetUrl(const std::string& InName) const
+	{
+		return "http://127.0.0.1:" + std::to_string(ntohs(Address.sin_port)) + "/" + InName;
+	}
+
+private:
+	void Serve() const
+	{
+		const std::string Answer =
+			"HTTP/1.0 200 OK\r\nContent-Type: application/vnd.apple.mpegurl\r\nContent-Length: " +
+			std::to_string(Page.size()) + "\r\n\r\n" + Page;
+		for (int Client = accept(Listener, nullptr, nullptr); Client >= 0; Client = accept(Listener, nullptr, nullptr))
+		{
+			std::array<char, 4096> Request;
+			if (recv(Client, Request.data(), Request.size(), 0) > 0)
+			{
+				send(Client, Answer.data(), Answer.size(), MSG_NOSIGNAL);
+			}
+			close(Client);
+		}
+	}
+
+	const std::string Page;
+	const int Listener;
+	sockaddr_in Address{};
+	std::thread Thread;
+};
 
 /** A folder of its own for the sounds to be played. */
 class FMpvPlayerTest : public testing::Test, public IMpvObserver
@@ -186,6 +245,30 @@ TEST_F(FMpvPlayerTest, TellsNothingOfWhatWasReplaced)
 		ASSERT_TRUE(WaitUntil([&] { return NumLoaded == Turn + 1; }));
 		EXPECT_TRUE(Failures.empty()) << Failures.front();
 		EXPECT_TRUE(Player->GetState().bLoaded);
+	}
+}
+
+/** What is in a list is played in its place, unless the list is on a network and the file on the viewer's machine. */
+TEST_F(FMpvPlayerTest, PlaysListsButNoFilesThatARemoteOneNames)
+{
+	const std::string Tone = WriteTone("tone.wav", 30);
+	Player->SetPaused(true);
+	for (const std::string& List :
+		 {"#EXTM3U\nfile://" + Tone + "\n", "[playlist]\nFile1=" + Tone + "\n",
+		  "#EXTM3U\n#EXT-X-TARGETDURATION:30\n#EXTINF:30,\nfile://" + Tone + "\n#EXT-X-ENDLIST\n"})
+	{
+		SCOPED_TRACE(List);
+		NumLoaded = 0;
+		Failures.clear();
+		const std::string Name = List.starts_with('[') ? "list.pls" : "list.m3u8";
+		const FWebPage Page(List);
+		Player->Open(Page.GetUrl(Name));
+		EXPECT_TRUE(WaitUntil([this] { return Failures.size() == 1; }));
+		EXPECT_EQ(NumLoaded, 0);
+		Player->Open(Write(Name.c_str(), List));
+		EXPECT_TRUE(WaitUntil([this] { return NumLoaded == 1 && Player->GetState().Duration > 29.0; }));
+		EXPECT_TRUE(Player->GetState().bLoaded);
+		EXPECT_EQ(Failures.size(), 1U);
 	}
 }
 

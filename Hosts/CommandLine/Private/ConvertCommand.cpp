@@ -2,12 +2,17 @@
 
 #include "Formats/CommentChange.h"
 #include "Formats/CommentDocumentWriter.h"
+#include "Formats/CommentListWriter.h"
+#include "Formats/CommentOrigin.h"
 #include "CommentOptions.h"
+#include "ConvertForm.h"
 #include "Filtering/CommentOrder.h"
+#include "Filtering/CommentRepeats.h"
 #include "Formats/CommentTraits.h"
 #include "ExitCodes.h"
 #include "Message.h"
 #include "OptionValues.h"
+#include "SubtitleOutput.h"
 #include "Files/TemporaryFile.h"
 #include "Values/OptionChecks.h"
 
@@ -31,9 +36,13 @@ struct FConvertArguments
 {
 	std::vector<std::string> Inputs;
 	std::string Output;
+	/** What --to says. */
+	std::string FormName;
+	EConvertForm Form = EConvertForm::Json;
 	/** The n-th belongs to the n-th input. */
 	std::vector<std::string> Offsets;
 	FCommentArguments CommentOptions;
+	FSubtitleArguments Subtitles;
 
 	int64 GetOffset(std::size_t InInput) const { return InInput < Offsets.size() ? *ParseOffset(Offsets[InInput]) : 0; }
 };
@@ -135,10 +144,24 @@ bool CopyDocument(const FConvertArguments& InArguments, FCommentsInput& InOutInp
 		InArguments.Output, [&](const FTextOutput& InOutput) { return InOutput(*InOutInput.Bytes); }, OutError);
 }
 
-bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsInput> InInputs,
-				   const FCommentFilter* InFilter, std::string& OutError)
+/** Adds an input's comments to those of earlier ones, except what these have already. */
+void AddFurther(FCommentsInput& InOutInput, std::vector<FServiceComment>& InOutComments)
 {
-	std::vector<FServiceComment> Comments;
+	const std::size_t NumEarlier = InOutComments.size();
+	InOutComments.insert(InOutComments.end(), std::make_move_iterator(InOutInput.Comments.begin()),
+						 std::make_move_iterator(InOutInput.Comments.end()));
+	if (const int64 NumKnown = DropKnown(InOutComments, NumEarlier); NumKnown > 0)
+	{
+		PrintNote(InOutInput.Report.Path + ": " + CountComments(NumKnown) + (NumKnown == 1 ? " is" : " are") +
+				  " in an earlier file already, with the same ID, time, and text; left out");
+	}
+}
+
+/** All inputs' comments in one list, ordered by time; an input's memory is freed as it is taken. */
+bool JoinInputs(const FConvertArguments& InArguments, std::vector<FCommentsInput> InInputs,
+				std::vector<FServiceComment>& OutComments, std::string& OutError)
+{
+	const bool bSeveral = InInputs.size() > 1;
 	for (std::size_t Index = 0; Index < InInputs.size(); ++Index)
 	{
 		std::vector<FServiceComment>& More = InInputs[Index].Comments;
@@ -146,34 +169,83 @@ bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsIn
 		{
 			return false;
 		}
-		if (Comments.empty())
+		if (bSeveral || InArguments.Form == EConvertForm::Xml)
 		{
-			Comments = std::move(More);
+			std::ranges::for_each(More, &ReadOrigin);
+		}
+		if (OutComments.empty())
+		{
+			OutComments = std::move(More);
 		}
 		else
 		{
-			Comments.insert(Comments.end(), std::make_move_iterator(More.begin()), std::make_move_iterator(More.end()));
+			AddFurther(InInputs[Index], OutComments);
 		}
 		InInputs[Index] = {};
 	}
-	if (InInputs.size() > 1)
+	if (bSeveral)
 	{
-		OrderByTime(Comments);
+		OrderByTime(OutComments);
+	}
+	return true;
+}
+
+/** What is to be written, and how many comments it has. */
+struct FConverted
+{
+	FWriteText Write;
+	int64 NumComments = 0;
+};
+
+/** InComments lives as long as what comes of it. */
+std::optional<FConverted> MakeOutput(const FConvertArguments& InArguments, std::vector<FServiceComment>& InOutComments,
+									 std::string& OutError)
+{
+	if (InArguments.Form == EConvertForm::Ass)
+	{
+		const std::shared_ptr<FSubtitleOutput> Output =
+			FSubtitleOutput::Make(std::move(InOutComments), InArguments.Subtitles, OutError);
+		return Output
+				   ? std::optional(FConverted{[Output](const FTextOutput& InOutput) { return Output->Write(InOutput); },
+											  Output->CountComments()})
+				   : std::nullopt;
+	}
+	const auto NumAll = static_cast<int64>(InOutComments.size());
+	if (InArguments.Form == EConvertForm::Json)
+	{
+		return FConverted{[&InOutComments](const FTextOutput& InOutput)
+						  { return WriteCommentDocument(InOutComments, InOutput); },
+						  NumAll};
+	}
+	const int64 NumListed = std::ranges::count_if(InOutComments, &CanBeListed);
+	if (NumListed < NumAll)
+	{
+		PrintNote(CountComments(NumAll - NumListed) +
+				  " that the overlay does not show, because of mode, size, or color, can't be part of an XML list");
+	}
+	return FConverted{
+		[&InOutComments](const FTextOutput& InOutput) { return WriteCommentList(InOutComments, InOutput); }, NumListed};
+}
+
+bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsInput> InInputs,
+				   const FCommentFilter* InFilter, std::string& OutError)
+{
+	std::vector<FServiceComment> Comments;
+	if (!JoinInputs(InArguments, std::move(InInputs), Comments, OutError))
+	{
+		return false;
 	}
 	for (const FFilterRule& Rule : InFilter != nullptr ? InFilter->Apply(Comments) : std::vector<FFilterRule>())
 	{
 		PrintNote(DescribeRule(Rule));
 	}
-	const FWriteText Write = [&Comments](const FTextOutput& InOutput)
-	{
-		return WriteCommentDocument(Comments, InOutput);
-	};
-	if (!WriteOutput(InArguments.Output, Write, OutError))
+	const std::optional<FConverted> Converted = MakeOutput(InArguments, Comments, OutError);
+	if (!Converted || !WriteOutput(InArguments.Output, Converted->Write, OutError))
 	{
 		return false;
 	}
 	const std::string Name = InArguments.Output == StandardOutput ? "standard output" : InArguments.Output;
-	PrintNote(Name + ": " + CountComments(static_cast<int64>(Comments.size())) + " written");
+	PrintNote(Name + ": " + CountComments(Converted->NumComments) + " written");
 	return true;
 }
 
@@ -187,20 +259,54 @@ int RunConvert(const FConvertArguments& InArguments)
 	{
 		return PrintError(Error);
 	}
-	const bool bUnchanged =
-		Inputs->size() == 1 && Inputs->front().Bytes && !Settings->Filter && InArguments.GetOffset(0) == 0;
+	const bool bUnchanged = InArguments.Form == EConvertForm::Json && Inputs->size() == 1 && Inputs->front().Bytes &&
+							!Settings->Filter && InArguments.GetOffset(0) == 0;
 	const bool bDone = bUnchanged ? CopyDocument(InArguments, Inputs->front(), Error)
 								  : WriteComments(InArguments, std::move(*Inputs), Settings->Filter.get(), Error);
 	return bDone ? ExitSuccess : PrintError(Error);
 }
 
+/** Settles the form, and refuses what does not go together. */
+void CheckArguments(FConvertArguments& InOutArguments)
+{
+	const std::size_t NumInputs = InOutArguments.Inputs.size();
+	if (InOutArguments.Offsets.size() > NumInputs)
+	{
+		throw CLI::ValidationError("--offset", "is given " + std::to_string(InOutArguments.Offsets.size()) +
+												   " times for " + std::to_string(NumInputs) +
+												   (NumInputs == 1 ? " file" : " files"));
+	}
+	if (!InOutArguments.FormName.empty())
+	{
+		InOutArguments.Form = *ParseForm(InOutArguments.FormName);
+	}
+	else if (InOutArguments.Output != StandardOutput)
+	{
+		std::string Error;
+		const std::optional<EConvertForm> Form = FindForm(InOutArguments.Output, Error);
+		if (!Form)
+		{
+			throw CLI::ValidationError("--output", Error);
+		}
+		InOutArguments.Form = *Form;
+	}
+	const std::string Option = InOutArguments.Subtitles.FindGiven();
+	if (InOutArguments.Form != EConvertForm::Ass && !Option.empty())
+	{
+		throw CLI::ValidationError(Option, "is only for subtitles; name an output that ends in .ass, or say --to ass");
+	}
+}
+
 constexpr const char* Footer =
-	R"(Several files become one document, sorted by time. The n-th --offset belongs to the n-th file; files without one are
-not shifted. What was read, dropped and written is reported on standard error.
-OUT appears only once it is complete; until then an existing file of that name stays as it is.
+	R"(The ending of OUT decides what is written: .json is our own document, .xml an XML list, .ass subtitles that any player
+shows, with each comment where the overlay places it.
+Several files become one, sorted by time; what two of them share (the same ID, time, and text) is written once. The n-th
+--offset belongs to the n-th file; files without one are not shifted. What was read, dropped and written is reported on
+standard error. OUT appears only once it is complete; until then an existing file of that name stays as it is.
 
 Examples:
   flitmark convert comments.xml -o comments.json
+  flitmark convert comments.xml -o film.ass --size 1440x1080 && mpv film.mkv --sub-file=film.ass
   flitmark convert part1.xml part2.xml -o both.json --offset 0 --offset 24:10
   flitmark convert comments.json -o calmer.json --offset -1.5 --merge 5 --max-per-second 20 --block "(?i)spoiler"
   flitmark convert comments.xml -o - | jq '.datas | length')";
@@ -210,12 +316,16 @@ Examples:
 void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FConvertArguments>();
-	CLI::App* const Command =
-		InApp.add_subcommand("convert", "Convert comment files in any known format into one document");
+	CLI::App* const Command = InApp.add_subcommand(
+		"convert", "Convert comment files in any known format into one document, list, or subtitle");
 	Command->add_option("IN", Arguments->Inputs, "Comment files")->required();
-	Command->add_option("-o,--output", Arguments->Output, "The document; - for standard output")
+	Command
+		->add_option("-o,--output", Arguments->Output, "A file ending in .json, .xml, or .ass; - for standard output")
 		->type_name("OUT")
 		->required();
+	Command->add_option("--to", Arguments->FormName, "What to write, whatever OUT's ending (default: for -, json)")
+		->type_name("json|xml|ass")
+		->check(CLI::IsMember({"json", "xml", "ass"}));
 	Command
 		->add_option(
 			"--offset", Arguments->Offsets,
@@ -223,17 +333,13 @@ void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 		->type_name("TIME")
 		->allow_extra_args(false)
 		->check(MakeCheck(&ParseOffset, OffsetRefusal));
+	AddSubtitleOptions(*Command, Arguments->Subtitles);
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);
 	Command->callback(
 		[Arguments, &OutExitCode]
 		{
-			if (Arguments->Offsets.size() > Arguments->Inputs.size())
-			{
-				throw CLI::ValidationError("--offset", "is given " + std::to_string(Arguments->Offsets.size()) +
-														   " times for " + std::to_string(Arguments->Inputs.size()) +
-														   (Arguments->Inputs.size() == 1 ? " file" : " files"));
-			}
+			CheckArguments(*Arguments);
 			OutExitCode = RunConvert(*Arguments);
 		});
 }

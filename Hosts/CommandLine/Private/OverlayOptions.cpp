@@ -85,7 +85,7 @@ void AddFontOptions(CLI::App& InCommand, FTextOptions& InOutOptions)
 	InCommand.add_flag("--bold", InOutOptions.bBold, "Bold letters")->group(Group);
 }
 
-void AddPictureOptions(CLI::App& InCommand, FOverlayArguments& InOutArguments)
+void AddScaleOption(CLI::App& InCommand, FOverlayArguments& InOutArguments)
 {
 	InCommand
 		.add_option("--scale", InOutArguments.Scale,
@@ -93,6 +93,10 @@ void AddPictureOptions(CLI::App& InCommand, FOverlayArguments& InOutArguments)
 					"units high, so that comments look the same on every video)")
 		->check(MakeNumberCheck(MinScale, MaxScale))
 		->group(Group);
+}
+
+void AddPictureOptions(CLI::App& InCommand, FOverlayArguments& InOutArguments)
+{
 	InCommand
 		.add_option("--outline", InOutArguments.Settings.Text.Outline,
 					"Width of the outline, from 0 (none) to 4; 1 is the usual one")
@@ -122,6 +126,10 @@ void AddOverlayOptions(CLI::App& InCommand, FOverlayArguments& InOutArguments, c
 	if (InSet.bFont)
 	{
 		AddFontOptions(InCommand, InOutArguments.Settings.Text);
+	}
+	if (InSet.bScale)
+	{
+		AddScaleOption(InCommand, InOutArguments);
 	}
 	if (InSet.bPicture)
 	{

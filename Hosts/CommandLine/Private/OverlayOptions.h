@@ -36,7 +36,9 @@ struct FOverlayOptionSet
 	bool bOffset = true;
 	/** --font, --bold */
 	bool bFont = true;
-	/** --scale, --outline, --opacity, --seed */
+	/** --scale */
+	bool bScale = true;
+	/** --outline, --opacity, --seed */
 	bool bPicture = true;
 };
 

@@ -142,7 +142,7 @@ void AddTraceCommand(CLI::App& InApp, int& OutExitCode)
 		->capture_default_str();
 	Command->add_option("--save-dir", Arguments->SaveDir,
 						"Folder for the save slots (default: kept in memory, for this run only)");
-	AddOverlayOptions(*Command, Arguments->Overlay, {.bPicture = false});
+	AddOverlayOptions(*Command, Arguments->Overlay, {.bScale = false, .bPicture = false});
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer("Example: flitmark trace Samples/demo.json --size 1280x720 --positions > trace.jsonl");
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunTrace(*Arguments); });

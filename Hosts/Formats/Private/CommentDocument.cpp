@@ -5,7 +5,6 @@
 #include "Files/FileText.h"
 #include "Formats/CleanText.h"
 #include "Formats/CommentTraits.h"
-#include "Formats/FieldValues.h"
 #include "JsonMembers.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
@@ -193,17 +192,6 @@ void Append(std::string_view InText, std::u16string& OutTexts)
 	OutTexts.resize(Begin + static_cast<std::size_t>(U_SUCCESS(Error) ? Length : 0));
 }
 
-/** A whole number of any size, which the layer's JSON only knows as the nearest double; 0 if it is none. */
-int64 ReadId(std::string_view InElement, ECommentKey InKey)
-{
-	std::string_view Value = FindJsonMember(InElement, ToText(InKey)).value_or(std::string_view());
-	if (Value.starts_with('"'))
-	{
-		Value = Value.substr(1, Value.size() - 2);
-	}
-	return ParseInteger(Value == "true" ? "1" : Value).value_or(0);
-}
-
 /** Names are looked up where users are blocked; the overlay does not show them. */
 std::string ReadName(std::string_view InElement)
 {
@@ -265,7 +253,7 @@ std::vector<FServiceComment> FCommentDocument::MakeComments(std::string_view InT
 		FServiceComment& Comment = Comments.emplace_back();
 		Comment.Source = Elements.Next();
 		MakeUtf8(Comment.Source);
-		Comment.UserId = ReadId(Comment.Source, ECommentKey::UserID);
+		Comment.UserId = ReadJsonId(Comment.Source, ToText(ECommentKey::UserID));
 		Comment.UserName = ReadName(Comment.Source);
 		Comment.SpawnTicks = Entry.SpawnTicks;
 		Comment.Text = MakeCleanText(ToUtf8(FString(FStringView(GetText(Entry)))));

@@ -1,6 +1,7 @@
 #include "JsonMembers.h"
 
 #include "Files/FileText.h"
+#include "Formats/FieldValues.h"
 #include "JsonScan.h"
 #include "Serialization/JsonSerializer.h"
 
@@ -39,6 +40,28 @@ bool IsQuotedKey(std::string_view InQuoted, std::string_view InKey)
 
 } // namespace
 
+std::string UnquoteJson(std::string_view InQuoted)
+{
+	if (InQuoted.find('\\') == std::string_view::npos)
+	{
+		return std::string(InQuoted.substr(1, InQuoted.size() - 2));
+	}
+	TArray<TSharedPtr<FJsonValue>> Values;
+	const FString Text = FromUtf8("[" + std::string(InQuoted) + "]");
+	FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Values);
+	return Values.Num() == 1 ? ToUtf8(Values[0]->AsString()) : std::string();
+}
+
+int64 ReadJsonId(std::string_view InObject, std::string_view InKey)
+{
+	std::string_view Value = FindJsonMember(InObject, InKey).value_or(std::string_view());
+	if (Value.starts_with('"'))
+	{
+		Value = Value.substr(1, Value.size() - 2);
+	}
+	return ParseInteger(Value == "true" ? "1" : Value).value_or(0);
+}
+
 std::optional<std::string_view> FindJsonMember(std::string_view InObject, std::string_view InKey)
 {
 	std::optional<std::string_view> Found;
@@ -64,18 +87,6 @@ std::optional<std::string_view> FindJsonMember(std::string_view InObject, std::s
 		Place = SkipJsonBlanks(InObject, Begin + Value.size());
 	}
 	return Found;
-}
-
-std::string UnquoteJson(std::string_view InQuoted)
-{
-	if (InQuoted.find('\\') == std::string_view::npos)
-	{
-		return std::string(InQuoted.substr(1, InQuoted.size() - 2));
-	}
-	TArray<TSharedPtr<FJsonValue>> Values;
-	const FString Text = FromUtf8("[" + std::string(InQuoted) + "]");
-	FJsonSerializer::Deserialize(TJsonReaderFactory<TCHAR>::Create(Text), Values);
-	return Values.Num() == 1 ? ToUtf8(Values[0]->AsString()) : std::string();
 }
 
 std::string_view FJsonElements::Next()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CoreTypes.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -13,8 +15,11 @@ namespace Flitmark
 /** An object's member as the engine's JSON looks it up: the key in any case, the last of several. */
 std::optional<std::string_view> FindJsonMember(std::string_view InObject, std::string_view InKey);
 
-/** What a string's value says, quotes and escapes resolved; the text must be a JSON string. */
+/** What a string in its quotes says. */
 std::string UnquoteJson(std::string_view InQuoted);
+
+/** A member that is a whole number of any size, which the layer's JSON only knows as the nearest double; 0 if it is none. */
+int64 ReadJsonId(std::string_view InObject, std::string_view InKey);
 
 /** Goes through the elements of a list. */
 class FJsonElements

@@ -203,7 +203,7 @@ void FMpvPlayer::Load()
 	mpv_node Node{};
 	Node.format = MPV_FORMAT_NODE_ARRAY;
 	Node.u.list = &List;
-	Entry = 0;
+	Entry = LastEntry = 0;
 	mpv_command_node_async(Handle.get(), ++NumLoads, &Node);
 }
 
@@ -223,7 +223,7 @@ void FMpvPlayer::TakeReply(const mpv_event& InEvent)
 	{
 		if (std::string_view(Result.u.list->keys[Index]) == "playlist_entry_id")
 		{
-			Entry = Result.u.list->values[Index].u.int64;
+			Entry = LastEntry = Result.u.list->values[Index].u.int64;
 		}
 	}
 }
@@ -367,7 +367,7 @@ void FMpvPlayer::TakeLog(const mpv_event_log_message& InMessage)
 
 void FMpvPlayer::TakeLoaded()
 {
-	if (StartedEntry == Entry)
+	if (IsCurrent(StartedEntry))
 	{
 		State.bLoaded = true;
 		bStateChanged = true;
@@ -378,8 +378,15 @@ void FMpvPlayer::TakeLoaded()
 void FMpvPlayer::TakeEnd(const mpv_event_end_file& InEnd)
 {
 	// The end of the previous file says nothing about the current one.
-	if (InEnd.playlist_entry_id != Entry)
+	if (!IsCurrent(InEnd.playlist_entry_id))
 	{
+		return;
+	}
+	// What was opened is a list, whose entries take its place.
+	if (InEnd.reason == MPV_END_FILE_REASON_REDIRECT)
+	{
+		Entry = InEnd.playlist_insert_id;
+		LastEntry = Entry + InEnd.playlist_insert_num_entries - 1;
 		return;
 	}
 	State.bLoaded = false;

@@ -92,6 +92,7 @@ FCommentScene::FHeld FCommentScene::Hold(const FPaintComment& InComment, const F
 										 double InBegin)
 {
 	FHeld Each;
+	Each.Comment.Key = InComment.Key;
 	Each.Comment.Style = Share(FCommentStyle::Of(*InComment.Text, InFrame.FontScale));
 	Each.Comment.bViewers = InComment.bViewers;
 	Each.Comment.bAtBottom = IsAtBottom(InComment);

@@ -4,6 +4,7 @@
 #include "Playback/QuitSignals.h"
 #include "Values/OptionChecks.h"
 #include "Values/TimeText.h"
+#include "Values/VisibleText.h"
 #include "Viewer/SystemLanguage.h"
 
 #include <CLI/CLI.hpp>
@@ -40,7 +41,7 @@ constexpr int ExitWrongUse = 2;
 
 int PrintError(const std::string& InMessage)
 {
-	std::fprintf(stderr, "flitmark-player: %s\n", InMessage.c_str());
+	std::fprintf(stderr, "flitmark-player: %s\n", MakeVisible(InMessage).c_str());
 	return ExitFailure;
 }
 
@@ -114,7 +115,7 @@ void ReportFatal(QtMsgType InType, const QMessageLogContext&, const QString& InM
 	}
 	if (InType != QtDebugMsg && InType != QtInfoMsg)
 	{
-		std::fprintf(stderr, "%s\n", InMessage.toUtf8().constData());
+		std::fprintf(stderr, "%s\n", MakeVisible(InMessage.toStdString()).c_str());
 	}
 }
 

@@ -2,6 +2,8 @@
 
 #include "TextMetrics.h"
 
+#include FT_TRUETYPE_TABLES_H
+
 #include <algorithm>
 
 namespace Flitmark
@@ -32,6 +34,34 @@ FHbFontPtr LoadShaping(const FFontFile& InFile)
 	return Font;
 }
 
+FFontFace DescribeFace(FT_Face InFace, const std::string& InFamily)
+{
+	FFontFace Face;
+	Face.Family = InFamily;
+	Face.bItalic = (InFace->style_flags & FT_STYLE_FLAG_ITALIC) != 0;
+	Face.Weight = (InFace->style_flags & FT_STYLE_FLAG_BOLD) != 0 ? 700 : 400;
+	if (!FT_IS_SCALABLE(InFace))
+	{
+		return Face;
+	}
+	const double Em = InFace->units_per_EM;
+	Face.Ascent = InFace->ascender / Em;
+	Face.Descent = -InFace->descender / Em;
+	if (const auto* Os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(InFace, FT_SFNT_OS2)))
+	{
+		Face.Weight = Os2->usWeightClass;
+		// Some fonts have signed values there.
+		const auto Ascent = static_cast<int16>(Os2->usWinAscent);
+		const auto Descent = static_cast<int16>(Os2->usWinDescent);
+		if (Ascent + Descent > 0)
+		{
+			Face.Ascent = Ascent / Em;
+			Face.Descent = Descent / Em;
+		}
+	}
+	return Face;
+}
+
 } // namespace
 
 std::unique_ptr<FFont> FFont::Load(FT_Library InLibrary, const FFontFile& InFile)
@@ -45,6 +75,7 @@ std::unique_ptr<FFont> FFont::Load(FT_Library InLibrary, const FFontFile& InFile
 	}
 	Font->Drawing = std::make_unique<FDrawing>();
 	Font->Drawing->Face.reset(Face);
+	Font->TextFace = DescribeFace(Face, InFile.Family);
 	FT_Stroker Stroker = nullptr;
 	if (FT_Stroker_New(InLibrary, &Stroker) != 0)
 	{

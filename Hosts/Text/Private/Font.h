@@ -2,6 +2,7 @@
 
 #include "CoreTypes.h"
 #include "FontList.h"
+#include "Text/TextRows.h"
 
 #include <memory>
 #include <mutex>
@@ -31,6 +32,7 @@ public:
 	hb_font_t* GetShaping() const { return Shaping.get(); }
 	FDrawing& GetDrawing() const { return *Drawing; }
 	bool IsColor() const { return bColor; }
+	const FFontFace& GetFace() const { return TextFace; }
 
 	/** Ems of this font per em of text: 1 except for emoji fonts, whose glyphs are scaled to EmojiAdvance. */
 	double GetMagnification() const { return Magnification; }
@@ -43,6 +45,7 @@ private:
 
 	FHbFontPtr Shaping;
 	std::unique_ptr<FDrawing> Drawing;
+	FFontFace TextFace;
 	double Magnification = 1.0;
 	bool bColor = false;
 };

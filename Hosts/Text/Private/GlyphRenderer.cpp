@@ -19,9 +19,6 @@ constexpr FT_Pos SubPixels = 64;
 /** Limit for a mask: there are ligatures as wide as a line, which would take gigabytes at absurd sizes. */
 constexpr FT_Pos MaxMaskPixels = FT_Pos{32} << 20;
 
-/** The outline is slightly translucent. */
-constexpr uint16 OutlineAlpha = 204;
-
 FT_Pos ToSubPixels(double InPixels)
 {
 	return static_cast<FT_Pos>(std::lround(InPixels * SubPixels));
@@ -104,7 +101,7 @@ FMaskPlane JoinMasks(const FCoverage& InFill, const FCoverage& InStroke)
 	Plane.Stride = (Plane.Width + FMaskPlane::Block - 1) / FMaskPlane::Block * FMaskPlane::Block;
 	Plane.Pixels.resize(static_cast<std::size_t>(Plane.Stride) * static_cast<std::size_t>(Plane.Height));
 	PutMask(InFill, 255, 0, Plane);
-	PutMask(InStroke, OutlineAlpha, 8, Plane);
+	PutMask(InStroke, TextMetrics::OutlineAlpha, 8, Plane);
 	return Plane;
 }
 

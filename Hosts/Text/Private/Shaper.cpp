@@ -5,6 +5,7 @@
 #include "RunShaping.h"
 #include "Text/TextLimits.h"
 #include "TextLines.h"
+#include "TextMetrics.h"
 
 #include <algorithm>
 
@@ -27,6 +28,25 @@ void AddGlyphs(hb_buffer_t* InBuffer, const FRun& InRun, int32 InLine, int64& In
 			{Infos[Index].codepoint, InRun.Font, InLine, InOutPen + Position.x_offset, Position.y_offset});
 		InOutPen += Position.x_advance;
 	}
+}
+
+/** A line's pieces; the runs are brought into reading order. */
+FTextRow MakeRow(FFontSet& InFonts, FLine& InOutLine)
+{
+	FTextRow Row;
+	Row.bBidi = !InOutLine.Levels.empty();
+	std::ranges::sort(InOutLine.Runs, {}, &FRun::Begin);
+	for (const FRun& Run : InOutLine.Runs)
+	{
+		const FFont& Font = InFonts.Get(Run.Font);
+		if (Row.Pieces.empty() || Row.Pieces.back().Face != &Font.GetFace())
+		{
+			Row.Pieces.push_back({{}, &Font.GetFace(), Font.IsColor()});
+		}
+		const auto First = InOutLine.Points.begin() + static_cast<std::ptrdiff_t>(Run.Begin);
+		Row.Pieces.back().Text.append(First, First + static_cast<std::ptrdiff_t>(Run.Count));
+	}
+	return Row;
 }
 
 } // namespace
@@ -79,6 +99,20 @@ FTextExtent FShaper::Shape(std::u16string_view InText, std::vector<FShapedGlyph>
 						}
 						return Pen;
 					});
+}
+
+std::vector<FTextRow> FShaper::Split(std::u16string_view InText)
+{
+	std::vector<FTextRow> Rows;
+	SetLines(InText,
+			 [this, &Rows](FLine& InOutLine, int32 InNumber)
+			 {
+				 FTextRow& Row = Rows.emplace_back(MakeRow(Fonts, InOutLine));
+				 Row.Left = TextMetrics::Outline;
+				 Row.Baseline = TextMetrics::LineHeight * InNumber + TextMetrics::Baseline;
+				 return int64{0};
+			 });
+	return Rows;
 }
 
 int64 FShaper::MeasureRun(const FLine& InLine, const FRun& InRun)

@@ -2,6 +2,7 @@
 
 #include "CoreTypes.h"
 #include "Line.h"
+#include "Text/TextRows.h"
 
 #include <string_view>
 #include <vector>
@@ -44,6 +45,9 @@ public:
 
 	/** Also measures, and adds the text's glyphs to OutGlyphs, line by line, left to right. */
 	FTextExtent Shape(std::u16string_view InText, std::vector<FShapedGlyph>& OutGlyphs);
+
+	/** The lines' characters, with the font of each. */
+	std::vector<FTextRow> Split(std::u16string_view InText);
 
 private:
 	template <typename SetLineType>

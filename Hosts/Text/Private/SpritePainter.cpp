@@ -200,13 +200,6 @@ void SizeSprite(std::span<const FPlacedImage> InPlaced, FSprite& OutSprite)
 
 static_assert(std::endian::native == std::endian::little, "a pixel's first byte, red, is its lowest");
 
-/** Whether a dark outline would make the letters illegible: the color's luma (BT.709) out of 255. */
-constexpr bool IsDark(FTextColor InColor)
-{
-	constexpr unsigned DarkestWithDarkOutline = 40;
-	return (54U * InColor.Red + 183U * InColor.Green + 19U * InColor.Blue) >> 8U < DarkestWithDarkOutline;
-}
-
 /** Fill over outline, all faded by the color's alpha. The outline is black, or white around dark letters. */
 void ComposeMasks(const uint16* __restrict InMasks, std::size_t InCount, FTextColor InColor,
 				  uint8* __restrict OutPixels)
@@ -215,7 +208,7 @@ void ComposeMasks(const uint16* __restrict InMasks, std::size_t InCount, FTextCo
 	const uint16 Red = Multiply(InColor.Red, Alpha);
 	const uint16 Green = Multiply(InColor.Green, Alpha);
 	const uint16 Blue = Multiply(InColor.Blue, Alpha);
-	const uint16 OutlineLight = IsDark(InColor) ? Alpha : uint16{0};
+	const uint16 OutlineLight = Multiply(FTextEngine::GetOutlineColor(InColor).Red, Alpha);
 	for (std::size_t Index = 0; Index < InCount; ++Index)
 	{
 		const auto Fill = static_cast<uint16>(InMasks[Index] & 0xffU);

@@ -24,14 +24,11 @@ struct FTextHash
 	std::size_t operator()(std::u16string_view InText) const { return std::hash<std::u16string_view>()(InText); }
 };
 
-/** Canvas units per em; 0 if a text of that size is invisible. */
-double ToEm(float InSizePoints)
+/** Whether a dark outline would make the letters illegible: the color's luma (BT.709) out of 255. */
+constexpr bool IsDark(FTextColor InColor)
 {
-	if (!(InSizePoints > 0.0F))
-	{
-		return 0.0;
-	}
-	return std::min(InSizePoints, std::numeric_limits<float>::max()) * TextMetrics::CanvasUnitsPerPoint;
+	constexpr unsigned DarkestWithDarkOutline = 40;
+	return (54U * InColor.Red + 183U * InColor.Green + 19U * InColor.Blue) >> 8U < DarkestWithDarkOutline;
 }
 
 } // namespace
@@ -40,7 +37,8 @@ class FTextEngine::FImpl
 {
 public:
 	FImpl(std::unique_ptr<FFontSet> InFonts, double InOutline)
-		: Fonts(std::move(InFonts))
+		: Outline(InOutline)
+		, Fonts(std::move(InFonts))
 		, Shaper(*Fonts)
 		, Glyphs(*Fonts, InOutline)
 		, Extents(FTextLimits::MeasureCacheBytes)
@@ -60,6 +58,8 @@ public:
 		return Extent;
 	}
 
+	/** See FTextOptions. */
+	const double Outline;
 	std::unique_ptr<FFontSet> Fonts;
 	FShaper Shaper;
 	FGlyphStore Glyphs;
@@ -85,7 +85,7 @@ FTextEngine::~FTextEngine() = default;
 
 FTextSize FTextEngine::Measure(std::u16string_view InText, float InSizePoints)
 {
-	const double Em = ToEm(InSizePoints);
+	const double Em = GetEm(InSizePoints);
 	const std::u16string_view Text = LimitText(InText);
 	FTextSize Size;
 	if (Em > 0.0)
@@ -102,7 +102,7 @@ FTextSize FTextEngine::Measure(std::u16string_view InText, float InSizePoints)
 FSprite FTextEngine::Rasterise(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale)
 {
 	FSprite Sprite;
-	const FSpriteStyle Style = {ToEm(InSizePoints) * InScale.X, ToEm(InSizePoints) * InScale.Y, InColor};
+	const FSpriteStyle Style = {GetEm(InSizePoints) * InScale.X, GetEm(InSizePoints) * InScale.Y, InColor};
 	// Less than a pixel per em is just dust.
 	if (!(Style.EmX >= 1.0) || !(Style.EmY >= 1.0) || InColor.Alpha == 0)
 	{
@@ -120,6 +120,36 @@ FSprite FTextEngine::Rasterise(std::u16string_view InText, float InSizePoints, F
 	Sprite = PaintSprite(Impl->Glyphs, Glyphs, Style);
 	Sprite.bCut = Sprite.bCut || Extent.bCut || Text.size() < InText.size();
 	return Sprite;
+}
+
+std::vector<FTextRow> FTextEngine::Split(std::u16string_view InText)
+{
+	return Impl->Shaper.Split(LimitText(InText));
+}
+
+double FTextEngine::GetEm(float InSizePoints)
+{
+	if (!(InSizePoints > 0.0F))
+	{
+		return 0.0;
+	}
+	return std::min(InSizePoints, std::numeric_limits<float>::max()) * TextMetrics::CanvasUnitsPerPoint;
+}
+
+double FTextEngine::GetOutlineWidth(float InSizePoints) const
+{
+	return std::max(GetEm(InSizePoints) * TextMetrics::Outline * Impl->Outline, std::min(Impl->Outline, 1.0));
+}
+
+FTextColor FTextEngine::GetOutlineColor(FTextColor InColor)
+{
+	const uint8 Light = IsDark(InColor) ? 255 : 0;
+	return {Light, Light, Light, TextMetrics::OutlineAlpha};
+}
+
+const FFontFace& FTextEngine::PrimaryFace() const
+{
+	return Impl->Fonts->Get(FFontSet::Primary).GetFace();
 }
 
 const std::string& FTextEngine::PrimaryFamily() const

@@ -23,6 +23,9 @@ constexpr double LineHeight = 1.25;
 constexpr double Baseline = 0.93;
 constexpr double Outline = 1.0 / 16.0;
 
+/** The outline is slightly translucent. */
+constexpr uint8 OutlineAlpha = 204;
+
 /** Advance of an emoji: an ideograph plus a little space. */
 constexpr double EmojiAdvance = 1.0625;
 

@@ -106,6 +106,7 @@ private:
 	void TakeProperty(const mpv_event_property& InProperty, std::size_t InIndex);
 	void Load();
 	void TakeReply(const mpv_event& InEvent);
+	bool IsCurrent(int64_t InEntry) const { return InEntry >= Entry && InEntry <= LastEntry; }
 	void TakeSubtitles(std::size_t InIndex, int InError);
 	void TakeLoaded();
 	void TakeEnd(const mpv_event_end_file& InEnd);
@@ -121,9 +122,13 @@ private:
 	/** mpv's error, until it is reported. */
 	std::string Failure;
 	bool bRenders = false;
-	/** Number of loads, and mpv's entry IDs of the last one (0 until mpv reports it) and of the one it starts. */
+	/**
+	 * Number of loads, and mpv's entry IDs of the last one (0 until mpv reports it; the first and the last of a list's
+	 * entries) and of the one it starts.
+	 */
 	uint64_t NumLoads = 0;
 	int64_t Entry = 0;
+	int64_t LastEntry = 0;
 	int64_t StartedEntry = 0;
 	/** Files of subtitles asked for so far; the reply to each has its index. */
 	std::vector<std::string> Subtitles;

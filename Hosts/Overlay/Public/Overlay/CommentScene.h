@@ -21,6 +21,9 @@ struct FSharedStyle
 /** A comment to be drawn, now or soon. */
 struct FSceneComment
 {
+	/** See FPaintComment. */
+	uint64 Key = 0;
+
 	std::shared_ptr<const FSharedStyle> Style;
 
 	/** Top-left corner in canvas units. */

@@ -2,10 +2,12 @@
 
 #include "CoreTypes.h"
 #include "Text/Sprite.h"
+#include "Text/TextRows.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Flitmark
 {
@@ -81,6 +83,21 @@ public:
 	 * empty if nothing is visible or if size or scale is not positive.
 	 */
 	FSprite Rasterise(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale);
+
+	/** The lines of a text, as far as they are painted, for those who draw with other means: what Rasterise draws where. */
+	std::vector<FTextRow> Split(std::u16string_view InText);
+
+	/** Canvas units per em; 0 for a size that is not positive. */
+	static double GetEm(float InSizePoints);
+
+	/** The width of the outline in canvas units, for a picture whose pixels are one unit large. */
+	double GetOutlineWidth(float InSizePoints) const;
+
+	/** The color of the outline around letters of a color, before their alpha is applied to it. */
+	static FTextColor GetOutlineColor(FTextColor InColor);
+
+	/** The preferred font. */
+	const FFontFace& PrimaryFace() const;
 
 	/** Family name of the preferred font. */
 	const std::string& PrimaryFamily() const;
