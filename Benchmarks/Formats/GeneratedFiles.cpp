@@ -174,6 +174,60 @@ std::string MakeObjectsJson(const FGenerated& InComment)
 		   InComment.Text + "\"},\n";
 }
 
+std::string MakeLiveChatJson(const FGenerated& InComment)
+{
+	return Print("{\"replayChatItemAction\":{\"actions\":[{\"addChatItemAction\":{\"item\":{"
+				 "\"liveChatTextMessageRenderer\":"
+				 "{\"authorName\":{\"simpleText\":\"U%08x\"},\"authorExternalChannelId\":\"UC%08x\",\"timestampUsec\":"
+				 "\"%lld\","
+				 "\"id\":\"%040lld\",\"contextMenuAccessibility\":{\"accessibilityData\":{\"label\":\"Actions\"}},",
+				 InComment.Sender, InComment.Sender, InComment.Sent * 1'000'000, InComment.Id) +
+		   "\"message\":{\"runs\":[{\"text\":\"" + InComment.Text + "\"}]}}}}}]," +
+		   Print("\"videoOffsetTimeMsec\":\"%lld\"}}\n", GetMilliseconds(InComment));
+}
+
+std::string MakeOffsetChatJson(const FGenerated& InComment)
+{
+	return Print("{\"_id\":\"%032llx\",\"created_at\":\"2021-11-19T18:16:01Z\",\"content_offset_seconds\":%.3f,"
+				 "\"commenter\":{\"display_name\":\"U%08x\",\"_id\":\"%u\"},\"message\":{\"bits_spent\":0,"
+				 "\"user_color\":\"#%06X\",\"body\":\"",
+				 static_cast<unsigned long long>(InComment.Id), InComment.Seconds, InComment.Sender, InComment.Sender,
+				 InComment.Color) +
+		   InComment.Text + "\",\"fragments\":[{\"text\":\"" + InComment.Text + "\",\"emoticon\":null}]}},\n";
+}
+
+std::string MakeMessagesJson(const FGenerated& InComment)
+{
+	return Print("{\"action_type\":\"add_chat_item\",\"author\":{\"id\":\"UC%08x\",\"name\":\"U%08x\"},"
+				 "\"message_id\":\"%032lld\",\"message_type\":\"text_message\",\"time_in_seconds\":%.3f,"
+				 "\"timestamp\":%lld,\"message\":\"",
+				 InComment.Sender, InComment.Sender, InComment.Id, InComment.Seconds, InComment.Sent * 1'000'000) +
+		   InComment.Text + "\"},\n";
+}
+
+std::string MakeElementsJson(const FGenerated& InComment)
+{
+	return Print("{\"id\":\"%lld\",\"progress\":%lld,\"mode\":%d,\"fontsize\":%d,\"color\":%u,\"midHash\":\"%08x\","
+				 "\"ctime\":\"%lld\",\"content\":\"",
+				 InComment.Id, GetMilliseconds(InComment), InComment.Mode, InComment.Size, InComment.Color,
+				 InComment.Sender, InComment.Sent) +
+		   InComment.Text + "\"},\n";
+}
+
+std::string MakeBodiesJson(const FGenerated& InComment)
+{
+	return Print("{\"time\":%.3f,\"mode\":%d,\"size\":%d,\"color\":%u,\"body\":\"", InComment.Seconds, InComment.Mode,
+				 InComment.Size, InComment.Color) +
+		   InComment.Text + "\"},\n";
+}
+
+std::string MakeTextsJson(const FGenerated& InComment)
+{
+	return Print("{\"stime\":%lld,\"mode\":%d,\"size\":%d,\"color\":%u,\"text\":\"", GetMilliseconds(InComment),
+				 InComment.Mode, InComment.Size, InComment.Color) +
+		   InComment.Text + "\"},\n";
+}
+
 std::string MakeDocument(const FGenerated& InComment)
 {
 	return Print("{\"danmaku_id\":%lld,\"post_id\":7,\"user_id\":%u,\"user_display_name\":\"Mira\","
@@ -202,6 +256,12 @@ constexpr FFileShape Shapes[] = {
 	{"chat-xml", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<packet>\n", "</packet>\n", 0, MakeChatXml},
 	{"chat-json", "", "", 0, MakeChatJson},
 	{"objects-json", "[\n", "]\n", 2, MakeObjectsJson},
+	{"live-chat-json", "", "", 0, MakeLiveChatJson},
+	{"offset-chat-json", "{\"comments\":[\n", "]}\n", 2, MakeOffsetChatJson},
+	{"message-list-json", "[\n", "]\n", 2, MakeMessagesJson},
+	{"list-elements-json", "{\"elems\":[\n", "]}\n", 2, MakeElementsJson},
+	{"body-json", "[\n", "]\n", 2, MakeBodiesJson},
+	{"text-json", "[\n", "]\n", 2, MakeTextsJson},
 	{"document", "{\"datas\":[\n", "]}\n", 2, MakeDocument},
 };
 

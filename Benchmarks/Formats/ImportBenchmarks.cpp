@@ -59,6 +59,12 @@ BENCHMARK_CAPTURE(Import, RowsJson, "rows-json")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Import, ChatXml, "chat-xml")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Import, ChatJson, "chat-json")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Import, ObjectsJson, "objects-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, LiveChatJson, "live-chat-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, OffsetChatJson, "offset-chat-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, MessageListJson, "message-list-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, ListElementsJson, "list-elements-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, BodyJson, "body-json")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Import, TextJson, "text-json")->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Import, Own, "document")->Unit(benchmark::kMillisecond);
 BENCHMARK(Write)->UseRealTime()->Unit(benchmark::kMillisecond);
 

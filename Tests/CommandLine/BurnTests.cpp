@@ -93,13 +93,50 @@ TEST(Burn, BurnsTheAskedPart)
 	EXPECT_TRUE(IsLit(First, 150, 180));
 }
 
-TEST(Burn, TellsOfCommentsThatWillNotBeSeen)
+/** The video has two seconds; a canvas of its usual height has lanes for 17 comments of 24 points. */
+TEST(Burn, TellsWhatAViewerSees)
 {
 	const FTestFolder Folder;
-	const std::string Comments = Folder.Write("c.json", MakeDocument({MakeComment(), "17"}));
-	const FProgramResult Result = RunProgram({"burn", BlackVideo(), Comments, "-o", Folder.File("o.mp4")});
-	EXPECT_EQ(Result.ExitCode, 0);
-	EXPECT_THAT(Result.Error, HasSubstr("1 of 2 comments will not be seen"));
+	std::vector<std::string> Elements(20, MakeComment(R"("danmaku_mode":1)"));
+	for (const char* Change :
+		 {R"("danmaku_mode":3)", R"("danmaku_content":" ")", R"("danmaku_spawn_time":20000000)",
+		  R"("danmaku_spawn_time":-20000000)", R"("danmaku_spawn_time":15000000)", R"("danmaku_font_color":"#0000")"})
+	{
+		Elements.push_back(MakeComment(Change));
+	}
+	const std::string Comments = Folder.Write("c.json", MakeDocument(Elements));
+	const std::string All = Comments + ": 26 comments: ";
+	struct FCase
+	{
+		std::vector<std::string> Arguments;
+		std::string Said;
+	};
+	const std::string Out = Folder.File("o.mkv");
+	const std::string Picture = Folder.File("p.png");
+	const FCase Cases[] = {
+		{{"burn", "-o", Out},
+		 "shown 18; no free lane 3; no lanes for the mode 1; no text, size, or color to see 2; later than the end 1; "
+		 "never due "
+		 "1\n"},
+		// What stands there already is seen.
+		{{"burn", "-o", Out, "--from", "1", "--to", "1.5"}, "shown 18; no free lane 3; no lanes"},
+		{{"burn", "-o", Out, "--from", "1.6", "--speed", "10"},
+		 "shown 1; no free lane 3; no lanes for the mode 1; no text, size, or color to see 2; over by then 17; later"},
+		{{"burn", "-o", Out, "--offset", "1"},
+		 "shown 17; no free lane 3; no lanes for the mode 1; no text, size, or color to see 2; later than the end 2;"},
+		{{"burn", "-o", Out, "--offset", "-1"}, "shown 2; earlier than the start 23; never due 1\n"},
+		{{"shot", "--at", "0.5", "-o", Picture},
+		 "shown 17; no free lane 3; no lanes for the mode 1; no text, size, or color to see 2; later than the end 2;"},
+		{{"shot", "--at", "1.9", "-o", Picture, "--font-scale", "2"}, "shown 9; no free lane 12;"},
+	};
+	for (const FCase& Case : Cases)
+	{
+		std::vector<std::string> Arguments = Case.Arguments;
+		Arguments.insert(Arguments.begin() + 1, {BlackVideo(), Comments});
+		const FProgramResult Result = RunProgram(Arguments);
+		EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
+		EXPECT_THAT(Result.Out, HasSubstr(All + Case.Said));
+	}
 }
 
 struct FRefusalCase
@@ -149,6 +186,8 @@ INSTANTIATE_TEST_SUITE_P(
 		FRefusalCase{"NotAVideo", {"burn", "%/plain.txt", "%/c.json", "-o", "%/o.mp4"}, "plain.txt"},
 		FRefusalCase{
 			"NotAVideoForShot", {"shot", "%/plain.txt", "%/c.json", "-o", "%/p.png", "--at", "0"}, "plain.txt"},
+		FRefusalCase{"Swapped", {"burn", "%/c.json", "%/v.mp4", "-o", "%/o.mp4"}, "the video comes first"},
+		FRefusalCase{"TwoVideos", {"shot", "%/v.mp4", "%/v.mp4", "-o", "%/p.png", "--at", "0"}, "is a video (MP4)"},
 		FRefusalCase{"MissingDocument", {"burn", "%/v.mp4", "%/d.json", "-o", "%/o.mp4"}, "d.json: cannot be opened"},
 		FRefusalCase{"ShotBehindEnd", {"shot", "%/v.mp4", "%/c.json", "-o", "%/p.png", "--at", "5:00"}, "only 2.0"}),
 	[](const auto& InCase) { return InCase.param.Name; });

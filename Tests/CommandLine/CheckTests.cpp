@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 namespace Flitmark::Testing
 {
 namespace
@@ -96,9 +98,12 @@ TEST(Check, ReadsValuesAsTheOverlayDoes)
 					  MakeComment(R"("danmaku_mode":2.9,"danmaku_spawn_time":29999999)"),
 					  MakeComment(R"("danmaku_spawn_time":863999999999)")}),
 		0);
-	EXPECT_THAT(Out, HasSubstr(R"("unseen":0,"findings":[],"modes":{"scroll":2,"top":1,"bottom":1,"other":0})"));
+	EXPECT_THAT(
+		Out,
+		HasSubstr(R"("unseen":0,"crowded_out":0,"findings":[],"modes":{"scroll":2,"top":1,"bottom":1,"other":0})"));
 	EXPECT_THAT(Out, HasSubstr(R"("seconds":3,"first_second":0,"last_second":86399,"busiest_second":0,)"
-							   R"("comments_in_busiest":2})"));
+							   R"("comments_in_busiest":2,"lanes":{"shown":4,"blank":0,"no_lane":0,"unserved":0},)"
+							   R"("worst_minutes":[],"remedies":[]})"));
 }
 
 struct FFaultCase
@@ -128,26 +133,61 @@ TEST_P(Faults, AreToldWithTheirPlace)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Faults,
-						 testing::Values(FFaultCase{"Empty", "", ":1:1: not JSON"},
+						 testing::Values(FFaultCase{"Empty", "", ": is empty"},
 										 FFaultCase{"Comma", "{\"datas\":[\n  {},\n  }\n]}", ":3:3: not JSON"},
 										 FFaultCase{"CutOff", "{\"datas\":[{\"a\":1", ":1:17: not JSON"},
-										 FFaultCase{"List", "[{}]", ": it has no list of comments named \"datas\""},
-										 FFaultCase{"OtherName", R"({"comments":[]})", ": it has no list of comments"},
+										 FFaultCase{"List", "[{}]", ": is JSON, or looks like it"},
+										 FFaultCase{"OtherName", R"({"comments":[]})",
+													": is JSON with no comments in it"},
 										 FFaultCase{"NoList", R"({"datas":{}})", ": its \"datas\" is not a list"}),
 						 [](const auto& InCase) { return InCase.param.Name; });
 
 TEST(Check, NamesTheFirstOfManyElements)
 {
 	const FTestFolder Folder;
-	std::vector<std::string> Comments(25'000, MakeComment(R"("danmaku_mode":9)"));
+	std::vector<std::string> Comments(15'000, MakeComment(R"("danmaku_mode":9)"));
 	Comments[0] = MakeComment();
 	const FProgramResult Result = RunProgram({"check", Folder.Write("c.json", MakeDocument(Comments))});
 	EXPECT_EQ(Result.ExitCode, 1);
-	EXPECT_THAT(Result.Out, HasSubstr("25,000 comments, 24,999 will not be seen"));
+	EXPECT_THAT(Result.Out, HasSubstr("15,000 comments, 14,999 will not be seen"));
 	EXPECT_THAT(Result.Out, HasSubstr("mode is not 0 (scroll), 1 (top) or 2 (bottom): elements 1, 2, 3, 4, 5, 6, 7, "
-									  "8, 9, 10 and 24,989 more"));
+									  "8, 9, 10 and 14,989 more"));
 	EXPECT_THAT(Result.Out, HasSubstr("the first is element 0"));
 	EXPECT_LT(Result.Out.size(), 1000u);
+}
+
+/** A canvas has 53 lanes for scrolling comments, of which one of 24 points takes three, and asks only the first. */
+TEST(Check, CountsWhatFindsNoLaneWithoutFault)
+{
+	const FTestFolder Folder;
+	const std::string Path = Folder.Write(
+		"c.json", MakeDocument(std::vector<std::string>(60, MakeComment(R"("danmaku_spawn_time":600000000)"))));
+	const FProgramResult Result = RunProgram({"check", Path});
+	EXPECT_EQ(Result.ExitCode, 0);
+	for (const char* Said :
+		 {"60 comments, all can be seen where there is a lane",
+		  "lanes    17 of 60 comments that are due find one, 43 don't",
+		  "worst    1:00 to 2:00: no free lane for 43 of 60 comments", "--area 1: no free lane for 37 of them",
+		  "twice the --scale: no free lane for 25 of them", "--max-per-second 17:"})
+	{
+		EXPECT_THAT(Result.Out, HasSubstr(Said));
+	}
+	EXPECT_THAT(RunProgram({"check", Path, "--area", "1"}).Out, HasSubstr("lanes    23 of 60"));
+	EXPECT_THAT(RunProgram({"check", Path, "--json"}).Out,
+				HasSubstr(R"("lanes":{"shown":17,"blank":0,"no_lane":43,"unserved":0},)"
+						  R"("worst_minutes":[{"minute":1,"due":60,"no_lane":43}])"));
+}
+
+TEST(Check, NeedsNoFonts)
+{
+	const FTestFolder Folder;
+	const std::string Path = Folder.Write("c.json", MakeDocument({MakeComment()}));
+	setenv("FONTCONFIG_FILE", Folder.Write("fonts.conf", "<fontconfig></fontconfig>").c_str(), 1);
+	const FProgramResult Result = RunProgram({"check", Path});
+	unsetenv("FONTCONFIG_FILE");
+	EXPECT_EQ(Result.ExitCode, 0);
+	EXPECT_THAT(Result.Error, HasSubstr("widths are estimated"));
+	EXPECT_THAT(Result.Out, HasSubstr("lanes    1 of 1 comment"));
 }
 
 TEST(Check, CanvasDecidesWhichSizesFit)

@@ -450,6 +450,27 @@ TEST(Stats, TellAndDraw)
 	EXPECT_THAT(Svg, testing::EndsWith("</svg>\n"));
 }
 
+TEST(Stats, ListNoBlankTextAndNoEndlessOne)
+{
+	const FTestFolder Folder;
+	std::string Marks = "e";
+	for (int Count = 0; Count < 200'000; ++Count)
+	{
+		Marks += "\u0301";
+	}
+	const std::string Path = Folder.Write(
+		"c.json",
+		MakeDocument({MakeComment(R"("danmaku_content":"  ")"), MakeComment(R"("danmaku_content":"\u3000")"),
+					  MakeComment(R"("danmaku_content":" ")"), MakeComment("\"danmaku_content\":\"" + Marks + "\""),
+					  MakeComment("\"danmaku_content\":\"" + Marks + "\"")}));
+	const FProgramResult Result = RunProgram({"stats", Path});
+	EXPECT_EQ(Result.ExitCode, 0);
+	EXPECT_THAT(Result.Out, HasSubstr("5 comments, 1 different text\n"));
+	EXPECT_THAT(Result.Out, HasSubstr("×2"));
+	EXPECT_THAT(Result.Out, Not(HasSubstr("×3")));
+	EXPECT_LT(Result.Out.size(), 10'000u);
+}
+
 TEST(Stats, RefuseAndStayQuietAboutNothing)
 {
 	const FTestFolder Folder;

@@ -44,7 +44,7 @@ class Hostile : public testing::TestWithParam<FHostileCase>
 /** A clear message or a sane picture, in bounded memory. */
 TEST_P(Hostile, DocumentsEndangerNothing)
 {
-	constexpr long MaxPeakMiB = 1200;
+	constexpr long MaxPeakMiB = 600;
 	const FTestFolder Folder;
 	const std::string Path = Folder.Write("c.json", GetParam().Make());
 	const FProgramResult Check = RunProgram({"check", Path});
@@ -89,8 +89,29 @@ INSTANTIATE_TEST_SUITE_P(
 		FHostileCase{"RawNul", [] { return Content(std::string("a\0b", 3)); }, 1, false},
 		FHostileCase{"Controls",
 					 [] { return Content(R"(\u0001\u202E\u2066\uFEFF\u200D\u0301)" + Repeat(R"(\u0300)", 3000)); }, 0},
-		FHostileCase{"DenseSecond", [] { return MakeDocument(std::vector<std::string>(50'000, MakeComment())); }, 0}),
+		FHostileCase{"DenseSecond", [] { return MakeDocument(std::vector<std::string>(20'000, MakeComment())); }, 0},
+		FHostileCase{"CrowdedSecond", [] { return MakeDocument(std::vector<std::string>(50'000, MakeComment())); }, 1},
+		FHostileCase{"ManyNumbers", [] { return "{\"datas\":[" + Repeat("0,", 1'000'000) + "0]}"; }, 1}),
 	[](const auto& InCase) { return InCase.param.Name; });
+
+/** What is no comment file is known by its beginning, however long it is. */
+TEST(HostileFiles, OfOtherKindsAreNotReadWhole)
+{
+	constexpr std::uintmax_t Size = std::uintmax_t{2} << 30;
+	constexpr long MaxPeakMiB = 100;
+	const FTestFolder Folder;
+	for (const std::string Beginning : {"", "{\"a\":1,", "no comments"})
+	{
+		const std::string Path = Folder.Write("c", Beginning);
+		std::filesystem::resize_file(Path, Size);
+		for (const char* Command : {"check", "stats"})
+		{
+			const FProgramResult Result = RunProgram({Command, Path});
+			EXPECT_EQ(Result.ExitCode, 1) << Result.Error;
+			EXPECT_LT(Result.PeakMiB, MaxPeakMiB) << Beginning;
+		}
+	}
+}
 
 } // namespace
 } // namespace Flitmark::Testing

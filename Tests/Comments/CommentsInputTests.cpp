@@ -285,11 +285,43 @@ TEST_F(FCommentsTest, ReportsNameEveryReason)
 }
 
 /** Filtered or not, what is wrong is said in the same words. */
+/** Our own document and a list of another format: 20,002 comments in second 1, one in second 2. */
+TEST_F(FCommentsTest, AtMostTwentyThousandOfASecondAreHandedOver)
+{
+	std::string Own;
+	std::string Xml;
+	for (int32 Index = 0; Index < 20'003; ++Index)
+	{
+		const bool bLast = Index == 20'002;
+		Own += (Index > 0 ? " , " : "") + std::string(R"({"danmaku_content":"c)") + std::to_string(Index) +
+			   R"(","danmaku_spawn_time":)" + (bLast ? "20000000" : "15000000") + "}";
+		Xml += "<d p=\"" + std::string(bLast ? "2.5" : "1.5") + ",1,25,16777215,0,0,u,1\">c" + std::to_string(Index) +
+			   "</d>";
+	}
+	for (const std::string& Text : {"{\"x\":[1],\"datas\":[" + Own + "]}", "<i>" + Xml + "</i>"})
+	{
+		const std::optional<FCommentsFile> File = Load(Text);
+		ASSERT_TRUE(File) << Error;
+		EXPECT_EQ(File->Report.NumCrowdedOut, 2);
+		EXPECT_THAT(File->MakeNotes(), testing::Contains(HasSubstr("2 comments are left out")));
+		const FCommentDocument Handed = FCommentDocument::Read(File->Text);
+		EXPECT_EQ(Handed.GetEntries().size(), 20'001u);
+		ASSERT_EQ(File->Document.GetEntries().size(), 20'001u);
+		EXPECT_EQ(Handed.GetText(Handed.GetEntries()[19'999]), u"c19999");
+		EXPECT_EQ(Handed.GetText(Handed.GetEntries()[20'000]), u"c20002");
+	}
+	const std::optional<FCommentsFile> Fewer = Load("{\"datas\":[" + Own + "]}", Block("^c[12]$"));
+	ASSERT_TRUE(Fewer) << Error;
+	EXPECT_EQ(Fewer->Report.NumCrowdedOut, 0) << "filters come first";
+}
+
 TEST_F(FCommentsTest, RefusalsSayWhatAndWhere)
 {
 	const std::pair<const char*, const char*> Cases[] = {
 		{"{\"datas\":[\n  {},\n  }\n]}", ":3:3: not JSON"},
-		{R"({"comments":[]})", ": it has no list of comments named \"datas\"; a comment document is"},
+		{R"({"comments":[]})", ": is JSON with no comments in it: its list \"comments\" is empty"},
+		{R"({"caf\u00e9":1})", ": is JSON, but in no known form of comments"},
+		{R"({"d\u0061tas":{}})", "known form of comments"},
 		{R"({"datas":{}})", ": its \"datas\" is not a list of comments"},
 		{"Dear diary", ": is in no known format"},
 	};

@@ -141,9 +141,9 @@ TEST(Encoding, ReachesFarIntoAFile)
 TEST(Import, RefusesWhatItDoesNotKnow)
 {
 	EXPECT_EQ(ImportRefused(""), "is empty");
-	EXPECT_NE(ImportRefused("plain text")
-				  .find("not in any known format of comments; these are known: binary list, XML list,"),
-			  std::string::npos);
+	EXPECT_NE(
+		ImportRefused("plain text").find("in no known format of comments; these are known: binary list, XML list,"),
+		std::string::npos);
 	EXPECT_NE(ImportRefused("{\"x\":1}").find("\"datas\""), std::string::npos);
 	FImportResult Result;
 	std::string Error;

@@ -113,7 +113,13 @@ INSTANTIATE_TEST_SUITE_P(
 				   "not a video container"},
 		FErrorCase{"NoCodec", [](FOpt& In, const FDir&) { In.Codec = "nosuch"; }, "no such video encoder"},
 		FErrorCase{"SoundCodec", [](FOpt& In, const FDir&) { In.Codec = "aac"; }, "no such video encoder"},
-		FErrorCase{"WrongCodec", [](FOpt& In, const FDir& D) { In.Output = D.File("out.webm"); }, "cannot hold h264"},
+		FErrorCase{"WrongCodec",
+				   [](FOpt& In, const FDir& D)
+				   {
+					   In.Codec = "libx264";
+					   In.Output = D.File("out.webm");
+				   },
+				   "cannot hold h264 video; .mp4, .mkv or .mov can; for webm, use libvpx-vp9"},
 		FErrorCase{"NoPreset", [](FOpt& In, const FDir&) { In.Preset = "swift"; }, "swift"},
 		FErrorCase{"NoSuchSetting",
 				   [](FOpt& In, const FDir& D)

@@ -1,14 +1,18 @@
 #include "Commands.h"
 
+#include "Activity.h"
 #include "CommentOptions.h"
 #include "DocumentReview.h"
 #include "ExitCodes.h"
 #include "Files/FileText.h"
 #include "JsonLine.h"
+#include "LaneReview.h"
 #include "Message.h"
 #include "OptionValues.h"
+#include "Overlay/CellMeasure.h"
+#include "Overlay/ScaledMeasure.h"
+#include "OverlayOptions.h"
 #include "SizeProbe.h"
-#include "Overlay/TextMeasure.h"
 #include "Values/OptionChecks.h"
 #include "Values/TimeText.h"
 
@@ -27,6 +31,7 @@ struct FCheckArguments
 {
 	std::string Comments;
 	FCommentArguments CommentOptions;
+	FOverlayArguments Overlay;
 	std::string Size = "1920x1080";
 	bool bJson = false;
 };
@@ -70,13 +75,13 @@ void PrintLoading(const FCommentsFile& InFile)
 	}
 }
 
-void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
+void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview, const FLaneReview& InLanes)
 {
 	PrintLoading(InFile);
 	PrintReport("%s: %s, ", InFile.Report.Path, CountComments(InReview.NumComments));
 	if (InReview.NumUnseen == 0)
 	{
-		std::printf("all can be seen\n");
+		std::printf("all can be seen%s\n", InLanes.Counts.NumNoLane > 0 ? " where there is a lane" : "");
 	}
 	else
 	{
@@ -86,8 +91,9 @@ void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
 	PrintFindings(InReview, true, "\nSeen, but perhaps not as intended:\n");
 	if (!InReview.Findings.empty())
 	{
-		std::printf("(%s; the first is element 0)\n",
-					InFile.Report.bImported ? "numbered among the comments that are left" : "elements of \"datas\"");
+		std::printf("(%s; the first is element 0)\n", InFile.Report.bImported || InFile.Report.NumCrowdedOut > 0
+														  ? "numbered among the comments that are left"
+														  : "elements of \"datas\"");
 	}
 	if (InReview.NumComments > 0)
 	{
@@ -107,6 +113,7 @@ void PrintReview(const FCommentsFile& InFile, const FDocumentReview& InReview)
 		std::printf("busiest  %s with %s comment%s\n", Time(InReview.BusiestSecond).c_str(),
 					FormatCount(InReview.NumInBusiest).c_str(), InReview.NumInBusiest == 1 ? "" : "s");
 	}
+	PrintLanes(InLanes);
 }
 
 void AddText(FJsonLine& Line, std::string_view InKey, std::string_view InText)
@@ -134,10 +141,11 @@ void AddFinding(FJsonLine& Line, const FFinding& InFinding)
 	Line.EndObject();
 }
 
-void AddReview(FJsonLine& Line, const FDocumentReview& InReview)
+void AddReview(FJsonLine& Line, const FCommentsFile& InFile, const FDocumentReview& InReview)
 {
 	Line.Add("comments", InReview.NumComments);
 	Line.Add("unseen", InReview.NumUnseen);
+	Line.Add("crowded_out", InFile.Report.NumCrowdedOut);
 	Line.BeginArray("findings");
 	for (const FFinding& Finding : InReview.Findings)
 	{
@@ -211,18 +219,65 @@ void AddLoading(FJsonLine& Line, const FCommentsFile& InFile)
 	Line.EndArray();
 }
 
-void PrintReviewAsJson(const FCommentsFile& InFile, const FDocumentReview& InReview)
+void PrintReviewAsJson(const FCommentsFile& InFile, const FDocumentReview& InReview, const FLaneReview& InLanes)
 {
 	FJsonLine Line;
 	Line.BeginObject();
 	AddText(Line, "file", InFile.Report.Path);
 	AddLoading(Line, InFile);
-	AddReview(Line, InReview);
+	AddReview(Line, InFile, InReview);
+	AddLanes(Line, InLanes);
 	Line.EndObject();
 	PrintReport("%s\n", Line.GetText());
 }
 
-int RunCheck(const FCheckArguments& InArguments)
+/** What texts are measured with: the fonts asked for, or without any a grid. */
+std::unique_ptr<FSlateFontMeasure> FindMeasure(const FTextOptions& InOptions)
+{
+	std::string Error;
+	if (std::unique_ptr<FTextMeasure> Measure = MakeMeasure(InOptions, Error))
+	{
+		return Measure;
+	}
+	PrintNote(Error + "; widths are estimated meanwhile");
+	return std::make_unique<FCellMeasure>();
+}
+
+/** What a document's comments are for a viewer, each alone and among the others. */
+struct FWholeReview
+{
+	FDocumentReview Comments;
+	FLaneReview Lanes;
+};
+
+std::optional<FWholeReview> ReviewFile(const FCheckArguments& InArguments, const FCommentDocument& InDocument,
+									   FActivity& InOutActivity, std::string& OutError)
+{
+	const FOverlaySettings& Settings = InArguments.Overlay.Settings;
+	const std::unique_ptr<FSlateFontMeasure> Measure = FindMeasure(Settings.Text);
+	FRehearsalOptions Options;
+	Options.Size = *ParseCanvasSize(InArguments.Size);
+	Options.Settings = Settings;
+	Options.Measure = Measure.get();
+	Options.Progress = [&InOutActivity](double InShare)
+	{
+		InOutActivity.SetShare(InShare);
+	};
+	FScaledMeasure Scaled(*Measure, Settings.FontScale);
+	std::unique_ptr<FSizeProbe> Probe = FSizeProbe::Create(Settings.GetStageSize(Options.Size), Scaled, OutError);
+	if (!Probe)
+	{
+		return std::nullopt;
+	}
+	FDocumentReview Review = ReviewDocument(InDocument, *Probe);
+	Probe.reset();
+	InOutActivity.SetWhat("looking for lanes");
+	std::optional<FLaneReview> Lanes = ReviewLanes(InDocument, Options, OutError);
+	return Lanes ? std::optional(FWholeReview{std::move(Review), std::move(*Lanes)}) : std::nullopt;
+}
+
+/** Nothing where the file cannot be read; that is told. */
+std::optional<FCommentsFile> LoadToReview(const FCheckArguments& InArguments)
 {
 	std::string Error;
 	std::optional<FDocumentFault> Fault;
@@ -233,32 +288,42 @@ int RunCheck(const FCheckArguments& InArguments)
 	}
 	std::optional<FCommentsFile> File =
 		Settings ? LoadComments(InArguments.Comments, Settings->Options, Error, &Fault) : std::nullopt;
+	if (!File && Fault && InArguments.bJson)
+	{
+		PrintFaultAsJson(InArguments.Comments, *Fault);
+	}
+	else if (!File)
+	{
+		PrintError(Error);
+	}
+	return File;
+}
+
+int RunCheck(const FCheckArguments& InArguments)
+{
+	std::string Error;
+	auto Activity = std::make_unique<FActivity>("reading " + InArguments.Comments);
+	std::optional<FCommentsFile> File = LoadToReview(InArguments);
 	if (!File)
 	{
-		if (Fault && InArguments.bJson)
-		{
-			PrintFaultAsJson(InArguments.Comments, *Fault);
-			return ExitFailure;
-		}
-		return PrintError(Error);
+		return ExitFailure;
 	}
 	File->Text = FString();
-	const std::unique_ptr<FTextMeasure> Measure = FTextMeasure::Create({}, Error);
-	const std::unique_ptr<FSizeProbe> Probe =
-		Measure ? FSizeProbe::Create(*ParseCanvasSize(InArguments.Size), *Measure, Error) : nullptr;
-	if (!Probe)
+	const std::optional<FWholeReview> Review = ReviewFile(InArguments, File->Document, *Activity, Error);
+	Activity.reset();
+	if (!Review)
 	{
 		return PrintError(Error);
 	}
-	const FDocumentReview Review = ReviewDocument(File->Document, *Probe);
-	(InArguments.bJson ? PrintReviewAsJson : PrintReview)(*File, Review);
-	return Review.NumUnseen == 0 && File->Report.CountLost() == 0 ? ExitSuccess : ExitFailure;
+	(InArguments.bJson ? PrintReviewAsJson : PrintReview)(*File, Review->Comments, Review->Lanes);
+	return Review->Comments.NumUnseen == 0 && File->Report.CountLost() == 0 ? ExitSuccess : ExitFailure;
 }
 
 constexpr const char* Footer =
 	R"(Exit status: 0 if every comment can be seen; 1 if some can't, if entries are damaged or not served, or if
 there are none; 2 for wrong usage.
-Whether a comment finds a free lane among the others is not checked; "flitmark trace" shows that.
+The overlay is run without a video: the comments that find no free lane among the others are counted, which is no fault.
+COMMENTS may be - for standard input.
 
 Examples:
   flitmark check comments.json
@@ -278,13 +343,16 @@ void AddCheckCommand(CLI::App& InApp, int& OutExitCode)
 {
 	const auto Arguments = std::make_shared<FCheckArguments>();
 	CLI::App* const Command =
-		InApp.add_subcommand("check", "List the comments of a file that a viewer will not see, and why");
+		InApp.add_subcommand("check", "Tell which comments of a file a viewer will not see, and why");
 	Command->add_option("COMMENTS", Arguments->Comments, "Comment file, in any known format")->required();
 	Command->add_flag("--json", Arguments->bJson, "Print one JSON object, for programs");
-	Command->add_option("--size", Arguments->Size, "Canvas size in canvas units; decides which font sizes fit")
+	Command
+		->add_option("--size", Arguments->Size,
+					 "Canvas size in canvas units; decides which sizes fit, and how many comments")
 		->type_name("WIDTHxHEIGHT")
 		->check(MakeCheck(&ParseShownSize, "is not a size; try 1920x1080"))
 		->capture_default_str();
+	AddOverlayOptions(*Command, Arguments->Overlay, {.bOffset = false, .bPicture = false});
 	AddCommentOptions(*Command, Arguments->CommentOptions);
 	Command->footer(Footer);
 	Command->callback([Arguments, &OutExitCode] { OutExitCode = RunCheck(*Arguments); });

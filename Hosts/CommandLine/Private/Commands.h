@@ -12,6 +12,7 @@ namespace Flitmark
 void AddBurnCommand(CLI::App& InApp, int& OutExitCode);
 void AddCheckCommand(CLI::App& InApp, int& OutExitCode);
 void AddConvertCommand(CLI::App& InApp, int& OutExitCode);
+void AddOverlayCommand(CLI::App& InApp, int& OutExitCode);
 void AddReflectCommand(CLI::App& InApp, int& OutExitCode);
 void AddShotCommand(CLI::App& InApp, int& OutExitCode);
 void AddStatsCommand(CLI::App& InApp, int& OutExitCode);

@@ -1,11 +1,14 @@
 #include "CommentOptions.h"
 
+#include "Activity.h"
+#include "Files/FileText.h"
 #include "Message.h"
 #include "Values/OptionChecks.h"
 #include "Values/TimeText.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <charconv>
 
 namespace Flitmark
@@ -67,6 +70,40 @@ std::optional<int64> ParseMost(std::string_view InText)
 																					 : std::nullopt;
 }
 
+/** Reads a block file, and says what of it cannot be applied; false with OutError set if it cannot be read. */
+bool LoadBlockFile(const std::string& InPath, FFilterOptions& OutFilters, std::string& OutError)
+{
+	const std::optional<std::string> Bytes = LoadBytes(InPath, OutError);
+	if (!Bytes)
+	{
+		OutError = "--block-file: " + OutError;
+		return false;
+	}
+	std::optional<FBlockList> List = FBlockList::Parse(*Bytes, OutError);
+	if (!List)
+	{
+		OutError = "--block-file: " + InPath + ": " + OutError;
+		return false;
+	}
+	constexpr std::size_t MostTold = 3;
+	for (std::size_t Index = 0; Index < std::min(MostTold, List->Unusable.size()); ++Index)
+	{
+		PrintNote(InPath + ": " + List->Unusable[Index]);
+	}
+	if (const auto NumUnusable = static_cast<int64>(List->Unusable.size()); NumUnusable > 0)
+	{
+		PrintNote(InPath + ": " + FormatCount(NumUnusable) +
+				  (NumUnusable == 1 ? " entry blocks nothing" : " entries block nothing"));
+	}
+	if (List->NumDisabled > 0)
+	{
+		PrintNote(InPath + ": " + FormatCount(List->NumDisabled) +
+				  (List->NumDisabled == 1 ? " entry is switched off" : " entries are switched off"));
+	}
+	OutFilters.BlockFiles.emplace_back(InPath, std::move(*List));
+	return true;
+}
+
 } // namespace
 
 void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
@@ -104,6 +141,13 @@ void AddCommentOptions(CLI::App& InCommand, FCommentArguments& InOutArguments)
 		->allow_extra_args(false)
 		->check(CLI::Validator(&CheckUser, ""))
 		->group(FilterGroup);
+	InCommand
+		.add_option(
+			"--block-file", InOutArguments.BlockFiles,
+			"Drop what a file lists: a word, /REGEX/, or user:NAME a line, or a service's block list; repeatable")
+		->type_name("FILE")
+		->allow_extra_args(false)
+		->group(FilterGroup);
 	InCommand.add_option("--only", InOutArguments.Only, "Keep only these modes, such as top,bottom")
 		->type_name("MODES")
 		->check(MakeCheck(&ParseKinds, "is not a list of modes; try scroll,top,bottom or a part of it"))
@@ -134,6 +178,13 @@ std::optional<FCommentSettings> FCommentSettings::Make(const FCommentArguments& 
 	FFilterOptions Filters;
 	Filters.Block = InArguments.Block;
 	Filters.BlockUsers = InArguments.BlockUsers;
+	for (const std::string& File : InArguments.BlockFiles)
+	{
+		if (!LoadBlockFile(File, Filters, OutError))
+		{
+			return std::nullopt;
+		}
+	}
 	Filters.Only = MakeKinds(InArguments);
 	Filters.MergeSeconds = ParseWindow(InArguments.Merge);
 	Filters.MaxPerSecond = ParseMost(InArguments.MaxPerSecond);
@@ -153,7 +204,12 @@ std::optional<FCommentsFile> LoadCommentsAloud(const std::string& InPath, const 
 											   std::string& OutError)
 {
 	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments, OutError);
-	std::optional<FCommentsFile> File = Settings ? LoadComments(InPath, Settings->Options, OutError) : std::nullopt;
+	std::optional<FCommentsFile> File;
+	if (Settings)
+	{
+		const FActivity Activity("reading " + InPath);
+		File = LoadComments(InPath, Settings->Options, OutError);
+	}
 	if (File)
 	{
 		PrintNotes(File->MakeNotes());

@@ -23,6 +23,7 @@ struct FCommentArguments
 	std::string Paid = "text";
 	std::vector<std::string> Block;
 	std::vector<std::string> BlockUsers;
+	std::vector<std::string> BlockFiles;
 	std::string Only;
 	bool bNoScroll = false;
 	bool bNoTop = false;

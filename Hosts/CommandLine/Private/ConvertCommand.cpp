@@ -1,7 +1,10 @@
 #include "Commands.h"
 
+#include "Activity.h"
 #include "Formats/CommentChange.h"
 #include "Formats/CommentDocumentWriter.h"
+#include "BatchFiles.h"
+#include "BatchRun.h"
 #include "Formats/CommentListWriter.h"
 #include "Formats/CommentOrigin.h"
 #include "CommentOptions.h"
@@ -20,8 +23,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <iterator>
+#include <map>
 #include <memory>
 
 namespace Flitmark
@@ -36,6 +41,8 @@ struct FConvertArguments
 {
 	std::vector<std::string> Inputs;
 	std::string Output;
+	/** The folder of files, where there are many; an offset is for each of them then. */
+	std::string Batch;
 	/** What --to says. */
 	std::string FormName;
 	EConvertForm Form = EConvertForm::Json;
@@ -249,27 +256,88 @@ bool WriteComments(const FConvertArguments& InArguments, std::vector<FCommentsIn
 	return true;
 }
 
-int RunConvert(const FConvertArguments& InArguments)
+FBatchEnd ConvertFiles(const FConvertArguments& InArguments)
 {
 	std::string Error;
+	const FActivity Activity("converting");
 	const std::optional<FCommentSettings> Settings = FCommentSettings::Make(InArguments.CommentOptions, Error);
 	std::optional<std::vector<FCommentsInput>> Inputs =
 		Settings ? ReadInputs(InArguments, Settings->Options.Kinds, Error) : std::nullopt;
 	if (!Inputs)
 	{
-		return PrintError(Error);
+		return {EBatchState::Failed, Error};
 	}
 	const bool bUnchanged = InArguments.Form == EConvertForm::Json && Inputs->size() == 1 && Inputs->front().Bytes &&
 							!Settings->Filter && InArguments.GetOffset(0) == 0;
 	const bool bDone = bUnchanged ? CopyDocument(InArguments, Inputs->front(), Error)
 								  : WriteComments(InArguments, std::move(*Inputs), Settings->Filter.get(), Error);
-	return bDone ? ExitSuccess : PrintError(Error);
+	return {bDone ? EBatchState::Done : EBatchState::Failed, Error};
+}
+
+int RunConvert(const FConvertArguments& InArguments)
+{
+	const FBatchEnd End = ConvertFiles(InArguments);
+	return End.State == EBatchState::Done ? ExitSuccess : PrintError(End.Text);
+}
+
+/** A job for each file; those that would get the same name fail, but the first. */
+std::vector<FBatchJob> MakeJobs(const FConvertArguments& InArguments, const std::vector<std::filesystem::path>& InFiles)
+{
+	const std::filesystem::path Folder = InArguments.Output;
+	std::vector<FBatchJob> Jobs;
+	std::map<std::string, std::string> Makers;
+	for (const std::filesystem::path& File : InFiles)
+	{
+		const std::string Name = File.filename().string();
+		const std::string Output =
+			File.stem().string() + "." + (InArguments.FormName.empty() ? "json" : InArguments.FormName);
+		const std::string Maker = Makers.emplace(Output, Name).first->second;
+		Jobs.push_back({Name, [=, &InArguments](const FStopSignals&)
+						{
+							if (Maker != Name)
+							{
+								return FBatchEnd{EBatchState::Failed, Output + " is made from " + Maker + " already"};
+							}
+							FConvertArguments Arguments = InArguments;
+							Arguments.Inputs = {File.string()};
+							Arguments.Output = (Folder / Output).string();
+							FBatchEnd End = ConvertFiles(Arguments);
+							End.Text = End.State == EBatchState::Done ? Arguments.Output : End.Text;
+							return End;
+						}});
+	}
+	return Jobs;
+}
+
+int RunConvertBatch(const FConvertArguments& InArguments)
+{
+	std::string Error;
+	const auto Files = ListComments(InArguments.Batch, Error);
+	if (!Files || !MakeBatchFolder(InArguments.Output, Error))
+	{
+		return PrintError(Error);
+	}
+	return Files->empty() ? PrintError(InArguments.Batch + ": has no files of comments")
+						  : RunBatch(MakeJobs(InArguments, *Files));
+}
+
+/** What the parser cannot know: files are needed, or --batch. */
+void CheckInputs(const FConvertArguments& InArguments)
+{
+	if (!InArguments.Batch.empty() && !InArguments.Inputs.empty())
+	{
+		throw CLI::ValidationError("--batch", "takes the place of IN");
+	}
+	if (InArguments.Batch.empty() && InArguments.Inputs.empty())
+	{
+		throw CLI::RequiredError("IN");
+	}
 }
 
 /** Settles the form, and refuses what does not go together. */
 void CheckArguments(FConvertArguments& InOutArguments)
 {
-	const std::size_t NumInputs = InOutArguments.Inputs.size();
+	const std::size_t NumInputs = std::max<std::size_t>(1, InOutArguments.Inputs.size());
 	if (InOutArguments.Offsets.size() > NumInputs)
 	{
 		throw CLI::ValidationError("--offset", "is given " + std::to_string(InOutArguments.Offsets.size()) +
@@ -280,7 +348,7 @@ void CheckArguments(FConvertArguments& InOutArguments)
 	{
 		InOutArguments.Form = *ParseForm(InOutArguments.FormName);
 	}
-	else if (InOutArguments.Output != StandardOutput)
+	else if (InOutArguments.Output != StandardOutput && InOutArguments.Batch.empty())
 	{
 		std::string Error;
 		const std::optional<EConvertForm> Form = FindForm(InOutArguments.Output, Error);
@@ -309,6 +377,7 @@ Examples:
   flitmark convert comments.xml -o film.ass --size 1440x1080 && mpv film.mkv --sub-file=film.ass
   flitmark convert part1.xml part2.xml -o both.json --offset 0 --offset 24:10
   flitmark convert comments.json -o calmer.json --offset -1.5 --merge 5 --max-per-second 20 --block "(?i)spoiler"
+  flitmark convert --batch comments -o documents
   flitmark convert comments.xml -o - | jq '.datas | length')";
 
 } // namespace
@@ -318,13 +387,16 @@ void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 	const auto Arguments = std::make_shared<FConvertArguments>();
 	CLI::App* const Command = InApp.add_subcommand(
 		"convert", "Convert comment files in any known format into one document, list, or subtitle");
-	Command->add_option("IN", Arguments->Inputs, "Comment files")->required();
+	Command->add_option("IN", Arguments->Inputs, "Comment files");
+	Command
+		->add_option("--batch", Arguments->Batch, "Convert each file of comments in this folder; OUT is a folder then")
+		->type_name("FOLDER");
 	Command
 		->add_option("-o,--output", Arguments->Output, "A file ending in .json, .xml, or .ass; - for standard output")
 		->type_name("OUT")
 		->required();
 	Command->add_option("--to", Arguments->FormName, "What to write, whatever OUT's ending (default: for -, json)")
-		->type_name("json|xml|ass")
+		->type_name("FORM")
 		->check(CLI::IsMember({"json", "xml", "ass"}));
 	Command
 		->add_option(
@@ -339,8 +411,9 @@ void AddConvertCommand(CLI::App& InApp, int& OutExitCode)
 	Command->callback(
 		[Arguments, &OutExitCode]
 		{
+			CheckInputs(*Arguments);
 			CheckArguments(*Arguments);
-			OutExitCode = RunConvert(*Arguments);
+			OutExitCode = Arguments->Batch.empty() ? RunConvert(*Arguments) : RunConvertBatch(*Arguments);
 		});
 }
 

@@ -1,5 +1,6 @@
 #include "Message.h"
 
+#include "Activity.h"
 #include "ExitCodes.h"
 
 #include <cstdio>
@@ -20,6 +21,7 @@ void PrintNote(const std::string& InMessage)
 
 void PrintPlainError(const std::string& InLine)
 {
+	FActivity::Clear();
 	// In one piece, so that lines of several programs do not mix.
 	std::fputs((MakeVisible(InLine) + "\n").c_str(), stderr);
 }

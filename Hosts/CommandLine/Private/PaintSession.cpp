@@ -1,21 +1,23 @@
 #include "PaintSession.h"
 
-#include "Comments/CommentsReport.h"
-#include "DocumentReview.h"
+#include "Formats/CommentFormat.h"
 #include "Message.h"
-#include "SizeProbe.h"
 #include "Values/OptionChecks.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace Flitmark
 {
 
-void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments)
+void AddPaintArguments(CLI::App& InCommand, FPaintArguments& InOutArguments, bool bInVideo)
 {
-	InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
+	if (bInVideo)
+	{
+		InCommand.add_option("VIDEO", InOutArguments.Video, "Video file")->required();
+	}
 	InCommand.add_option("COMMENTS", InOutArguments.Comments, "File of comments, in any known format")->required();
 }
 
@@ -42,23 +44,42 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 		OutError = InArguments.Output + ": is the file of the comments; name another output";
 		return nullptr;
 	}
-	Session->Video = LoadVideoLibrary(OutError);
-	const std::optional<FVideoInfo> Info =
-		Session->Video != nullptr ? Session->Video->Probe({InArguments.Video, InArguments.bAllowPlaylists}, OutError)
-								  : std::nullopt;
-	std::optional<FCommentsFile> Comments =
-		Info ? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError) : std::nullopt;
-	Session->Measure = Comments ? MakeMeasure(InArguments.Overlay.Settings.Text, OutError) : nullptr;
-	if (!Session->Measure || !Session->ReportUnseen(Comments->Document, Session->Cover(Info->Shape), OutError))
+	if (const FCommentFormat* const Format = InArguments.Shape ? nullptr : DetectFile(InArguments.Video))
 	{
+		OutError = InArguments.Video + ": is a file of comments (" + std::string(ToText(Format)) +
+				   "), not a video; the video comes first, then the comments";
 		return nullptr;
 	}
-	Session->Runner = FOverlayRunner::Create(*Session->Measure, InArguments.Overlay.Seed, OutError);
+	Session->Video = LoadVideoLibrary(OutError);
+	std::optional<FVideoShape> Shape = InArguments.Shape;
+	if (const auto Info = Session->Video != nullptr && !Shape
+							  ? Session->Video->Probe({InArguments.Video, InArguments.bAllowPlaylists}, OutError)
+							  : std::nullopt)
+	{
+		Shape = Info->Shape;
+	}
+	std::optional<FCommentsFile> Comments =
+		Session->Video != nullptr && Shape
+			? LoadCommentsAloud(InArguments.Comments, InArguments.CommentOptions, OutError)
+			: std::nullopt;
+	Session->Measure = Comments ? MakeMeasure(InArguments.Overlay.Settings.Text, OutError) : nullptr;
+	if (Session->Measure)
+	{
+		Session->Runner = FOverlayRunner::Create(*Session->Measure, InArguments.Overlay.Seed, OutError);
+	}
 	if (!Session->Runner)
 	{
 		return nullptr;
 	}
+	for (const FCommentEntry& Entry : Comments->Document.GetEntries())
+	{
+		Session->LastSecond =
+			Entry.IsReached() ? std::max(Session->LastSecond, Entry.GetSecond()) : Session->LastSecond;
+	}
 	Session->Runner->GetSettings() = InArguments.Overlay.Settings;
+	Session->BeginTicks = InArguments.BeginTicks;
+	Session->Due = FDueSeconds(Comments->Document);
+	Session->NumCrowdedOut = Comments->Report.NumCrowdedOut;
 	Session->Runner->Load(std::move(Comments->Text), ListTexts(Comments->Document));
 	return Session;
 }
@@ -76,9 +97,18 @@ void FPaintSession::Open(const FVideoShape& InShape)
 
 void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
 {
+	if (!NumOver && InTicks >= BeginTicks)
+	{
+		NumOver = CountOver();
+	}
 	Runner->SetMediaTime(InTicks);
 	Runner->RunFrame(InDeltaSeconds);
 	Sprites->Place(Runner->GetScene(), Runner->GetSettings(), OutSprites);
+}
+
+bool FPaintSession::IsOver() const
+{
+	return Runner->GetStage().GetMediaTime() / ETimespan::TicksPerSecond > LastSecond && Runner->GetNumComments() == 0;
 }
 
 void FPaintSession::Jump(int64 InTicks)
@@ -87,25 +117,21 @@ void FPaintSession::Jump(int64 InTicks)
 	Runner->Jump();
 }
 
-bool FPaintSession::ReportUnseen(const FCommentDocument& InDocument, const FOverlayView& InView,
-								 std::string& OutError) const
+int64 FPaintSession::CountOver() const
 {
-	const FOverlaySettings& Settings = Overlay.Settings;
-	FScaledMeasure Scaled(*Measure, Settings.FontScale);
-	const std::unique_ptr<FSizeProbe> Probe =
-		FSizeProbe::Create(Settings.GetStageSize(InView.CanvasSize), Scaled, OutError);
-	if (!Probe)
-	{
-		return false;
-	}
-	const FDocumentReview Review = ReviewDocument(InDocument, *Probe);
-	if (Review.NumUnseen > 0)
-	{
-		PrintNote(CommentsPath + ": " + FormatCount(Review.NumUnseen) + " of " + FormatCount(Review.NumComments) +
-				  (Review.NumComments == 1 ? " comment" : " comments") +
-				  " will not be seen; \"flitmark check\" tells which and why");
-	}
-	return true;
+	const FPlacementTally& Tally = Runner->GetTally();
+	return Tally.GetCounts().NumShown - Tally.CountPresent();
+}
+
+FViewerReport FPaintSession::GetReport() const
+{
+	FViewerReport Report =
+		Due.Report(Runner->GetFirstSecond(), Runner->GetLastSecond(), Runner->GetTally().GetCounts());
+	Report.NumOver = NumOver ? *NumOver : CountOver();
+	Report.Placed.NumShown -= Report.NumOver;
+	Report.NumCrowdedOut = NumCrowdedOut;
+	Report.NumComments += NumCrowdedOut;
+	return Report;
 }
 
 void FPaintSession::ReportCuts() const

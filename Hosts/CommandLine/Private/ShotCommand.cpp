@@ -27,7 +27,9 @@ struct FShotArguments
 int RunShot(const FShotArguments& InArguments)
 {
 	std::string Error;
-	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(InArguments.Paint, Error);
+	FPaintArguments Paint = InArguments.Paint;
+	Paint.BeginTicks = MAX_int64;
+	const std::unique_ptr<FPaintSession> Session = FPaintSession::Open(Paint, Error);
 	if (!Session)
 	{
 		return PrintError(Error);
@@ -45,6 +47,7 @@ int RunShot(const FShotArguments& InArguments)
 	}
 	Session->ReportCuts();
 	PrintReport("%s: the frame at %s\n", Options.Output, InArguments.At);
+	PrintReport("%s: %s\n", InArguments.Paint.Comments, Session->GetReport().Describe());
 	return ExitSuccess;
 }
 

@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "Activity.h"
 #include "CommentOptions.h"
 #include "Insight/DensityPicture.h"
 #include "ExitCodes.h"
@@ -47,12 +48,14 @@ int RunStats(const FStatsArguments& InArguments)
 	std::string Error = InArguments.Picture.empty() ? "" : OutputObstacle(InArguments.Comments, InArguments.Picture);
 	const std::optional<FCommentSettings> Settings =
 		Error.empty() ? FCommentSettings::Make(InArguments.CommentOptions, Error) : std::nullopt;
+	auto Activity = std::make_unique<FActivity>("reading " + InArguments.Comments);
 	std::optional<FCommentsInput> Input =
 		Settings ? FCommentsInput::Read(InArguments.Comments, Settings->Options.Kinds, Error) : std::nullopt;
 	if (!Input || (Input->Bytes && !Input->ImportOwn(Error)))
 	{
 		return PrintError(Error);
 	}
+	Activity.reset();
 	PrintReport("%s\n", DescribeImport(Input->Report));
 	for (const std::string& Line : DescribeLosses(Input->Report))
 	{
@@ -63,7 +66,9 @@ int RunStats(const FStatsArguments& InArguments)
 	{
 		PrintReport("%s\n", DescribeRule(Rule));
 	}
+	Activity = std::make_unique<FActivity>("counting");
 	const FCommentStats Stats = GatherStats(Input->Comments, MostListed);
+	Activity.reset();
 	const std::string Report = DescribeStats(Stats, GatherSpawnTicks(Input->Comments), FStatsStyle::OfStandardOutput());
 	std::printf("%s%s", Report.empty() ? "" : "\n", Report.c_str());
 	if (!InArguments.Picture.empty())

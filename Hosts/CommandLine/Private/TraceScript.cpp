@@ -1,8 +1,11 @@
 #include "TraceScript.h"
 
+#include "Comments/CommentsReport.h"
+#include "Comments/CrowdBound.h"
 #include "Dom/JsonObject.h"
 #include "Dom/JsonValue.h"
 #include "Files/FileText.h"
+#include "Message.h"
 #include "Serialization/JsonReader.h"
 #include "Serialization/JsonSerializer.h"
 
@@ -110,6 +113,11 @@ public:
 		{
 			Fail(InName, ReadError.c_str());
 			return FString();
+		}
+		FCommentDocument Parsed = FCommentDocument::Read(*Read);
+		if (const int64 NumOut = BoundCrowds(*Read, Parsed); NumOut > 0)
+		{
+			PrintNote(ToUtf8(File) + ": " + DescribeCrowd(NumOut));
 		}
 		return std::move(*Read);
 	}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Video/VideoBurn.h"
+#include "Video/VideoOverlay.h"
 #include "Video/VideoProbe.h"
 #include "Video/VideoShot.h"
 
@@ -15,6 +16,7 @@ struct FVideoLibrary
 	decltype(&Flitmark::Probe) Probe;
 	decltype(&Flitmark::Burn) Burn;
 	decltype(&Flitmark::Shot) Shot;
+	decltype(&Flitmark::DrawOverlay) DrawOverlay;
 };
 
 /** Null with OutError set where the library cannot be loaded. */

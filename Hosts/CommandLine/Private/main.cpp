@@ -23,6 +23,7 @@ constexpr const char* Footer =
 
 Examples:
   flitmark burn film.mp4 comments.json -o out.mp4
+  flitmark overlay comments.json -o comments.mov --like film.mp4
   flitmark shot film.mp4 comments.json --at 1:23 -o picture.png
   flitmark check comments.json
   flitmark convert comments.xml -o comments.json
@@ -71,6 +72,7 @@ int Run(int InNumArguments, char** InArguments)
 	}
 	App.footer(Footer);
 	AddBurnCommand(App, ExitCode);
+	AddOverlayCommand(App, ExitCode);
 	AddShotCommand(App, ExitCode);
 	AddCheckCommand(App, ExitCode);
 	AddConvertCommand(App, ExitCode);

@@ -1,10 +1,12 @@
 #include "Comments/CommentsInput.h"
 
-#include "Files/ByteSource.h"
+#include "Comments/CrowdBound.h"
 #include "Files/FileText.h"
 #include "Filtering/CommentOrder.h"
 #include "Formats/CleanText.h"
 #include "Formats/CommentDocumentWriter.h"
+#include "Formats/CommentSource.h"
+#include "Formats/ForeignFile.h"
 #include "LaneFit.h"
 
 #include <algorithm>
@@ -52,47 +54,50 @@ bool NamesList(std::string_view InText)
 	return false;
 }
 
-struct FFileLook
+/** Whether a text may name our document's list, also in JSON's escapes. */
+bool MayNameList(std::string_view InText)
 {
-	const FCommentFormat* Format = nullptr;
-	/** Whether it could be our own document, whatever its beginning looks like. */
-	bool bMayBeOwn = true;
-};
+	return NamesList(InText) || InText.find("\\u00") != std::string_view::npos;
+}
 
-/** What a plain file looks like; nothing for what can be read only once, or not at all. */
-std::optional<FFileLook> LookAtFile(const std::string& InPath)
+/** Whether a JSON file could be our own document, whatever its beginning looks like. Reads a plain file to its end. */
+bool MayBeOwn(FCommentSource& InOutSource, bool bInPlain)
 {
-	std::error_code Ignored;
-	if (!std::filesystem::is_regular_file(InPath, Ignored))
+	const bool bOwn = IsOwn(InOutSource.GetFormat());
+	if (!bOwn && !IsJson(InOutSource.GetFormat()))
 	{
-		return std::nullopt;
+		return false;
 	}
-	std::string Error;
-	const std::unique_ptr<FFileSource> File = FFileSource::Open(InPath, Error);
-	if (!File)
+	using namespace std::string_view_literals;
+	// The name is looked for in UTF-8 only: the marks of other encodings have these bytes, and so have their letters.
+	const std::string_view Head = InOutSource.GetHead();
+	const bool bUtf8 = Head.substr(0, 4).find_first_of("\0\xFE\xFF"sv) == std::string_view::npos;
+	if (!bUtf8 || (bOwn && NamesList(Head)))
 	{
-		return std::nullopt;
+		return true;
 	}
-	std::string Seen;
-	const auto ReadMore = [&File, &Seen]
+	if (bOwn && Head.find('\0') != std::string_view::npos)
 	{
-		const std::string More = File->ReadUpTo(DetectionSize);
-		Seen += More;
-		return !More.empty();
-	};
-	bool bMore = ReadMore();
-	FFileLook Look;
-	Look.Format = DetectFormat(Seen);
-	Look.bMayBeOwn = IsOwn(Look.Format);
+		return false;
+	}
+	// What is no plain file can be read only once.
+	if (!bInPlain)
+	{
+		return true;
+	}
 	// The end of one piece and the beginning of the next are looked at together.
 	constexpr std::size_t Overlap = 8;
-	while (IsJson(Look.Format) && !Look.bMayBeOwn && bMore)
+	std::string Seen;
+	while (true)
 	{
-		Look.bMayBeOwn = NamesList(Seen);
+		const std::string More = InOutSource.ReadUpTo(DetectionSize);
+		Seen += More;
+		if (More.empty() || (bOwn ? MayNameList(Seen) : NamesList(Seen)))
+		{
+			return !More.empty();
+		}
 		Seen.erase(0, Seen.size() - std::min(Overlap, Seen.size()));
-		bMore = ReadMore();
 	}
-	return File->GetError().empty() ? std::optional(Look) : std::nullopt;
 }
 
 /** The format of a whole text. What the overlay takes for a document is one, whatever else there is in it. */
@@ -114,7 +119,7 @@ const FCommentFormat* DetectWhole(FCommentsInput& InOutInput)
 }
 
 /** Reads another format's comments: from the bytes where there are some, piece by piece from the file otherwise. */
-bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
+bool ImportOther(FCommentsInput& InOutInput, const std::string& InPath, std::string& OutError)
 {
 	FImportResult Result;
 	bool bRead = false;
@@ -126,12 +131,74 @@ bool ImportOther(FCommentsInput& InOutInput, std::string& OutError)
 	}
 	else
 	{
-		bRead = ImportComments(InOutInput.Report.Path, Result, OutError);
+		bRead = ImportComments(InPath, Result, OutError);
 	}
 	InOutInput.Report.bImported = true;
 	InOutInput.Report.Import = std::move(Result.Report);
 	InOutInput.Comments = std::move(Result.Comments);
 	return bRead;
+}
+
+/** All bytes of a source; false with OutError set where they cannot be read or unpacked. */
+bool LoadWhole(FCommentSource& InOutSource, FCommentsInput& InOutInput, std::string& OutError)
+{
+	InOutInput.Bytes = LoadBytes(InOutSource, InOutInput.Report.Path, OutError);
+	if (InOutInput.Bytes && !InOutSource.GetDamage().empty())
+	{
+		OutError = InOutInput.Report.Path + ": " + InOutSource.GetDamage();
+		InOutInput.Bytes.reset();
+	}
+	return InOutInput.Bytes.has_value();
+}
+
+/** Reads what may be our own document as a whole, and refuses by its beginning what can be no comments at all. */
+bool ReadBytes(FCommentsInput& InOutInput, const std::string& InPath, std::string& OutError)
+{
+	std::error_code Ignored;
+	const bool bPlain = std::filesystem::is_regular_file(InPath, Ignored);
+	std::unique_ptr<FCommentSource> Source = FCommentSource::Open(InPath, OutError);
+	if (!Source)
+	{
+		return false;
+	}
+	const std::string_view Head = Source->GetHead();
+	InOutInput.Report.Import.Format = Source->GetFormat();
+	const bool bMayBeOwn = Source->GetFormat() != nullptr && MayBeOwn(*Source, bPlain);
+	if (!Source->GetError().empty())
+	{
+		OutError = InOutInput.Report.Path + ": " + Source->GetError();
+		return false;
+	}
+	if (bMayBeOwn)
+	{
+		Source = bPlain ? FCommentSource::Open(InPath, OutError) : std::move(Source);
+		if (!Source || !LoadWhole(*Source, InOutInput, OutError))
+		{
+			return false;
+		}
+		InOutInput.Report.Import.Format = DetectWhole(InOutInput);
+	}
+	else if (IsOwn(Source->GetFormat()))
+	{
+		InOutInput.Foreign = DescribeForeign(Head);
+		InOutInput.Bytes = Head;
+	}
+	else if (!bPlain)
+	{
+		return LoadWhole(*Source, InOutInput, OutError);
+	}
+	return true;
+}
+
+/** Our own document, or what is none, as it is, less what is too much of it. */
+FCommentsFile TakeOwn(FCommentsInput InInput)
+{
+	FCommentsFile File;
+	File.Text = InInput.Text ? std::move(*InInput.Text) : FromUtf8(*InInput.Bytes);
+	File.Document = std::move(InInput.Document);
+	File.Report = std::move(InInput.Report);
+	File.Report.NumCrowdedOut = BoundCrowds(File.Text, File.Document);
+	return File;
 }
 
 /** Filters comments that were read, and makes what the overlay is handed. */
@@ -142,6 +209,7 @@ bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommen
 	{
 		OutFile.Rules = InOptions.Filter->Apply(InInput.Comments);
 	}
+	InInput.Report.NumCrowdedOut = BoundCrowds(InInput.Comments);
 	std::size_t Size = 0;
 	for (const FServiceComment& Comment : InInput.Comments)
 	{
@@ -172,24 +240,19 @@ bool MakeFile(FCommentsInput InInput, const FCommentsOptions& InOptions, FCommen
 std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, const FKindPolicy& InKinds,
 												   std::string& OutError)
 {
+	const bool bStandard = InPath == StandardInput;
+	const std::string Path = bStandard ? "/dev/stdin" : InPath;
 	FCommentsInput Input;
-	Input.Report.Path = InPath;
-	const std::optional<FFileLook> Look = LookAtFile(InPath);
-	Input.Report.Import.Format = Look ? Look->Format : nullptr;
-	if (!Look || Look->bMayBeOwn)
+	Input.Report.Path = bStandard ? "standard input" : InPath;
+	if (!ReadBytes(Input, Path, OutError))
 	{
-		Input.Bytes = LoadBytes(InPath, OutError);
-		if (!Input.Bytes)
-		{
-			return std::nullopt;
-		}
-		Input.Report.Import.Format = DetectWhole(Input);
+		return std::nullopt;
 	}
 	if (IsOwn(Input.Report.Import.Format))
 	{
 		return Input;
 	}
-	if (!ImportOther(Input, OutError))
+	if (!ImportOther(Input, Path, OutError))
 	{
 		return std::nullopt;
 	}
@@ -202,6 +265,11 @@ std::optional<FCommentsInput> FCommentsInput::Read(const std::string& InPath, co
 
 bool FCommentsInput::ReadDocument(std::string& OutError, bool bInKeepBytes)
 {
+	if (!Foreign.empty())
+	{
+		OutError = Report.Path + ": " + Foreign;
+		return false;
+	}
 	if (!Text)
 	{
 		Text = FromUtf8(*Bytes);
@@ -212,11 +280,16 @@ bool FCommentsInput::ReadDocument(std::string& OutError, bool bInKeepBytes)
 		}
 		Document = FCommentDocument::Read(*Text);
 	}
-	if (Document.GetFault())
+	if (const std::optional<FDocumentFault>& Fault = Document.GetFault())
 	{
-		OutError = DescribeFault(Report.Path, *Text, *Document.GetFault());
+		OutError = DescribeFault(Report.Path, *Text, *Fault);
 	}
 	return !Document.GetFault();
+}
+
+std::optional<FDocumentFault> FCommentsInput::GetFault() const
+{
+	return Foreign.empty() ? Document.GetFault() : FDocumentFault{Foreign};
 }
 
 bool FCommentsInput::ImportOwn(std::string& OutError)
@@ -251,21 +324,19 @@ std::vector<std::string> FCommentsFile::MakeNotes() const
 
 std::string DescribeFault(const std::string& InPath, const FString& InText, const FDocumentFault& InFault)
 {
-	const std::u16string& Units = InText.GetStd();
-	const std::size_t First = Units.find_first_not_of(u" \t\r\n");
-	if (First != std::u16string::npos && Units[First] != u'{' && Units[First] != u'[')
-	{
-		return InPath + ": is in no known format of comments; known are our own documents, XML lists, JSON lists, "
-						"objects and lines, and binary messages: Docs/formats.md describes them";
-	}
 	if (InFault.Line > 0)
 	{
 		return InPath + ":" + std::to_string(InFault.Line) + ":" + std::to_string(InFault.Column) + ": " +
 			   InFault.Reason;
 	}
+	constexpr int32 EnoughToSee = DetectionSize;
+	const std::string Head = ToUtf8(InText.Left(EnoughToSee));
+	if (!NamesList(Head))
+	{
+		return InPath + ": " + DescribeForeign(Head);
+	}
 	return InPath + ": " + InFault.Reason +
-		   "; a comment document is a JSON object like {\"datas\": [{\"danmaku_content\": \"Hello\", ...}, ...]}, and "
-		   "Docs/formats.md describes the other formats that are known";
+		   "; a comment document is a JSON object like {\"datas\": [{\"danmaku_content\": \"Hello\", ...}, ...]}";
 }
 
 std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FCommentsOptions& InOptions,
@@ -284,16 +355,13 @@ std::optional<FCommentsFile> LoadComments(const std::string& InPath, const FComm
 		{
 			if (OutFault != nullptr)
 			{
-				*OutFault = Input->Document.GetFault();
+				*OutFault = Input->GetFault();
 			}
 			return std::nullopt;
 		}
 		if (!bFiltered)
 		{
-			File.Text = std::move(*Input->Text);
-			File.Document = std::move(Input->Document);
-			File.Report = std::move(Input->Report);
-			return File;
+			return TakeOwn(std::move(*Input));
 		}
 	}
 	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
@@ -311,9 +379,8 @@ std::optional<FCommentsFile> LoadAnyText(const std::string& InPath, const FComme
 	std::string Ignored;
 	if (Input->Bytes && (InOptions.Filter == nullptr || !Input->ImportOwn(Ignored)))
 	{
-		File.Text = Input->Text ? std::move(*Input->Text) : FromUtf8(*Input->Bytes);
-		File.Report = std::move(Input->Report);
-		return File;
+		Input->ReadDocument(Ignored, false);
+		return TakeOwn(std::move(*Input));
 	}
 	return MakeFile(std::move(*Input), InOptions, File, OutError) ? std::optional(std::move(File)) : std::nullopt;
 }

@@ -1,5 +1,7 @@
 #include "Comments/CommentsReport.h"
 
+#include "Comments/CrowdBound.h"
+
 #include <algorithm>
 
 namespace Flitmark
@@ -88,6 +90,12 @@ std::string DescribeImport(const FCommentsReport& InReport)
 		   CountComments(static_cast<int64>(InReport.Import.NumRead));
 }
 
+std::string DescribeCrowd(int64 InCount)
+{
+	return CountComments(InCount) + (InCount == 1 ? " is" : " are") + " left out, because more than " +
+		   FormatCount(MostPerSecond) + " come in the same second";
+}
+
 std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 {
 	std::vector<std::string> Lines;
@@ -115,10 +123,15 @@ std::vector<std::string> DescribeLosses(const FCommentsReport& InReport)
 	Count(Kinds.NumReverseTurned, "from left to right, which scroll", Turned);
 	Count(Kinds.NumPositionedTurned, "positioned, which stand at the top", Turned);
 	Count(Kinds.NumPaidTurned, "paid, which stand at the top", Turned);
+	Count(InReport.Import.NumEmotes, "pictures within texts, of which the names are shown", Turned);
 	Count(InReport.NumFitted, "of many lines, which are made smaller to fit", Turned);
 	if (!Turned.empty())
 	{
 		Lines.push_back(InReport.Path + ": shown otherwise than meant: " + Turned);
+	}
+	if (InReport.NumCrowdedOut > 0)
+	{
+		Lines.push_back(InReport.Path + ": " + DescribeCrowd(InReport.NumCrowdedOut));
 	}
 	return Lines;
 }

@@ -1,7 +1,6 @@
 #include "Files/FileText.h"
 
 #include "Containers/StringConv.h"
-#include "Files/ByteSource.h"
 #include "Misc/FileHelper.h"
 
 #include <limits>
@@ -20,11 +19,12 @@ constexpr std::size_t MaxFileSize = std::numeric_limits<int32>::max();
 std::optional<std::string> LoadBytes(const std::filesystem::path& InFile, std::string& OutError)
 {
 	const std::unique_ptr<FFileSource> Source = FFileSource::Open(InFile, OutError);
-	if (!Source)
-	{
-		return std::nullopt;
-	}
-	const uint64 Expected = Source->GetSize();
+	return Source ? LoadBytes(*Source, InFile.string(), OutError) : std::nullopt;
+}
+
+std::optional<std::string> LoadBytes(IByteSource& InSource, const std::string& InName, std::string& OutError)
+{
+	const uint64 Expected = InSource.GetSize();
 	// One byte more, so that the end is seen without growing.
 	std::size_t Room = Expected == 0 || Expected > MaxFileSize ? 65536 : static_cast<std::size_t>(Expected) + 1;
 	std::string Bytes;
@@ -32,11 +32,17 @@ std::optional<std::string> LoadBytes(const std::filesystem::path& InFile, std::s
 	while (true)
 	{
 		Bytes.resize(Filled + Room);
-		const std::size_t Read = Source->Read(Bytes.data() + Filled, Room);
+		std::size_t Read = 0;
+		std::size_t Piece = 1;
+		while (Read < Room && Piece > 0)
+		{
+			Piece = InSource.Read(Bytes.data() + Filled + Read, Room - Read);
+			Read += Piece;
+		}
 		Filled += Read;
 		if (Filled > MaxFileSize)
 		{
-			OutError = InFile.string() + ": is larger than 2 GiB, which is more than can be read";
+			OutError = InName + ": is larger than 2 GiB, which is more than can be read";
 			return std::nullopt;
 		}
 		if (Read < Room)
@@ -45,9 +51,9 @@ std::optional<std::string> LoadBytes(const std::filesystem::path& InFile, std::s
 		}
 		Room = Filled;
 	}
-	if (!Source->GetError().empty())
+	if (!InSource.GetError().empty())
 	{
-		OutError = InFile.string() + ": " + Source->GetError();
+		OutError = InName + ": " + InSource.GetError();
 		return std::nullopt;
 	}
 	Bytes.resize(Filled);

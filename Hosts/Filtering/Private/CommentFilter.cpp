@@ -80,6 +80,15 @@ std::unique_ptr<FCommentFilter> FCommentFilter::Create(const FFilterOptions& InO
 		}
 		Filter->Rules.push_back(std::move(Rule));
 	}
+	for (const auto& [File, List] : InOptions.BlockFiles)
+	{
+		auto Rule = MakeBlockFileRule(File, List, OutError);
+		if (!Rule)
+		{
+			return nullptr;
+		}
+		Filter->Rules.push_back(std::move(Rule));
+	}
 	if (InOptions.Only)
 	{
 		Filter->Rules.push_back(MakeOnlyRule(*InOptions.Only));

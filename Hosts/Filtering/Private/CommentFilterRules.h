@@ -37,6 +37,9 @@ private:
 /** Null with OutError set where the pattern is none. */
 std::unique_ptr<IFilterRule> MakeBlockRule(const std::string& InPattern, std::string& OutError);
 std::unique_ptr<IFilterRule> MakeBlockUserRule(const std::string& InUser, std::string& OutError);
+/** The same where a list has a pattern that is none, or more words than can be looked for at once. */
+std::unique_ptr<IFilterRule> MakeBlockFileRule(const std::string& InFile, const FBlockList& InList,
+											   std::string& OutError);
 std::unique_ptr<IFilterRule> MakeOnlyRule(const std::vector<ECommentKind>& InKinds);
 std::unique_ptr<IFilterRule> MakeMergeRule(double InSeconds);
 std::unique_ptr<IFilterRule> MakeMaxPerSecondRule(int64 InMost);

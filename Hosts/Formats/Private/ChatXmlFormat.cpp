@@ -2,7 +2,7 @@
 #include "Formats/CleanText.h"
 #include "Formats/FieldValues.h"
 #include "XmlFormat.h"
-#include "XmlTag.h"
+#include "Formats/XmlTag.h"
 
 #include <optional>
 

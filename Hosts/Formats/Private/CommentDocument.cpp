@@ -265,6 +265,23 @@ std::vector<FServiceComment> FCommentDocument::MakeComments(std::string_view InT
 	return Comments;
 }
 
+std::string KeepElements(std::string_view InText, const std::vector<bool>& InKept)
+{
+	std::string Text = "{\"" + std::string(ListName) + "\":[";
+	const char* Before = "\n";
+	FJsonElements Elements(FindJsonMember(InText, ListName).value_or(std::string_view()));
+	for (const bool bKept : InKept)
+	{
+		const std::string_view Element = Elements.Next();
+		if (bKept)
+		{
+			Text.append(Before).append(Element);
+			Before = ",\n";
+		}
+	}
+	return Text + "\n]}\n";
+}
+
 int64 FindLastSecond(const FString& InText)
 {
 	std::optional<FDocumentFault> Fault;

@@ -1,5 +1,7 @@
 #include "Formats/CommentImport.h"
 
+#include "Formats/CommentSource.h"
+#include "Formats/ForeignFile.h"
 #include "ImportSink.h"
 #include "TextDecoding.h"
 
@@ -9,14 +11,36 @@ namespace Flitmark
 namespace
 {
 
-std::string ListFormats()
+bool Import(FCommentSource& InSource, FImportResult& OutResult, std::string& OutError)
 {
-	std::string Titles;
-	for (const FCommentFormat* const Format : GetCommentFormats())
+	OutResult = FImportResult();
+	const FCommentFormat* const Format = InSource.GetFormat();
+	const std::string_view Head = InSource.GetHead();
+	OutResult.Report.Format = Format;
+	if (Format == nullptr)
 	{
-		Titles.append(Titles.empty() ? "these are known: " : ", ").append(Format->Title);
+		OutError = InSource.GetError();
+		OutError = OutError.empty() ? DescribeForeign(Head) : OutError;
+		return false;
 	}
-	return Titles;
+	FImportSink Sink(OutResult, InSource.GetSize());
+	const FTextEncoding Encoding = Format->Syntax == EFormatSyntax::Protobuf ? FTextEncoding() : FindEncoding(Head);
+	if (!Encoding.Warning.empty())
+	{
+		Sink.AddWarning(Encoding.Warning);
+	}
+	FDecodedSource Source(InSource, InSource.ReadUpTo(Encoding.MarkSize), Encoding);
+	const bool bRead = Format->Read(Source, Sink, OutError);
+	if (std::string Error = InSource.GetError(); !Error.empty())
+	{
+		OutError = std::move(Error);
+		return false;
+	}
+	if (!InSource.GetDamage().empty())
+	{
+		Sink.AddWarning(InSource.GetDamage());
+	}
+	return bRead;
 }
 
 } // namespace
@@ -33,43 +57,19 @@ uint64 FImportReport::CountSkipped() const
 
 bool ImportComments(IByteSource& InSource, FImportResult& OutResult, std::string& OutError)
 {
-	OutResult = FImportResult();
-	std::string Head = InSource.ReadUpTo(DetectionSize);
-	const FCommentFormat* const Format = DetectFormat(Head);
-	OutResult.Report.Format = Format;
-	if (Format == nullptr)
-	{
-		const std::string Error = InSource.GetError();
-		OutError = !Error.empty() ? Error
-				   : Head.empty() ? "is empty"
-								  : "is not in any known format of comments; " + ListFormats();
-		return false;
-	}
-	FImportSink Sink(OutResult, InSource.GetSize());
-	const FTextEncoding Encoding = Format->Syntax == EFormatSyntax::Protobuf ? FTextEncoding() : FindEncoding(Head);
-	if (!Encoding.Warning.empty())
-	{
-		Sink.AddWarning(Encoding.Warning);
-	}
-	FDecodedSource Source(InSource, std::move(Head), Encoding);
-	const bool bRead = Format->Read(Source, Sink, OutError);
-	if (std::string Error = InSource.GetError(); !Error.empty())
-	{
-		OutError = std::move(Error);
-		return false;
-	}
-	return bRead;
+	FCommentSource Source(InSource);
+	return Import(Source, OutResult, OutError);
 }
 
 bool ImportComments(const std::filesystem::path& InPath, FImportResult& OutResult, std::string& OutError)
 {
 	OutResult = FImportResult();
-	const std::unique_ptr<FFileSource> Source = FFileSource::Open(InPath, OutError);
+	const std::unique_ptr<FCommentSource> Source = FCommentSource::Open(InPath, OutError);
 	if (!Source)
 	{
 		return false;
 	}
-	if (ImportComments(*Source, OutResult, OutError))
+	if (Import(*Source, OutResult, OutError))
 	{
 		return true;
 	}

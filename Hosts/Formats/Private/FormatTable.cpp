@@ -1,5 +1,6 @@
 #include "Formats/CommentFormat.h"
 
+#include "Formats/CommentSource.h"
 #include "TextDecoding.h"
 
 #include <algorithm>
@@ -8,21 +9,28 @@ namespace Flitmark
 {
 
 // Each format has a file of its own, named after it. A new one needs a line here and one in the table.
+extern const FCommentFormat BodyJsonFormat;
 extern const FCommentFormat ChatJsonFormat;
 extern const FCommentFormat ChatXmlFormat;
+extern const FCommentFormat ListElementsJsonFormat;
 extern const FCommentFormat ListProtobufFormat;
 extern const FCommentFormat ListXmlFormat;
+extern const FCommentFormat LiveChatJsonFormat;
+extern const FCommentFormat MessageListJsonFormat;
 extern const FCommentFormat ObjectsJsonFormat;
+extern const FCommentFormat OffsetChatJsonFormat;
 extern const FCommentFormat ParametersJsonFormat;
 extern const FCommentFormat RowsJsonFormat;
+extern const FCommentFormat TextJsonFormat;
 
 namespace
 {
 
 /** In the order in which Docs/formats.md describes them; binary ones first, since their bytes may pass for text. */
 constexpr const FCommentFormat* Formats[] = {
-	&ListProtobufFormat, &ListXmlFormat,  &ParametersJsonFormat, &RowsJsonFormat,
-	&ChatXmlFormat,		 &ChatJsonFormat, &ObjectsJsonFormat,	 &OwnDocumentFormat,
+	&ListProtobufFormat, &ListXmlFormat,  &ListElementsJsonFormat, &ParametersJsonFormat, &RowsJsonFormat,
+	&ChatXmlFormat,		 &ChatJsonFormat, &LiveChatJsonFormat,	   &OffsetChatJsonFormat, &MessageListJsonFormat,
+	&ObjectsJsonFormat,	 &BodyJsonFormat, &TextJsonFormat,		   &OwnDocumentFormat,
 };
 
 } // namespace
@@ -66,9 +74,9 @@ const FCommentFormat* DetectFile(const std::filesystem::path& InPath)
 {
 	std::error_code Ignored;
 	std::string Error;
-	const std::unique_ptr<FFileSource> Source =
-		std::filesystem::is_regular_file(InPath, Ignored) ? FFileSource::Open(InPath, Error) : nullptr;
-	return Source ? DetectFormat(Source->ReadUpTo(DetectionSize)) : nullptr;
+	const std::unique_ptr<FCommentSource> Source =
+		std::filesystem::is_regular_file(InPath, Ignored) ? FCommentSource::Open(InPath, Error) : nullptr;
+	return Source ? Source->GetFormat() : nullptr;
 }
 
 } // namespace Flitmark

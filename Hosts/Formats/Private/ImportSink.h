@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace Flitmark
 {
@@ -33,6 +34,12 @@ public:
 
 	/** The entry added last was damaged, but could be read. */
 	void AddRepaired(uint64 InLine, std::string InReason);
+
+	/** The next entry added has so many pictures that became their names. */
+	void AddEmotes(uint64 InNum) { Result.Report.NumEmotes += InNum; }
+
+	/** All that was added. */
+	std::vector<FServiceComment>& GetComments() { return Result.Comments; }
 
 	void AddWarning(std::string InText) { Result.Report.Warnings.push_back(std::move(InText)); }
 

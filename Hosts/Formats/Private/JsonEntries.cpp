@@ -135,10 +135,37 @@ void FJsonEntries::OnString()
 		Window.FillTo(LongestString);
 		End = FindStringEnd(Window.GetView(), 0);
 	}
-	const std::string_view String = Window.GetView().substr(0, End);
 	bAfterColon = false;
 	ReportStray();
-	Window.Consume(String.size());
+	if (End != std::string_view::npos)
+	{
+		Window.Consume(End);
+		return;
+	}
+	Window.Consume(1);
+	SkipLongString();
+}
+
+/** Some files have whole pictures in a string. The view begins inside it. */
+void FJsonEntries::SkipLongString()
+{
+	do
+	{
+		const std::string_view View = Window.GetView();
+		std::size_t Place = View.find_first_of("\"\\");
+		while (Place < View.size() && View[Place] == '\\' && Place + 1 < View.size())
+		{
+			Place = View.find_first_of("\"\\", Place + 2);
+		}
+		if (Place < View.size() && View[Place] == '"')
+		{
+			Window.Consume(Place + 1);
+			return;
+		}
+		// A backslash at the very end escapes what comes next.
+		Window.Consume(std::min(Place, View.size()));
+	} while (Window.Fill());
+	Window.Consume(Window.GetView().size());
 }
 
 void FJsonEntries::OnScalar()
@@ -274,11 +301,23 @@ FJsonValueReader::FRead FJsonEntries::ReadValue()
 /** InSize: of the entry in the view. */
 void FJsonEntries::AddEntry(std::size_t InSize)
 {
+	Sink.AddEmotes(Schema.NumEmotes);
 	Sink.Add(std::move(Schema.Comment), Window.GetOffset() + InSize);
 }
 
 /** Of an entry that was read to its end; whether it became a comment. */
 bool FJsonEntries::SettleEntry(std::size_t InSize)
+{
+	bool bAdded = SettlePart(InSize);
+	while (Schema.NextPart())
+	{
+		Sink.BeginEntry();
+		bAdded = SettlePart(InSize) || bAdded;
+	}
+	return bAdded;
+}
+
+bool FJsonEntries::SettlePart(std::size_t InSize)
 {
 	const char* const Fault = Schema.Finish();
 	if (!Schema.Skipped.empty())

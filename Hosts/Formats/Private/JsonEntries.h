@@ -39,6 +39,7 @@ private:
 	void OnOpening();
 	void OnClosing(bool bInList);
 	void OnString();
+	void SkipLongString();
 	void OnScalar();
 	void ReportStray();
 
@@ -52,6 +53,7 @@ private:
 	FJsonValueReader::FRead ReadValue();
 	void AddEntry(std::size_t InSize);
 	bool SettleEntry(std::size_t InSize);
+	bool SettlePart(std::size_t InSize);
 	void OnDamage(const FJsonValueReader::FRead& InRead);
 	bool ReadRepaired();
 	void SkipToNextEntry();

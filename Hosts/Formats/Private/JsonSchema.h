@@ -3,6 +3,7 @@
 #include "CoreTypes.h"
 #include "Formats/FieldValues.h"
 #include "Formats/ServiceComment.h"
+#include "JsonView.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -50,14 +51,24 @@ public:
 	{
 		Comment = FServiceComment();
 		Skipped = {};
+		NumEmotes = 0;
 		bHasTime = false;
 		Restart();
 	}
 
 	virtual void OnField(const FField& InField) = 0;
 
+	/** Whether it takes an entry as a whole, by OnTree, rather than its fields. */
+	virtual bool WantsTree() const { return false; }
+
+	/** An entry that is whole. The tree stays until the next Begin. */
+	virtual void OnTree(FJsonView) {}
+
 	/** Called after the last field: why the entry is not a comment, or null if Comment is one. */
 	virtual const char* Finish() = 0;
+
+	/** Moves on to the entry's next comment, for Finish; false if it has no more. */
+	virtual bool NextPart() { return false; }
 
 	/** Whether an object that has this member is an entry, rather than something that contains entries. */
 	virtual bool IsEntryKey(std::string_view InKey, char InValueStart) const = 0;
@@ -73,6 +84,9 @@ public:
 
 	/** Set by Finish where the entry is nothing for viewers: what such entries are; see FSkippedEntries. */
 	std::string_view Skipped;
+
+	/** How many pictures in its text stand there as their names. */
+	uint64 NumEmotes = 0;
 
 protected:
 	/** Resets what a schema keeps besides the comment. */

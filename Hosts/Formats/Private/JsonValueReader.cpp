@@ -1,6 +1,9 @@
 #include "JsonValueReader.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <rapidjson/document.h>
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
 
@@ -120,6 +123,47 @@ private:
 	std::size_t KeySize = 0;
 };
 
+/** Builds a tree, of no more than MaxDepth levels. */
+class FTreeHandler
+{
+public:
+	using Ch = char;
+
+	explicit FTreeHandler(Document& OutTree)
+		: Tree(OutTree)
+	{
+	}
+
+	bool Null() { return Tree.Null(); }
+	bool Bool(bool bInValue) { return Tree.Bool(bInValue); }
+	bool Int(int) { return false; }
+	bool Uint(unsigned) { return false; }
+	bool Int64(int64) { return false; }
+	bool Uint64(uint64) { return false; }
+	bool Double(double) { return false; }
+	bool RawNumber(const char* InText, SizeType InLength, bool) { return Tree.String(InText, InLength, true); }
+	bool String(const char* InText, SizeType InLength, bool) { return Tree.String(InText, InLength, true); }
+	bool Key(const char* InText, SizeType InLength, bool) { return Tree.Key(InText, InLength, true); }
+	bool StartObject() { return ++Depth <= MaxDepth && Tree.StartObject(); }
+	bool EndObject(SizeType InNum)
+	{
+		--Depth;
+		return Tree.EndObject(InNum);
+	}
+	bool StartArray() { return ++Depth <= MaxDepth && Tree.StartArray(); }
+	bool EndArray(SizeType InNum)
+	{
+		--Depth;
+		return Tree.EndArray(InNum);
+	}
+
+	const char* GetRefusal() const { return Depth > MaxDepth ? "it is nested too deeply" : nullptr; }
+
+private:
+	Document& Tree;
+	std::size_t Depth = 0;
+};
+
 constexpr unsigned Flags = kParseStopWhenDoneFlag | kParseNumbersAsStringsFlag | kParseCommentsFlag |
 						   kParseTrailingCommasFlag | kParseNanAndInfFlag;
 
@@ -134,7 +178,42 @@ bool IsAboutString(ParseErrorCode InCode)
 
 struct FJsonValueReader::FImplementation
 {
+	/** The fields of the value at a text's start. OutRefusal: why the schema's side stopped the reading. */
+	ParseResult ReadFields(StringStream& InOutText, IJsonSchema& OutSchema, const char*& OutRefusal)
+	{
+		FFieldHandler Handler(OutSchema);
+		const ParseResult Result = Parser.Parse<Flags>(InOutText, Handler);
+		OutRefusal = Handler.GetRefusal();
+		return Result;
+	}
+
+	/** The same as a tree. */
+	ParseResult ReadTree(StringStream& InOutText, IJsonSchema& OutSchema, const char*& OutRefusal)
+	{
+		ParseResult Result;
+		const auto Build = [&](Document& OutTree)
+		{
+			FTreeHandler Handler(OutTree);
+			Result = Parser.Parse<Flags>(InOutText, Handler);
+			OutRefusal = Handler.GetRefusal();
+			return !Result.IsError();
+		};
+		Tree.reset();
+		TreeMemory.Clear();
+		Tree.emplace(&TreeMemory);
+		Tree->Populate(Build);
+		if (!Result.IsError())
+		{
+			OutSchema.OnTree(FJsonView(static_cast<const Value*>(&*Tree)));
+		}
+		return Result;
+	}
+
 	Reader Parser;
+	/** What most entries need, so that they cost no allocation. */
+	std::array<char, std::size_t{64} << 10> FirstMemory;
+	MemoryPoolAllocator<> TreeMemory{FirstMemory.data(), FirstMemory.size()};
+	std::optional<Document> Tree;
 };
 
 FJsonValueReader::FJsonValueReader()
@@ -149,9 +228,10 @@ FJsonValueReader::FRead FJsonValueReader::Read(std::string_view InText, IJsonSch
 	// An error this close to the end may come from what is missing there.
 	constexpr std::size_t Nearness = 16;
 	OutSchema.Begin();
-	FFieldHandler Handler(OutSchema);
+	const char* Refusal = nullptr;
 	StringStream Stream(InText.data());
-	const ParseResult Result = Implementation->Parser.Parse<Flags>(Stream, Handler);
+	const ParseResult Result = OutSchema.WantsTree() ? Implementation->ReadTree(Stream, OutSchema, Refusal)
+													 : Implementation->ReadFields(Stream, OutSchema, Refusal);
 	const std::size_t End = Stream.Tell();
 	if (!Result.IsError())
 	{
@@ -161,7 +241,7 @@ FJsonValueReader::FRead FJsonValueReader::Read(std::string_view InText, IJsonSch
 	}
 	if (Result.Code() == kParseErrorTermination)
 	{
-		return {EOutcome::Damaged, End, Handler.GetRefusal()};
+		return {EOutcome::Damaged, End, Refusal};
 	}
 	const bool bAtEnd = End + Nearness >= InText.size();
 	const bool bInString = IsAboutString(Result.Code());

@@ -3,7 +3,7 @@
 #include "ListParameters.h"
 #include "PaidText.h"
 #include "XmlFormat.h"
-#include "XmlTag.h"
+#include "Formats/XmlTag.h"
 
 #include <optional>
 

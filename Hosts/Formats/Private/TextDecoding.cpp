@@ -1,7 +1,7 @@
 #include "TextDecoding.h"
 
 #include "Formats/Utf8.h"
-#include "XmlTag.h"
+#include "Formats/XmlTag.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "XmlFormat.h"
 
 #include "XmlEntries.h"
-#include "XmlTag.h"
+#include "Formats/XmlTag.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "XmlTag.h"
+#include "Formats/XmlTag.h"
 
 #include "Formats/Utf8.h"
 

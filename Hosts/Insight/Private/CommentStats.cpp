@@ -88,7 +88,10 @@ void CountTexts(std::span<const FServiceComment> InComments, std::size_t InMost,
 	std::unordered_map<std::string, int64> Counts;
 	for (const FServiceComment& Comment : InComments)
 	{
-		++Counts[NormaliseSpace(Comment.Text)];
+		if (HasText(Comment.Text))
+		{
+			++Counts[NormaliseSpace(Comment.Text)];
+		}
 	}
 	OutStats.NumTexts = static_cast<int64>(Counts.size());
 	for (const auto& [Text, Count] : Counts)
@@ -115,7 +118,10 @@ void FindLongest(std::span<const FServiceComment> InComments, std::size_t InMost
 	std::vector<FEntry> Longest;
 	for (const FServiceComment& Comment : InComments)
 	{
-		Longest.emplace_back(CountCharacters(NormaliseSpace(Comment.Text)), &Comment);
+		if (HasText(Comment.Text))
+		{
+			Longest.emplace_back(CountCharacters(NormaliseSpace(Comment.Text)), &Comment);
+		}
 	}
 	std::ranges::stable_sort(Longest, std::ranges::greater(), &FEntry::first);
 	std::unordered_set<std::string> Told;

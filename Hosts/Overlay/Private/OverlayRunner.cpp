@@ -2,7 +2,9 @@
 
 #include "Components/CanvasPanel.h"
 #include "UI_Danmaku.h"
+#include "UI_DanmakuNode.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace Flitmark
@@ -16,7 +18,12 @@ std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, 
 	Options.Measure = &Runner->Scaled;
 	Runner->Seed = InSeed;
 	Runner->Stage = FStage::Create(Options, OutError);
-	return Runner->Stage ? std::move(Runner) : nullptr;
+	if (!Runner->Stage)
+	{
+		return nullptr;
+	}
+	Runner->Tally = std::make_unique<FPlacementTally>(*Runner->Stage);
+	return Runner;
 }
 
 void FOverlayRunner::SetView(const FOverlayView& InView)
@@ -127,17 +134,24 @@ void FOverlayRunner::RunFrame(double InSeconds)
 	const double Seconds = InSeconds * Rate * Settings.Speed;
 	Stage->RunFrame(static_cast<float>(Seconds), static_cast<float>(InSeconds));
 	UpdateScene(bPaused ? 0.0 : Seconds);
+	if (const int64 Ticks = Stage->GetMediaTime(); Ticks >= 0)
+	{
+		FirstSecond = std::min(FirstSecond, Ticks / ETimespan::TicksPerSecond);
+		LastSecond = std::max(LastSecond, Ticks / ETimespan::TicksPerSecond);
+	}
 }
 
 void FOverlayRunner::UpdateScene(double InSeconds)
 {
 	Stage->CollectPaint(Comments);
+	bScrolls = std::ranges::any_of(Comments, [](const FPaintComment& InComment)
+								   { return InComment.Node->GetData().Mode == EDanmakuMode::SCROLL; });
 	Scene.Update(Comments, {View.CanvasSize, Stage->GetCanvasSize().Y, Settings.FontScale}, InSeconds);
 }
 
 bool FOverlayRunner::IsMoving() const
 {
-	return IsJumping() || (!bPaused && Stage->GetCanvas().GetChildrenCount() > 0);
+	return IsJumping() || (!bPaused && bScrolls);
 }
 
 } // namespace Flitmark

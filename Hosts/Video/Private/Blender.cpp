@@ -1,61 +1,16 @@
 #include "Blender.h"
 
 #include "BlendRows.h"
+#include "SpriteCache.h"
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 
 namespace Flitmark
 {
 
 namespace
 {
-
-/** Planes of the live sprites. */
-template <typename SampleType>
-class TPlaneCache
-{
-public:
-	explicit TPlaneCache(const FBlendStyle& InStyle)
-		: Style(InStyle)
-	{
-	}
-
-	TSpritePlanes<SampleType>& Find(const FPlacedSprite& InPlaced)
-	{
-		FEntry& Entry = Entries[InPlaced.Sprite.get()];
-		// A new sprite may have the address of a dead one.
-		if (Entry.Sprite.expired() || Entry.Opacity != InPlaced.Opacity)
-		{
-			Entry.Planes = std::make_unique<TSpritePlanes<SampleType>>(*InPlaced.Sprite, InPlaced.Opacity, Style);
-			Entry.Sprite = InPlaced.Sprite;
-			Entry.Opacity = InPlaced.Opacity;
-		}
-		return *Entry.Planes;
-	}
-
-	void Sweep()
-	{
-		constexpr int32 FramesBetween = 32;
-		if (++Frames % FramesBetween == 0)
-		{
-			std::erase_if(Entries, [](const auto& InEntry) { return InEntry.second.Sprite.expired(); });
-		}
-	}
-
-private:
-	struct FEntry
-	{
-		std::weak_ptr<const FSprite> Sprite;
-		double Opacity = 1.0;
-		std::unique_ptr<TSpritePlanes<SampleType>> Planes;
-	};
-
-	const FBlendStyle& Style;
-	std::unordered_map<const FSprite*, FEntry> Entries;
-	uint32 Frames = 0;
-};
 
 template <typename SampleType>
 class TBlender final : public IBlender
@@ -115,7 +70,7 @@ private:
 	}
 
 	FBlendStyle Style;
-	TPlaneCache<SampleType> Cache;
+	TSpriteCache<TSpritePlanes<SampleType>, FBlendStyle> Cache;
 	FBlendRow<SampleType> BlendRow;
 };
 

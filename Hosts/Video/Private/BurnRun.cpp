@@ -1,5 +1,6 @@
 #include "BurnRun.h"
 
+#include "EncoderChoice.h"
 #include "FrameSource.h"
 
 extern "C"
@@ -97,24 +98,29 @@ FVideoResult FBurnRun::Burn(IOverlaySource& InOverlay)
 
 bool FBurnRun::Open()
 {
-	Codec = avcodec_find_encoder_by_name(Options.Codec.c_str());
-	if (Codec == nullptr || Codec->type != AVMEDIA_TYPE_VIDEO)
+	if (!OpenInput())
 	{
-		return Fail(Options.Codec + ": no such video encoder; \"ffmpeg -encoders\" lists them");
+		return false;
+	}
+	const bool bAlpha = HasAlpha(Input->Video());
+	Codec = ChooseEncoder(Options.Codec, Options.Output, bAlpha, Error);
+	if (Codec == nullptr)
+	{
+		return false;
 	}
 	if (NeedsDevice(*Codec))
 	{
 		return Fail(Options.Codec + ": takes pictures in a device's memory only, but comments are painted in the " +
 					"program's; choose an encoder without a device, such as libx264");
 	}
-	if (!OpenInput())
-	{
-		return false;
-	}
 	Output = FVideoOutput::Open(Options.Output, *Codec, Error);
 	if (!Output)
 	{
 		return false;
+	}
+	if (const std::string Lost = bAlpha ? AlphaObstacle(*Codec, Options.Output) : std::string(); !Lost.empty())
+	{
+		Progress.OnMessage("the video's transparency is lost: " + Lost);
 	}
 	std::vector<std::string> Messages;
 	Output->ChooseCopies(*Input, Messages);

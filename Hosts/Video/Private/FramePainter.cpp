@@ -1,5 +1,7 @@
 #include "FramePainter.h"
 
+#include "AlphaBlender.h"
+
 extern "C"
 {
 #include <libavutil/imgutils.h>
@@ -32,6 +34,11 @@ void FFramePainter::PrepareBlender(const AVFrame& InFrame)
 	}
 	Space = InFrame.colorspace;
 	Range = InFrame.color_range;
+	if (const auto Alpha = FAlphaLayout::Of(static_cast<AVPixelFormat>(InFrame.format)))
+	{
+		Blender = MakeAlphaBlender({*Alpha, FColorMatrix::For(InFrame, Alpha->Depth), Orientation});
+		return;
+	}
 	FBlendStyle Style;
 	Style.Layout = FPixelLayout::Of(static_cast<AVPixelFormat>(InFrame.format)).value();
 	Style.Matrix = FColorMatrix::For(InFrame, Style.Layout.Depth);

@@ -22,7 +22,7 @@ public:
 	{
 	}
 
-	/** InFormat: the format frames are converted to before blending; must be one FPixelLayout knows. */
+	/** InFormat: the format frames are converted to before blending; must be one FPixelLayout or FAlphaLayout knows. */
 	void Start(AVPixelFormat InFormat, int32 InWidth, int32 InHeight);
 
 	/** The painted frame; InFrame itself if nothing had to change. Null if a frame cannot be converted. */

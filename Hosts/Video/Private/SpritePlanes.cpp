@@ -1,9 +1,9 @@
 #include "SpritePlanes.h"
 
 #include "BlendRows.h"
+#include "OrientedPixels.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace Flitmark
@@ -36,37 +36,6 @@ int64 Weighed(const std::array<int32, 4>& InRow, const int32* InSums, int32 InSh
 		Sum += int64{InRow[Index]} * InSums[Index];
 	}
 	return Sum >> (InShift + 16);
-}
-
-std::vector<uint8> Oriented(const FSprite& InSprite, double InOpacity, const FOrientation& InOrientation, int32 InWidth,
-							int32 InHeight)
-{
-	const double Opacity = std::isfinite(InOpacity) ? std::clamp(InOpacity, 0.0, 1.0) : 1.0;
-	std::array<uint8, 256> Scaled;
-	for (size_t Value = 0; Value < Scaled.size(); ++Value)
-	{
-		Scaled[Value] = static_cast<uint8>(std::lround(static_cast<double>(Value) * Opacity));
-	}
-	std::vector<uint8> Rgba(static_cast<size_t>(InWidth) * static_cast<size_t>(InHeight) * 4);
-	const auto Step = [&InSprite, &InOrientation, InWidth, InHeight](int32 InP, int32 InQ)
-	{
-		const auto [X, Y] = InOrientation.ToUpright(InP, InQ, InWidth, InHeight);
-		return (ptrdiff_t{Y} * InSprite.Width + X) * 4;
-	};
-	const ptrdiff_t NextPixel = Step(1, 0) - Step(0, 0);
-	uint8* Target = Rgba.data();
-	for (int32 Row = 0; Row < InHeight; ++Row)
-	{
-		ptrdiff_t Source = Step(0, Row);
-		for (int32 Column = 0; Column < InWidth; ++Column, Source += NextPixel, Target += 4)
-		{
-			for (ptrdiff_t Index = 0; Index < 4; ++Index)
-			{
-				Target[Index] = Scaled[InSprite.Pixels[static_cast<size_t>(Source + Index)]];
-			}
-		}
-	}
-	return Rgba;
 }
 
 } // namespace
@@ -129,7 +98,7 @@ TSpritePlanes<SampleType>::TSpritePlanes(const FSprite& InSprite, double InOpaci
 	, Style(InStyle)
 	, Luma(0, 0, 0)
 {
-	Rgba = Oriented(InSprite, InOpacity, InStyle.Orientation, Width, Height);
+	Rgba = OrientedPixels(InSprite, InOpacity, InStyle.Orientation, Width, Height);
 	Luma = MakeLuma();
 }
 

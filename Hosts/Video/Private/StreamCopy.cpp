@@ -20,7 +20,7 @@ namespace
 /** Tags that the container writes itself, or that describe what the burn changes. */
 constexpr const char* StaleTags[] = {
 	"major_brand", "minor_version",	   "compatible_brands", "encoder",	   "duration",
-	"bps",		   "number_of_frames", "number_of_bytes",	"_statistics",
+	"bps",		   "number_of_frames", "number_of_bytes",	"_statistics", "alpha_mode",
 };
 
 bool IsStale(const char* InName)

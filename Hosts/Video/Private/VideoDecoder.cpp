@@ -1,6 +1,7 @@
 #include "VideoDecoder.h"
 
 #include "AvErrors.h"
+#include "EncoderChoice.h"
 
 extern "C"
 {
@@ -13,11 +14,28 @@ extern "C"
 namespace Flitmark
 {
 
+namespace
+{
+
+const AVCodec* FindDecoder(const AVStream& InStream)
+{
+	// FFmpeg's own decoders of these leave the transparency out.
+	const AVCodecID Kind = InStream.codecpar->codec_id;
+	const char* const WithAlpha = !HasAlpha(InStream)		? nullptr
+								  : Kind == AV_CODEC_ID_VP9 ? "libvpx-vp9"
+								  : Kind == AV_CODEC_ID_VP8 ? "libvpx"
+															: nullptr;
+	const AVCodec* const Named = WithAlpha != nullptr ? avcodec_find_decoder_by_name(WithAlpha) : nullptr;
+	return Named != nullptr ? Named : avcodec_find_decoder(Kind);
+}
+
+} // namespace
+
 std::unique_ptr<FVideoDecoder> FVideoDecoder::Open(const FVideoInput& InInput, int32 InThreads, std::string& OutError)
 {
 	const AVStream& Stream = InInput.Video();
 	const char* const Name = avcodec_get_name(Stream.codecpar->codec_id);
-	const AVCodec* const Decoder = avcodec_find_decoder(Stream.codecpar->codec_id);
+	const AVCodec* const Decoder = FindDecoder(Stream);
 	if (Decoder == nullptr)
 	{
 		OutError = std::string(InInput.Format().url) + ": no decoder for its video (" + Name + ")";

@@ -1,5 +1,6 @@
 #include "VideoEncoder.h"
 
+#include "AlphaLayout.h"
 #include "AvErrors.h"
 #include "PixelLayout.h"
 
@@ -48,6 +49,12 @@ AVDictionary* OptionsOf(const FEncoderSetup& InSetup)
 	{
 		av_dict_set(&Options, "preset", InSetup.Preset.c_str(), 0);
 	}
+	if (std::string(InSetup.Codec->name) == "libvpx-vp9")
+	{
+		// Its own defaults take one thread and several seconds for a second of video.
+		av_dict_set(&Options, "row-mt", "1", 0);
+		av_dict_set(&Options, "cpu-used", "4", 0);
+	}
 	if (std::string(InSetup.Codec->name) == "libx265")
 	{
 		// It writes to the terminal, bypassing FFmpeg's log, and has no other way to set the number of threads.
@@ -77,6 +84,7 @@ void Configure(AVCodecContext& InCodec, const FEncoderSetup& InSetup, const AVFr
 	// The only way to get limited range in Motion JPEG; players know the marker.
 	InCodec.strict_std_compliance = FF_COMPLIANCE_UNOFFICIAL;
 	InCodec.thread_count = std::max(0, InSetup.Threads);
+	InCodec.gop_size = InSetup.bEachAlone ? 1 : InCodec.gop_size;
 	InCodec.flags |= InSetup.bGlobalHeader ? AV_CODEC_FLAG_GLOBAL_HEADER : 0;
 }
 
@@ -85,6 +93,15 @@ void Configure(AVCodecContext& InCodec, const FEncoderSetup& InSetup, const AVFr
 FFormatPlan FFormatPlan::For(const AVCodec& InCodec, AVPixelFormat InSource)
 {
 	const AVPixelFormat Plain = WithoutImpliedRange(InSource);
+	if (HasAlpha(Plain))
+	{
+		const bool bTakes = FAlphaLayout::Of(Plain) && Takes(InCodec, Plain);
+		const AVPixelFormat Kept = bTakes ? Plain : FAlphaLayout::Nearest(Plain, InCodec.pix_fmts);
+		if (Kept != AV_PIX_FMT_NONE)
+		{
+			return {Kept, Kept};
+		}
+	}
 	if (FPixelLayout::Of(Plain) && Takes(InCodec, Plain))
 	{
 		return {Plain, Plain};

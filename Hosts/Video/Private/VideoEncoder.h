@@ -27,6 +27,9 @@ struct FEncoderSetup
 
 	/** Whether the container stores the codec's headers separately from the packets. */
 	bool bGlobalHeader = false;
+
+	/** Whether every frame is to be encoded without regard to others. */
+	bool bEachAlone = false;
 };
 
 /** The pixel formats on the way to the encoder. */

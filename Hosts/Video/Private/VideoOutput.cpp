@@ -1,6 +1,7 @@
 #include "VideoOutput.h"
 
 #include "AvErrors.h"
+#include "EncoderChoice.h"
 #include "StreamCopy.h"
 
 extern "C"
@@ -28,7 +29,7 @@ std::unique_ptr<FVideoOutput> FVideoOutput::Open(const std::string& InPath, cons
 	if (avformat_query_codec(Container, InCodec.id, FF_COMPLIANCE_NORMAL) == 0)
 	{
 		OutError = InPath + ": the container " + Container->name + " cannot hold " + avcodec_get_name(InCodec.id) +
-				   " video; choose another codec, or .mkv";
+				   " video; " + OtherContainers(InCodec, *Container);
 		return nullptr;
 	}
 	auto File = FTemporaryFile::Create(InPath, OutError);
@@ -195,6 +196,26 @@ bool FVideoOutput::Start(const FVideoInput& InInput, const AVCodecContext& InEnc
 	CopyMetadata(Source.metadata, Muxer->metadata);
 	CopyChapters(Source);
 	KeepTimes(InFirst.pts);
+	return WriteHeader(OutError);
+}
+
+bool FVideoOutput::Start(const AVCodecContext& InEncoder, std::string& OutError)
+{
+	VideoBase = InEncoder.time_base;
+	Video = avformat_new_stream(Muxer, nullptr);
+	if (Video == nullptr || avcodec_parameters_from_context(Video->codecpar, &InEncoder) < 0)
+	{
+		throw std::bad_alloc();
+	}
+	Video->time_base = VideoBase;
+	Video->sample_aspect_ratio = InEncoder.sample_aspect_ratio;
+	Video->avg_frame_rate = InEncoder.framerate;
+	Video->r_frame_rate = InEncoder.framerate;
+	return WriteHeader(OutError);
+}
+
+bool FVideoOutput::WriteHeader(std::string& OutError)
+{
 	LastDts.assign(Muxer->nb_streams, AV_NOPTS_VALUE);
 	FAvLog::Start();
 	// MP4 rounds the start of a stream to this clock, which is a millisecond by default.

@@ -47,7 +47,10 @@ public:
 	bool Start(const FVideoInput& InInput, const AVCodecContext& InEncoder, const AVFrame& InFirst,
 			   const FOutputCut& InCut, std::string& OutError);
 
-	/** A packet from the encoder, in the time base of the input's video. */
+	/** Writes the headers of a file that holds nothing but the encoder's video. */
+	bool Start(const AVCodecContext& InEncoder, std::string& OutError);
+
+	/** A packet from the encoder, in the time base of the input's video, or else the encoder's. */
 	bool WriteVideo(AVPacket& InPacket, std::string& OutError);
 
 	/** A packet of a copied stream, as read from the input. */
@@ -64,6 +67,7 @@ private:
 	void AddVideo(const AVStream& InSource, const AVCodecContext& InEncoder, const AVFrame& InFirst);
 	void CopyChapters(const AVFormatContext& InSource);
 	void KeepTimes(int64 InFirst);
+	bool WriteHeader(std::string& OutError);
 
 	/** The time of a copied stream that becomes 0, in the source's time base. */
 	int64 ZeroOf(const AVStream& InTarget, AVRational InBase) const;

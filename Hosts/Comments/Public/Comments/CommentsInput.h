@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace Flitmark
@@ -23,12 +24,18 @@ struct FCommentsOptions
 	bool bWithText = true;
 };
 
+/** Names standard input where a file is asked for. */
+constexpr std::string_view StandardInput = "-";
+
 /** One file as it was read, in whatever format it is. */
 struct FCommentsInput
 {
 	FCommentsReport Report;
 
-	/** The whole file if it is our own document, or in no known format. */
+	/** What the file is instead, for people, if it can be no comments at all; empty for others. */
+	std::string Foreign;
+
+	/** The whole file, unpacked, if it may be our own document; its beginning if it is foreign. */
 	std::optional<std::string> Bytes;
 
 	/** Of Bytes, once ReadDocument read them. */
@@ -41,12 +48,15 @@ struct FCommentsInput
 	 */
 	std::vector<FServiceComment> Comments;
 
-	/** Empty with OutError set where the file cannot be read. A file in no known format is not refused here. */
+	/** InPath: a file, or StandardInput. Empty with OutError set where it cannot be read. A file in no known format is not refused here. */
 	static std::optional<FCommentsInput> Read(const std::string& InPath, const FKindPolicy& InKinds,
 											  std::string& OutError);
 
 	/** Reads Bytes as our own document, unless that was done; false with OutError set if they are not one. */
 	bool ReadDocument(std::string& OutError, bool bInKeepBytes = true);
+
+	/** Why ReadDocument failed; nothing if it did not. */
+	std::optional<FDocumentFault> GetFault() const;
 
 	/** ReadDocument, and its comments into Comments; the text goes. */
 	bool ImportOwn(std::string& OutError);

@@ -25,8 +25,11 @@ struct FCommentsReport
 	/** Comments of so many lines that they were made smaller to fit. */
 	uint64 NumFitted = 0;
 
-	/** How many entries will not be shown because of what they are, or because they are broken. */
-	int64 CountLost() const { return static_cast<int64>(Import.NumBroken + Kinds.CountDropped()); }
+	/** Taken out because too many come in one second; see CrowdBound.h. */
+	int64 NumCrowdedOut = 0;
+
+	/** How many entries will not be shown because of what they are, because they are broken, or because of the crowd. */
+	int64 CountLost() const { return static_cast<int64>(Import.NumBroken + Kinds.CountDropped()) + NumCrowdedOut; }
 };
 
 /** "1,204". */
@@ -34,6 +37,9 @@ std::string FormatCount(int64 InCount);
 
 /** "1,204 comments", "1 comment". */
 std::string CountComments(int64 InCount);
+
+/** "980,000 comments are left out, because more than 20,000 come in the same second". */
+std::string DescribeCrowd(int64 InCount);
 
 /** "FILE: read as XML list, 331 comments". */
 std::string DescribeImport(const FCommentsReport& InReport);

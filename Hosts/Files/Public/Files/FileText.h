@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CoreMinimal.h"
+#include "Files/ByteSource.h"
 
 #include <filesystem>
 #include <optional>
@@ -12,6 +13,9 @@ namespace Flitmark
 
 /** The bytes of a whole file; empty with OutError, naming file and reason, where it cannot be read. */
 std::optional<std::string> LoadBytes(const std::filesystem::path& InFile, std::string& OutError);
+
+/** The same for the rest of an open source; InName is what the error calls it. */
+std::optional<std::string> LoadBytes(IByteSource& InSource, const std::string& InName, std::string& OutError);
 
 /** A text file: UTF-8, or UTF-16 with its mark; wrong bytes become U+FFFD. Errors as LoadBytes. */
 std::optional<FString> LoadText(const std::filesystem::path& InFile, std::string& OutError);

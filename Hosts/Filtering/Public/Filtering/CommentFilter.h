@@ -1,12 +1,14 @@
 #pragma once
 
 #include "CoreTypes.h"
+#include "Filtering/BlockList.h"
 #include "Formats/ServiceComment.h"
 
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Flitmark
@@ -27,6 +29,9 @@ struct FFilterOptions
 	 */
 	std::vector<std::string> BlockUsers;
 
+	/** Lists from files, each with what its rule is called after, the file. */
+	std::vector<std::pair<std::string, FBlockList>> BlockFiles;
+
 	/** Only comments of these kinds stay. */
 	std::optional<std::vector<ECommentKind>> Only;
 
@@ -36,7 +41,10 @@ struct FFilterOptions
 	/** How many comments of each second stay, 1 or more. */
 	std::optional<int64> MaxPerSecond;
 
-	bool IsEmpty() const { return Block.empty() && BlockUsers.empty() && !Only && !MergeSeconds && !MaxPerSecond; }
+	bool IsEmpty() const
+	{
+		return Block.empty() && BlockUsers.empty() && BlockFiles.empty() && !Only && !MergeSeconds && !MaxPerSecond;
+	}
 };
 
 /** What one rule did. */

@@ -84,6 +84,12 @@ private:
 	std::u16string Texts;
 };
 
+/**
+ * The same document with only some elements of its list, as they stand there, and nothing else. InText: one without a
+ * fault, in UTF-8. InKept: one for each element.
+ */
+std::string KeepElements(std::string_view InText, const std::vector<bool>& InKept);
+
 /** The last second under which a document files a comment that is ever looked up; -1 if there is none. */
 int64 FindLastSecond(const FString& InText);
 

@@ -64,6 +64,9 @@ struct FImportReport
 
 	uint64 CountSkipped() const;
 
+	/** Pictures within texts of which only the names are shown. */
+	uint64 NumEmotes = 0;
+
 	/** Of those read, by ECommentKind. */
 	std::array<uint64, NumKinds> NumOfKind{};
 

@@ -72,7 +72,7 @@ struct FCommentStats
 	std::vector<FRepeatedText> Repeated;
 	std::vector<FLongText> Longest;
 
-	/** Texts that differ in more than white space. */
+	/** Texts that differ in more than white space; blank ones are none. */
 	int64 NumTexts = 0;
 
 	/** Users, and comments without one. */

@@ -4,6 +4,7 @@
 #include "Overlay/MeasureAhead.h"
 #include "Overlay/OverlaySettings.h"
 #include "Overlay/OverlayView.h"
+#include "Overlay/PlacementTally.h"
 #include "Overlay/ScaledMeasure.h"
 #include "Overlay/TextMeasure.h"
 #include "Stage/Stage.h"
@@ -68,13 +69,22 @@ public:
 	/** One frame: comments advance by InSeconds times rate and speed, timers by InSeconds alone. */
 	void RunFrame(double InSeconds);
 
-	/** Whether further frames will move or end a comment on the canvas. */
+	/**
+	 * Whether a frame is needed as soon as possible: a comment scrolls, or a jump is under way. Standing comments change
+	 * with the media's seconds alone.
+	 */
 	bool IsMoving() const;
 
 	/** What is to be drawn after the last frame. */
 	const FCommentScene& GetScene() const { return IsJumping() ? NoScene : Scene; }
 	/** How many comments are displayed on the canvas, in view or not. */
 	int32 GetNumComments() const { return IsJumping() ? 0 : static_cast<int32>(Comments.size()); }
+
+	/** What became of the comments so far. */
+	const FPlacementTally& GetTally() const { return *Tally; }
+	/** The seconds of comments' time that frames have run; the last is below the first before any. */
+	int64 GetFirstSecond() const { return FirstSecond; }
+	int64 GetLastSecond() const { return LastSecond; }
 
 private:
 	/** A text wider than most, which may be shown for longer. */
@@ -110,6 +120,9 @@ private:
 	FTextMeasure& Measure;
 	FScaledMeasure Scaled;
 	std::unique_ptr<FStage> Stage;
+	std::unique_ptr<FPlacementTally> Tally;
+	int64 FirstSecond = MAX_int64;
+	int64 LastSecond = -1;
 	std::unique_ptr<FMeasureAhead> Ahead;
 
 	FOverlayView View;
@@ -120,6 +133,8 @@ private:
 	FOverlaySettings Settings;
 	double Rate = 1.0;
 	bool bPaused = false;
+	/** One of Comments scrolls. */
+	bool bScrolls = false;
 	/** The comments were switched on at the last frame. */
 	bool bWasOpen = true;
 

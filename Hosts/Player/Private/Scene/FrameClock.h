@@ -21,6 +21,8 @@ public:
 
 	/** The frame at InNow, seconds of a steady clock: seconds since the frame before, 0 for the first one. */
 	double Advance(double InNow);
+	/** Whether the last step was longer than that. */
+	bool IsLate() const { return bLate; }
 
 private:
 	double Snap(double InStep);
@@ -28,6 +30,7 @@ private:
 	double Period = 1.0 / 60.0;
 	double Last = 0.0;
 	bool bStarted = false;
+	bool bLate = false;
 	/** Real time that has not been given yet, in seconds; negative where more was given. */
 	double Owed = 0.0;
 	/** Mean of what the last steps were off a whole number of periods, in seconds. */

@@ -39,6 +39,9 @@ public:
 
 	/** The next frame is so much later that nothing moves there: it shows what is due at InTicks, as after a seek. */
 	virtual void Jump([[maybe_unused]] int64 InTicks) {}
+
+	/** Whether this frame and all later ones show no comment; where nobody knows, false. */
+	virtual bool IsOver() const { return false; }
 };
 
 } // namespace Flitmark

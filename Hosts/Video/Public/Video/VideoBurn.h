@@ -22,8 +22,8 @@ struct FBurnOptions
 	/** The extension selects the container. Appears, and replaces an existing file, only once complete. */
 	std::string Output;
 
-	/** The encoder's FFmpeg name. */
-	std::string Codec = "libx264";
+	/** The encoder's FFmpeg name; empty for the container's usual one. */
+	std::string Codec;
 
 	/** Quality and preset on the encoder's own scale; empty for its defaults. */
 	std::optional<double> Crf;
