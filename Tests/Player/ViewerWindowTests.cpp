@@ -4,6 +4,7 @@
 #include "ViewerTestKit.h"
 #include "WindowTestMain.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -46,10 +47,13 @@ private Q_SLOTS:
 	void RewritesATypedColor();
 	void ChangesPreferencesOnThePage();
 	void ReachesTheWholePageInASmallWindow();
+	void TellsAssistiveTechnologyWhatIsChecked();
 
 private:
 	QQuickItem* Find(const char* Name);
 	QPoint CenterOf(QQuickItem* Item);
+	/** As a screen reader hears it. */
+	bool IsHeardChecked(const char* Name);
 	void Click(const char* Name);
 	void Type(const QString& Text);
 	void Compose(const QString& Preedit, const QString& Commit = {});
@@ -442,9 +446,9 @@ void ViewerWindowTest::ReachesTheWholePageInASmallWindow()
 		return Item->mapRectToScene(QRectF(0.0, 0.0, Item->width(), Item->height()));
 	};
 	const QRectF Picture(0.0, 0.0, 640.0, 360.0);
-	const QRectF Part = RectOf(Find("SettingsFlick"));
+	const QRectF Part = RectOf(Find("SettingsScroll"));
 	QVERIFY(Part.height() > 100.0);
-	for (const char* Name : {"SettingsFlick", "Defaults", "Done"})
+	for (const char* Name : {"SettingsScroll", "Defaults", "Done"})
 	{
 		QVERIFY2(Picture.contains(RectOf(Find(Name))), Name);
 	}
@@ -460,9 +464,36 @@ void ViewerWindowTest::ReachesTheWholePageInASmallWindow()
 	}
 	QCOMPARE(Visited.size(), 13);
 	Find("PageSwitch")->forceActiveFocus(Qt::TabFocusReason);
-	QCOMPARE(Find("SettingsFlick")->property("contentY").toDouble(), 0.0);
+	QCOMPARE(Find("SettingsScroll")->property("contentY").toDouble(), 0.0);
 	QTest::keyClick(Window, Qt::Key_PageDown);
-	QVERIFY(Find("SettingsFlick")->property("contentY").toDouble() > 100.0);
+	QVERIFY(Find("SettingsScroll")->property("contentY").toDouble() > 100.0);
+}
+
+bool ViewerWindowTest::IsHeardChecked(const char* Name)
+{
+	const QAccessibleInterface* const Heard = QAccessible::queryAccessibleInterface(Find(Name));
+	return Heard != nullptr && Heard->state().checkable && Heard->state().checked;
+}
+
+void ViewerWindowTest::TellsAssistiveTechnologyWhatIsChecked()
+{
+	QVERIFY(IsHeardChecked("OpenSwitch"));
+	Click("OpenSwitch");
+	QVERIFY(!IsHeardChecked("OpenSwitch"));
+	Click("OpenSwitch");
+	QVERIFY(IsHeardChecked("OpenSwitch"));
+
+	Stage->Bar().GetSettings()->Hover();
+	QVERIFY(IsHeardChecked("Scroll") && !IsHeardChecked("Top"));
+	// A second click on what is chosen changes nothing.
+	for (int Turn = 0; Turn < 2; ++Turn)
+	{
+		Click("Top");
+		QVERIFY(IsHeardChecked("Top") && !IsHeardChecked("Scroll"));
+	}
+	QVERIFY(IsHeardChecked("C_FFFFFF") && !IsHeardChecked("C_FE0302"));
+	Click("C_FE0302");
+	QVERIFY(IsHeardChecked("C_FE0302") && !IsHeardChecked("C_FFFFFF"));
 }
 
 } // namespace Flitmark

@@ -8,15 +8,13 @@
 namespace Flitmark
 {
 
-/** Gives a window the keyboard; false where that cannot be had. */
+/**
+ * Waits until a window has the keyboard, which the window manager gives to each new one; false where that doesn't happen.
+ * Nobody asks for it: an answer that comes late takes the keyboard away for a moment, and with it whatever is pressed.
+ */
 inline bool Activate(QWindow& InWindow)
 {
-	// The window manager may still be starting. It is not asked often: each time it may take the focus away for a moment.
-	for (int Turn = 0; Turn < 10 && !InWindow.isActive(); ++Turn)
-	{
-		InWindow.requestActivate();
-		[[maybe_unused]] const bool bActive = QTest::qWaitFor([&] { return InWindow.isActive(); }, 2'000);
-	}
+	[[maybe_unused]] const bool bActive = QTest::qWaitFor([&] { return InWindow.isActive(); }, 20'000);
 	QTest::qWait(200);
 	return InWindow.isActive();
 }

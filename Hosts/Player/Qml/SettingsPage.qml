@@ -88,7 +88,7 @@ Popup {
 				contentY = Math.max(0, Math.min(contentHeight - height, contentY + distance))
 			}
 
-			objectName: "SettingsFlick"
+			objectName: "SettingsScroll"
 			Layout.topMargin: root.roomy ? 18 - ring : 6
 			Layout.leftMargin: -ring
 			Layout.rightMargin: -ring
