@@ -144,12 +144,12 @@ TEST_F(FOverlayTest, ChangedSettingsShowAtOnceAlsoWhilePaused)
 		{"all of the picture", [](FOverlaySettings& In) { In.Area = 1.0; }, All, 1080.0},
 		{"no scrolling ones", [](FOverlaySettings& In) { In.bShowsScrolling = false; }, {u"top", u"bottom"}, 1080.0},
 		{"no top ones", [](FOverlaySettings& In) { In.bShowsTop = false; }, {u"scrolls", u"bottom"}, 1080.0},
-		{"no bottom ones", [](FOverlaySettings& In) { In.bShowsBottom = false; }, {u"scrolls", u"top"}, 270.0},
+		{"no bottom ones", [](FOverlaySettings& In) { In.bShowsBottom = false; }, {u"scrolls", u"top"}, 810.0},
 		{"later", [](FOverlaySettings& In) { In.Offset = ETimespan::TicksPerSecond * 4; }, {}, 0.0},
-		{"earlier", [](FOverlaySettings& In) { In.Offset = -ETimespan::TicksPerSecond * 9; }, {u"next"}, 1080.0},
+		{"earlier", [](FOverlaySettings& In) { In.Offset = -ETimespan::TicksPerSecond * 12; }, {u"next"}, 1080.0},
 	};
 	Show();
-	LoadComments(*Overlay, {{"scrolls", 0, 8.0}, {"top", 1, 8.0}, {"bottom", 2, 8.0}, {"next", 1, 18.0}});
+	LoadComments(*Overlay, {{"scrolls", 0, 8.0}, {"top", 1, 8.0}, {"bottom", 2, 8.0}, {"next", 1, 20.5}});
 	Overlay->SetMediaTime(10.0);
 	Overlay->Jump();
 	Overlay->SetPaused(true);

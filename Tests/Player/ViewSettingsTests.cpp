@@ -2,6 +2,7 @@
 
 #include "ViewerTestKit.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -21,6 +22,10 @@ class ViewSettingsTest : public testing::Test
 protected:
 	const FOverlaySettings& Get() const { return Stage.Overlay->GetSettings(); }
 
+	int ArgumentCount = 1;
+	char Name[5] = "test";
+	char* Arguments[2] = {Name, nullptr};
+	QCoreApplication Application{ArgumentCount, Arguments};
 	QTemporaryDir Folder;
 	QString Path = Folder.filePath("player.ini");
 	FViewerStage Stage;
