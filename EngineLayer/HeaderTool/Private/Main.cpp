@@ -29,7 +29,7 @@ std::optional<std::string> ReadFile(const std::filesystem::path& Path)
 	return Stream.is_open() && !std::filesystem::is_directory(Path) ? std::optional(Text.str()) : std::nullopt;
 }
 
-/** Leaves a file alone that has these contents, so that nothing is built again for it. */
+/** Leaves a file with these contents alone, so that nothing is rebuilt because of it. */
 bool WriteIfChanged(const std::filesystem::path& Path, const std::string& Text)
 {
 	if (ReadFile(Path) == Text)

@@ -26,7 +26,7 @@ public:
 	{
 	}
 
-	/** None for what cannot be reflected; GetFault then says what is to be done. */
+	/** Empty if the type can't be reflected; GetFault then says what to do. */
 	std::optional<FType> Read()
 	{
 		std::optional<FType> Type = ReadOne(false);
