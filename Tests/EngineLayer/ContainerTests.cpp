@@ -5,7 +5,7 @@
 #include <map>
 #include <random>
 
-/** An object of a given size whose members nobody sets. */
+/** An object of a given size whose members are never set. */
 template <int32 NumBytes>
 class TSizedObject final : public UObject
 {
@@ -26,7 +26,7 @@ IMPLEMENT_LAYER_CLASS(TSizedObject<NumBytes>, "SizedObject")
 namespace
 {
 
-	/** Keys of which many share a hash. */
+	/** Keys, many of which share a hash. */
 	struct FKey
 	{
 		int32 Value;

@@ -134,7 +134,7 @@ TEST_F(FTexts, SubstringsStayInside)
 		const FString Result = UKismetStringLibrary::GetSubstring(TEXT("abcd"), Case.Start, Case.Length);
 		EXPECT_EQ(LayerTest::ToUtf8(Result), Case.Expected);
 	}
-	// Units are cut, not characters.
+	// Cuts by units, not by characters.
 	EXPECT_EQ(UKismetStringLibrary::GetSubstring(u"\U0001F600", 0, 1).Len(), 1);
 }
 

@@ -26,7 +26,7 @@ TEST_F(FWidgetBlueprints, ThatDoNotFitTheirClassAreRefused)
 	const struct
 	{
 		std::vector<FWidget> Tree;
-		/** What the message must name; none: it is built. */
+		/** What the message must name; none if the build succeeds. */
 		std::vector<std::string> Named;
 	} Cases[] = {
 		{{{Canvas, u"Root", u""}, {Button, u"Go", u"Root"}, {Field, u"Field", u"Root"}}, {}},

@@ -8,10 +8,11 @@
 namespace Flitmark
 {
 
-/** Gives a window the keyboard; false where that cannot be had. */
+/** Gives a window keyboard focus; false if that fails. */
 inline bool Activate(QWindow& InWindow)
 {
-	// The window manager may still be starting. It is not asked often: each time it may take the focus away for a moment.
+	// The window manager may still be starting. It is not asked often: each time it may take the focus away for a
+	// moment.
 	for (int Turn = 0; Turn < 10 && !InWindow.isActive(); ++Turn)
 	{
 		InWindow.requestActivate();
@@ -27,7 +28,7 @@ int RunWindowTest(int ArgumentCount, char** Arguments)
 {
 	QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
 	QQuickStyle::setStyle("Basic");
-	// Never ended: the driver would be unloaded, and what it keeps be taken for leaks of ours.
+	// Never destroyed: the driver would be unloaded, and its memory reported as our leaks.
 	static QGuiApplication* const Application = new QGuiApplication(ArgumentCount, Arguments);
 	Application->setQuitOnLastWindowClosed(false);
 	TTest Test;

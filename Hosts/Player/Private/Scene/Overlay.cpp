@@ -13,10 +13,10 @@ namespace
 
 constexpr uint32 Seed = 1;
 
-/** Logical pixels per canvas unit; any fewer and comments could not be read. */
+/** Logical pixels per canvas unit; with any fewer, comments would be illegible. */
 constexpr double MinScale = 0.5;
 
-/** Seconds; a hundred years, so that ticks never overflow. */
+/** In seconds: a hundred years, so that ticks never overflow. */
 constexpr double MaxMediaTime = 3.2e9;
 
 } // namespace
