@@ -27,12 +27,11 @@ function(flitmark_module Name)
 		SOURCES ${Sources} ${Arg_SOURCES}
 		INCLUDE ${PublicDir}
 		PRIVATE_INCLUDE ${Dir}/Private
-		LINK EngineLayer ${Arg_USES})
+		LINK EngineLayer ${Arg_USES}
+		HIDDEN)
 	set_target_properties(${Arg_TARGET} PROPERTIES
 		OUTPUT_NAME UnrealEditor-${Name}
-		INSTALL_RPATH $ORIGIN
-		CXX_VISIBILITY_PRESET hidden
-		VISIBILITY_INLINES_HIDDEN ON)
+		INSTALL_RPATH $ORIGIN)
 	string(TOUPPER ${Name}_API Api)
 	target_compile_definitions(${Arg_TARGET} PRIVATE ${Api}=DLLEXPORT INTERFACE ${Api}=DLLIMPORT)
 	# A unique symbol would keep the library mapped after it is unloaded.

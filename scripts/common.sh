@@ -25,6 +25,8 @@ build()
   [ -t 1 ] || quiet=(-- --quiet)
   if command -v ccache >/dev/null; then
     export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER:-ccache}
+    # Otherwise it takes nothing that uses a precompiled header.
+    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS:+$CCACHE_SLOPPINESS,}pch_defines,time_macros
   fi
   if ! said=$(cmake --preset "$preset" "$@" 2>&1); then
     printf '%s\n' "$said" >&2

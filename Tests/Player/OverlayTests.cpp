@@ -94,6 +94,34 @@ TEST_F(FOverlayTest, TheCanvasFollowsThePicture)
 	EXPECT_FALSE(First().bMovesX);
 }
 
+TEST_F(FOverlayTest, FollowsAMediaThatLeaps)
+{
+	Show();
+	LoadComments(*Overlay, {{"stands", 1, 20.0}});
+	struct FCase
+	{
+		double MediaTime;
+		bool bPaused;
+		std::size_t Shown;
+	};
+	// After minimizing the window; back past a second; and during an unfinished seek.
+	const FCase Cases[] = {{21.5, false, 1}, {4.0, false, 0}, {21.5, true, 0}, {21.5, false, 0}};
+	for (const FCase& Case : Cases)
+	{
+		Overlay->SetPaused(Case.bPaused);
+		Overlay->SetMediaTime(Case.MediaTime);
+		Step();
+		EXPECT_EQ(Count(), Case.Shown);
+	}
+	Overlay->Jump();
+	ASSERT_EQ(Count(), 1u);
+	EXPECT_NEAR(First().Age, 1.5, 0.01);
+	EXPECT_TRUE(Overlay->TakeChange());
+	Step();
+	EXPECT_FALSE(Overlay->TakeChange()) << "it only stands there";
+	EXPECT_FALSE(Overlay->IsMoving());
+}
+
 TEST_F(FOverlayTest, SurvivesTimesThatAreNone)
 {
 	Show();

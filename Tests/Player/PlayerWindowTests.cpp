@@ -66,6 +66,7 @@ void PlayerWindowTest::initTestCase()
 {
 	MakeVideo(Media.filePath("film.mp4"));
 	MakeVideo(Media.filePath("corners.mp4"), FourCorners);
+	MakeVideo(Media.filePath("slow.mp4"), "fps=5");
 	Write(Media.filePath("film.json"), MakeComments());
 	QVERIFY(QFile::copy(Media.filePath("film.mp4"), Media.filePath("bare.mp4")));
 	Write(Media.filePath("list.xml"), "<i><d p=\"30.5,5,25,255,0,0,0,1\">from a list</d></i>");
@@ -84,17 +85,31 @@ void PlayerWindowTest::cleanup()
 	Window = nullptr;
 }
 
+void PlayerWindowTest::ShowsTheVideoTheRightWayUp_data()
+{
+	QTest::addColumn<int>("Rotation");
+	for (const int Rotation : {0, 90, 180, 270})
+	{
+		QTest::addRow("%d degrees", Rotation) << Rotation;
+	}
+}
+
 void PlayerWindowTest::ShowsTheVideoTheRightWayUp()
 {
-	RunFFmpeg({"-i", Media.filePath("corners.mp4"), "-frames:v", "1", Media.filePath("corners.png")});
-	const QImage Frame(Media.filePath("corners.png"));
-	QCOMPARE(Frame.size(), QSize(640, 360));
+	QFETCH(int, Rotation);
+	RunFFmpeg({"-i", Media.filePath("corners.mp4"), "-c", "copy", "-metadata:s:v:0",
+			   "rotate=" + QString::number(Rotation), Media.filePath("rotated.mp4")});
+	RunFFmpeg({"-i", Media.filePath("rotated.mp4"), "-frames:v", "1", Media.filePath("rotated.png")});
+	const QImage Frame(Media.filePath("rotated.png"));
+	QCOMPARE(Frame.size(), Rotation % 180 == 0 ? QSize(640, 360) : QSize(360, 640));
 	// Nothing covers the picture while it plays undisturbed.
-	Open("corners.mp4");
+	Open("rotated.mp4");
 	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().GetPosition() > 1.0, Patience);
 	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible() && !Find("OnScreenMessage")->isVisible(), Patience);
-	const QImage Shown = Grab().copy(RectOf("Comments"));
-	QVERIFY(Shown.width() >= 640 && Shown.height() >= 360);
+	const QRect Rect = RectOf("Comments");
+	const QImage Shown = Grab().copy(Rect);
+	QVERIFY(Rect.width() >= 360 && Rect.height() >= 360);
+	QVERIFY(std::abs(Rect.width() * Frame.height() - Rect.height() * Frame.width()) < 1000);
 	const auto DifferenceTo = [&Shown](const QImage& InImage)
 	{
 		return MeanDifference(Shown, InImage.scaled(Shown.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -171,6 +186,81 @@ void PlayerWindowTest::SwitchesTheCommentsOffAndOn()
 	QVERIFY(Find("CommentField")->isEnabled());
 	StopAt(3.3);
 	QVERIFY(CountPixels(Green) > 500);
+}
+
+void PlayerWindowTest::ShowsAfterAJumpWhatPlayingWouldShow()
+{
+	Open("film.mp4");
+	FPlayer& Film = Player->GetPlayer();
+	Film.SetPlaying(false);
+	Film.SeekTo(22.5);
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Red) > 300, Patience);
+	Film.SeekTo(4.0);
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Green) > 500, Patience);
+	QVERIFY(IsOnCanvas(u"GREEN") && IsOnCanvas(u"GREENER") && !IsOnCanvas(u"RED AND SCROLLING"));
+
+	Film.StepFrame(false);
+	QTRY_VERIFY_WITH_TIMEOUT(!Film.IsWaiting() && Film.GetPosition() < 3.99, Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Green) > 500, Patience);
+	Click("OpenSwitch");
+	QTRY_COMPARE_WITH_TIMEOUT(CountPixels(Green), 0, Patience);
+	Click("OpenSwitch");
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Green) > 500, Patience);
+}
+
+void PlayerWindowTest::StartsInTheMiddleWithItsComments()
+{
+	FPlayerOptions Options = MakeOptions("film.mp4", {});
+	Options.Start = 23.0;
+	std::string Error;
+	Player = FPlayerWindow::Create(Options, Error);
+	QVERIFY2(Player != nullptr, Error.c_str());
+	Window = &Player->GetWindow();
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Red) > 300, Patience);
+}
+
+void PlayerWindowTest::DrawsNoMoreThanMoves()
+{
+	Open("slow.mp4", "film.json");
+	FPlayer& Film = Player->GetPlayer();
+	int NumFrames = 0;
+	connect(Window, &QQuickWindow::frameSwapped, this, [&NumFrames] { ++NumFrames; });
+	// Counts frames over three seconds in which nothing covers the video.
+	const auto CountFrom = [&](double InPosition)
+	{
+		PlayTo(InPosition);
+		QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible() && !Find("OnScreenMessage")->isVisible(), Patience);
+		const double Begin = Film.GetPosition();
+		NumFrames = 0;
+		QTRY_VERIFY_WITH_TIMEOUT(Film.GetPosition() >= Begin + 3.0, Patience);
+	};
+	constexpr int NumPictures = 3 * 5;
+	CountFrom(35.0);
+	QVERIFY2(NumFrames < 2 * NumPictures, qPrintable(QString::number(NumFrames)));
+	Click("OpenSwitch");
+	QTest::mouseMove(Window, CenterOf("Comments"));
+	CountFrom(22.0);
+	QVERIFY2(NumFrames < 2 * NumPictures, qPrintable(QString::number(NumFrames)));
+
+	Film.SetPlaying(false);
+	QTRY_VERIFY_WITH_TIMEOUT(!Find("OnScreenMessage")->isVisible(), Patience);
+	bool bRests = false;
+	for (int Turn = 0; Turn < 20 && !bRests; ++Turn)
+	{
+		NumFrames = 0;
+		QTest::qWait(1000);
+		bRests = NumFrames == 0;
+	}
+	QVERIFY2(bRests, qPrintable(QString::number(NumFrames)));
+
+	// And it wakes up.
+	Click("OpenSwitch");
+	Film.SeekTo(40.0);
+	QTRY_VERIFY_WITH_TIMEOUT(!IsOnCanvas(u"RED AND SCROLLING"), Patience);
+	QTest::qWait(3000);
+	Film.SeekTo(22.5);
+	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"RED AND SCROLLING"), Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(!Film.IsWaiting(), Patience);
 }
 
 void PlayerWindowTest::SeeksByBarAndKeys()

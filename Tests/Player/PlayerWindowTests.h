@@ -17,11 +17,15 @@ private Q_SLOTS:
 	void init();
 	void cleanup();
 
+	void ShowsTheVideoTheRightWayUp_data();
 	void ShowsTheVideoTheRightWayUp();
 	void ShowsCommentsOverTheVideo();
 	void HoldsStillWhilePaused();
 	void SendsACommentThatComesAgainAfterSeekingBack();
 	void SwitchesTheCommentsOffAndOn();
+	void ShowsAfterAJumpWhatPlayingWouldShow();
+	void StartsInTheMiddleWithItsComments();
+	void DrawsNoMoreThanMoves();
 	void SeeksByBarAndKeys();
 	void KeepsCommentsOnThePictureWhenResized();
 	void ShowsThePanelWhileThePointerIsThere();

@@ -101,7 +101,7 @@ int64 FOverlayRunner::FindFirstSecond() const
 	int64 First = Second - LookBack(std::max(UsualWidth, CanvasWidth));
 	for (const FWideText& Wide : WideTexts)
 	{
-		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width) >= Second)
+		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width * Settings.FontScale) >= Second)
 		{
 			First = Wide.Second;
 		}
@@ -116,12 +116,14 @@ void FOverlayRunner::BeginJump()
 	{
 		return;
 	}
+	ApplySettings();
 	if (!IsOpen())
 	{
 		// The jump is made up for when the comments are switched on.
 		UpdateScene(0.0);
 		return;
 	}
+	ApplySettings();
 	// A frame before second 0 makes the overlay forget its second; a paused one would not look at the time.
 	UUI_Danmaku& Overlay = Stage->GetOverlay();
 	Overlay.Resume();

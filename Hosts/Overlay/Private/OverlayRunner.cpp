@@ -2,6 +2,7 @@
 
 #include "Components/CanvasPanel.h"
 #include "UI_Danmaku.h"
+#include "UI_DanmakuNode.h"
 
 #include <algorithm>
 #include <utility>
@@ -143,12 +144,14 @@ void FOverlayRunner::RunFrame(double InSeconds)
 void FOverlayRunner::UpdateScene(double InSeconds)
 {
 	Stage->CollectPaint(Comments);
+	bScrolls = std::ranges::any_of(Comments, [](const FPaintComment& InComment)
+								   { return InComment.Node->GetData().Mode == EDanmakuMode::SCROLL; });
 	Scene.Update(Comments, {View.CanvasSize, Stage->GetCanvasSize().Y, Settings.FontScale}, InSeconds);
 }
 
 bool FOverlayRunner::IsMoving() const
 {
-	return IsJumping() || (!bPaused && Stage->GetCanvas().GetChildrenCount() > 0);
+	return IsJumping() || (!bPaused && bScrolls);
 }
 
 } // namespace Flitmark

@@ -102,7 +102,6 @@ void FCommentSession::Show(FLoadedComments& InOutComments)
 			SpawnTicks.push_back(Entry.SpawnTicks);
 		}
 	}
-	Overlay.Jump();
 	Overlay.Load(std::move(InOutComments.Text), std::move(InOutComments.Document));
 	UpdateDensity();
 	Q_EMIT Loaded(InOutComments.Notes);

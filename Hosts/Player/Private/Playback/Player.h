@@ -129,7 +129,7 @@ public:
 	double GetVolume() const { return Volume; }
 	bool IsMuted() const { return bMuted; }
 	QString GetTitle() const;
-	QSizeF GetVideoSize() const { return QSizeF(Known.Width, Known.Height); }
+	QSizeF GetVideoSize() const;
 	QUrl GetFolder() const { return Media.GetFolder(); }
 	FCommentSession* GetComments() { return &Comments; }
 	FMessageList* GetMessages() { return &Messages; }
@@ -171,6 +171,9 @@ private:
 	void ComplainOf(const QString& InVideo, const QString& InReason);
 	/** Passes a change of state on to the overlay and the window. */
 	void Apply();
+	/** Comments stand still until a seek has arrived. */
+	bool AreCommentsRunning() const { return State.IsRunning() && !Seeks.GetTarget(); }
+	void JumpTo(double InPosition);
 	void Seek(double InPosition, bool bInExact);
 	void LeavePosition();
 	void AnnounceComments(const QStringList& InNotes);
@@ -196,6 +199,8 @@ private:
 	bool bMuted = false;
 	/** The media time that the overlay was given last. */
 	double OverlayTime = 0.0;
+	/** Paused and stepping forward: each picture is a jump, as nothing runs in between. */
+	bool bSteps = false;
 	/** The viewer has been warned. */
 	bool bWarnedUndrawn = false;
 

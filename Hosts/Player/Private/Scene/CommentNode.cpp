@@ -77,8 +77,10 @@ void FCommentNode::preprocess()
 	{
 		Atlas.Use(Comment.StyleId);
 	}
-	bStale |= Atlas.Upload(*Maker);
-	if (Atlas.HasMore())
+	const bool bEntered = Atlas.Upload(*Maker);
+	bStale |= bEntered;
+	// Also for the figures, which count what is still missing when a frame begins.
+	if (bEntered || Atlas.HasMore())
 	{
 		Maker->Notify();
 	}

@@ -42,12 +42,13 @@ double FFrameClock::Advance(double InNow)
 {
 	const double Step = InNow - Last;
 	Last = InNow;
+	bLate = bStarted && Step > LongestStep;
 	if (!bStarted || Step <= 0.0)
 	{
 		bStarted = true;
 		return 0.0;
 	}
-	if (Step > LongestStep)
+	if (bLate)
 	{
 		Owed = 0.0;
 		return Period;

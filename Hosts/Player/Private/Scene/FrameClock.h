@@ -24,6 +24,8 @@ public:
 	 * first.
 	 */
 	double Advance(double InNow);
+	/** Whether the last step was longer than LongestStep. */
+	bool IsLate() const { return bLate; }
 
 private:
 	double Snap(double InStep);
@@ -31,6 +33,7 @@ private:
 	double Period = 1.0 / 60.0;
 	double Last = 0.0;
 	bool bStarted = false;
+	bool bLate = false;
 	/** Real time not yet accounted for, in seconds; negative if too much was. */
 	double Owed = 0.0;
 	/** Mean deviation of the last steps from a whole number of periods, in seconds. */

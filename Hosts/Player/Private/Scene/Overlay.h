@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace Flitmark
 {
@@ -44,20 +45,26 @@ public:
 	/** The display's frames per second; called by the layer. */
 	void SetRefreshRate(double InHertz) { Clock.SetRefreshRate(InHertz); }
 
-	void SetPaused(bool bInPaused) { Runner->SetPaused(bInPaused); }
-	void SetRate(double InRate) { Runner->SetRate(InRate); }
+	void SetPaused(bool bInPaused);
+	void SetRate(double InRate);
 	void SetSpeedScale(double InScale) { Runner->GetSettings().Speed = InScale; }
 	/** Seconds; anything but a sensible time is clamped. */
 	void SetMediaTime(double InSeconds);
 	void SetUrl(const std::string& InUrl);
-	void Jump() { Runner->Jump(); }
+	/** Runs in slices; see FOverlayRunner. */
+	void Jump();
 
-	/** One display frame. */
+	/**
+	 * One display frame. If the media time is not what the last frame and the time since then predict (the window was
+	 * minimized, the clock stepped), this is a jump.
+	 */
 	void RunFrame();
 	/** The same for a given frame time, in seconds. */
-	void RunFrame(double InSeconds);
+	void RunFrame(double InSeconds) { RunFrame(InSeconds, false); }
 
 	bool IsMoving() const { return Runner->IsMoving(); }
+	/** Whether what is drawn has changed since the last call. */
+	bool TakeChange();
 	const FCommentScene& GetScene() const { return Runner->GetScene(); }
 	FTextEngine& GetEngine() const { return Measure->GetEngine(); }
 	/** Makes the comments' sprites; stops with the overlay, even if someone still holds it. */
@@ -67,12 +74,30 @@ public:
 	FFrameMeter& GetMeter() { return Meter; }
 
 private:
+	/** A comment as drawn. */
+	struct FDrawn
+	{
+		uint64 StyleId = 0;
+		FVector2D Position;
+
+		bool operator==(const FDrawn&) const = default;
+	};
+
 	explicit FOverlay(std::unique_ptr<FTextMeasure> InMeasure);
+	void RunFrame(double InSeconds, bool bInLate);
+	bool HasLeapt(double InSeconds, bool bInLate) const;
 
 	const std::unique_ptr<FTextMeasure> Measure;
 	std::unique_ptr<FOverlayRunner> Runner;
 	std::shared_ptr<FSpriteMaker> Maker;
 	double DevicePixelRatio = 1.0;
+	bool bPaused = false;
+	double Rate = 1.0;
+	/** Seconds of media time: now, and at the last frame. */
+	double MediaTime = 0.0;
+	double FrameMediaTime = 0.0;
+	/** As of the last TakeChange. */
+	std::vector<FDrawn> Drawn;
 	FFrameClock Clock;
 	FFrameMeter Meter;
 };

@@ -1,0 +1,8 @@
+#pragma once
+
+// What every GoogleTest program parses, once.
+
+#include "Standard.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
