@@ -76,7 +76,7 @@ namespace
 	TEST(FContainers, ArrayTakesItsOwnElementsWhileItGrows)
 	{
 		TArray<std::string> Array;
-		Array.Add("an element that is too long to stand in the string itself");
+		Array.Add("an element that is too long to fit in the string itself");
 		for (int32 Index = 0; Index < 100; ++Index)
 		{
 			Array.Add(Array[Index]);

@@ -86,7 +86,7 @@ TEST_F(FTexts, FormatsTakeOrderedArguments)
 	EXPECT_EQ(Read(FText::Format(FTextFormat::FromString(TEXT("{0}")),
 								 FFormatOrderedArguments{FText::FromString(TEXT("{1}"))})),
 			  "{1}")
-		<< "an argument is no pattern";
+		<< "an argument is not a pattern";
 }
 
 TEST_F(FTexts, LocalizableTextsFollowTheCulture)

@@ -106,7 +106,7 @@ TEST_F(HeaderToolProgram, RefusesWrongUse)
 	EXPECT_EQ(Run("--module M --package P --output ."), 2);
 	EXPECT_EQ(Run("--wrong"), 2);
 	EXPECT_EQ(Run("--module"), 2);
-	EXPECT_THAT(Errors, testing::HasSubstr("`--module` is no option or lacks its value"));
+	EXPECT_THAT(Errors, testing::HasSubstr("`--module` is not an option or lacks its value"));
 	EXPECT_EQ(Run("--help"), 0);
 }
 

@@ -46,7 +46,7 @@ TEST_F(FPlayback, StopsAndResumesEveryGroup)
 	EXPECT_EQ(CountPaused(), 3);
 	EXPECT_FALSE(Shows());
 	RunFrames(20, 1.f);
-	EXPECT_EQ(GetShown().size(), 3u) << "their time stands still";
+	EXPECT_EQ(GetShown().size(), 3u) << "their time is frozen";
 	GetManager()->Resume();
 	EXPECT_EQ(CountPaused(), 0);
 	EXPECT_TRUE(Shows());

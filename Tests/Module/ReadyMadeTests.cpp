@@ -77,7 +77,7 @@ TEST_F(FReadyMade, BindEveryWidgetOfTheirBases)
 					const UObject* Bound = Property->GetObjectValue(Widget);
 					ASSERT_NE(Bound, nullptr) << Class->GetCppName() << " " << ToUtf8(Property->GetName());
 					EXPECT_TRUE(Bound->IsA(Property->GetReferencedClass()));
-					EXPECT_EQ(Bound, Widget->GetWidgetFromName(Property->GetFName())) << "it stands in the tree";
+					EXPECT_EQ(Bound, Widget->GetWidgetFromName(Property->GetFName())) << "it is in the tree";
 				}
 			}
 		}

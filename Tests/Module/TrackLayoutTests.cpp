@@ -58,7 +58,7 @@ TEST_F(FTrackLayout, WaitsForTheNextCommentToGrow)
 	EXPECT_TRUE(std::ranges::equal(Old, std::vector(New.begin(), New.begin() + 35))) << "the old lanes stay";
 	Stage->SetCanvasSize(FVector2f(640.f, 1080.f));
 	Resize(1080.f);
-	EXPECT_EQ(CountLanes(), (std::vector<int32>{53, 53, 17, 0})) << "the width is no matter";
+	EXPECT_EQ(CountLanes(), (std::vector<int32>{53, 53, 17, 0})) << "the width does not matter";
 }
 
 TEST_F(FTrackLayout, DropsTheFarthestLanesFirstAndTheirCommentsWithThem)

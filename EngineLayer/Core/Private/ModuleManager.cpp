@@ -90,7 +90,7 @@ IModuleInterface* FModuleManager::LoadModule(FName InModuleName, std::string& Ou
 	IModuleInterface* Interface = Initialize != nullptr ? Initialize() : nullptr;
 	if (Interface == nullptr)
 	{
-		OutError = FileName + " is no module: its InitializeModule is missing or gives nothing";
+		OutError = FileName + " is not a module: its InitializeModule is missing or returns nothing";
 		dlclose(Library);
 		return nullptr;
 	}

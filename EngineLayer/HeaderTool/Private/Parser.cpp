@@ -176,7 +176,7 @@ private:
 	{
 		if (Class.BodyLine != 0 || !Class.Properties.empty() || !Class.Functions.empty())
 		{
-			Fail("GENERATED_BODY() must stand once, first in the class");
+			Fail("GENERATED_BODY() must come exactly once, first in the class");
 		}
 		Class.BodyLine = Now().Line;
 		++Pos;
@@ -397,7 +397,7 @@ void CheckGeneratedInclude(const FTokenizedHeader& Tokenized, const FHeader& Hea
 	if (Includes.empty() || Includes.back().Path != Generated || Includes.back().Line > Mark->Line)
 	{
 		throw FHeaderError{Includes.empty() ? Mark->Line : Includes.back().Line,
-						   "`#include \"" + Generated + "\"` must be the last include, before the first mark"};
+						   "`#include \"" + Generated + "\"` must be the last include, before the first macro"};
 	}
 }
 

@@ -155,7 +155,7 @@ private:
 		Check(IsA(Class.Name, "UObject"), Class,
 			  "base `" + Class.Base + "` of `" + Class.Name + "` " +
 				  (Base == Symbols.end()
-					   ? "is no class known here: mark it with UCLASS() and give its header to the same run"
+					   ? "is not a known class: mark it with UCLASS() and give its header to the same run"
 					   : "does not derive from UObject: choose one that does"));
 		Class.Flags = {"CLASS_MatchedSerializers", "CLASS_Native"};
 		if (!Class.Api.empty())
@@ -239,10 +239,10 @@ private:
 		{
 			Check(Type.Kind == "Object" && IsA(Type.Referred, "UWidget"), Property,
 				  "`" + Property.Name +
-					  "` is a BindWidget but refers to no widget: give it a class derived from UWidget");
+					  "` is a BindWidget but does not refer to a widget: give it a class derived from UWidget");
 			Check(IsA(Class.Name, "UUserWidget"), Property,
 				  "`" + Property.Name + "` is a BindWidget in `" + Class.Name +
-					  "`, which is no user widget: derive that from UUserWidget");
+					  "`, which is not a user widget: derive that from UUserWidget");
 		}
 		ResolveEditing(Class, Property);
 		const bool bAssignable = std::ranges::find(Property.Flags, "CPF_BlueprintAssignable") != Property.Flags.end();

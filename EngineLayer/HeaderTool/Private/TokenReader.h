@@ -42,7 +42,7 @@ protected:
 	bool SkipTo(std::initializer_list<std::string_view> Texts);
 	void SkipAttributes();
 
-	/** `MARK(Name, Name=Value, meta=(...))` into flags and metadata. */
+	/** `MACRO(Name, Name=Value, meta=(...))` into flags and metadata. */
 	void ReadSpecifiers(FDeclared& Record, const FSpecifiers& Known);
 	/** `(Key, Key=Value)`, each key prefixed with KeyPrefix. */
 	void ReadMetaData(FDeclared& Record, const std::string& KeyPrefix);

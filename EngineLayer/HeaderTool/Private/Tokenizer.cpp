@@ -324,7 +324,7 @@ private:
 		if (Token.IsMark() && Unknown != Conditionals.end() && !IsSkipping())
 		{
 			throw FHeaderError{Token.Line, "`" + Token.Text + "` under `" + Unknown->Text +
-											   "`: marks may stand under no condition but `#if 0` and `#if 1`; move it "
+											   "`: macros may be under no condition but `#if 0` and `#if 1`; move it "
 											   "out (against double inclusion use `#pragma once`)"};
 		}
 		if (std::all_of(Conditionals.begin(), Conditionals.end(),

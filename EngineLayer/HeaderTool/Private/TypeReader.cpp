@@ -123,7 +123,7 @@ private:
 		Type.Referred = Class;
 		if (Symbol == Symbols.end() || Symbol->second.Prefix != 'U')
 		{
-			Fault = "`" + Class + "` is no class known here: mark it with UCLASS() and give its header to the same run";
+			Fault = "`" + Class + "` is not a known class: mark it with UCLASS() and give its header to the same run";
 			return false;
 		}
 		return true;
