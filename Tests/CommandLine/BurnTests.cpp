@@ -31,7 +31,7 @@ std::string Capture(const std::string& InCommand)
 }
 
 /** Gray values of one frame, 320 x 180. */
-std::string GreyFrame(const std::string& InPath, int InFrame = 0)
+std::string GrayFrame(const std::string& InPath, int InFrame = 0)
 {
 	return Capture("ffmpeg -nostdin -v error -i " + InPath + " -vf \"select='eq(n," + std::to_string(InFrame) +
 				   ")'\" -vframes 1 -f rawvideo -pix_fmt gray -");
@@ -70,10 +70,10 @@ TEST(Burn, PaintsEachCommentInItsTimeAndPlace)
 	EXPECT_THAT(Result.Out, HasSubstr(Out + ": 50 frames, 0:02"));
 	EXPECT_EQ(Capture("ffprobe -v error -show_entries stream=codec_name -of csv=p=0 " + Out), "h264\naac\n");
 
-	const std::string Early = GreyFrame(Out, 20);
+	const std::string Early = GrayFrame(Out, 20);
 	EXPECT_TRUE(IsLit(Early, 0, 30));
 	EXPECT_FALSE(IsLit(Early, 30, 180));
-	const std::string Late = GreyFrame(Out, 30);
+	const std::string Late = GrayFrame(Out, 30);
 	EXPECT_TRUE(IsLit(Late, 0, 30));
 	EXPECT_TRUE(IsLit(Late, 150, 180));
 }
@@ -88,7 +88,7 @@ TEST(Burn, BurnsTheAskedPart)
 	ASSERT_EQ(Result.ExitCode, 0) << Result.Error;
 	EXPECT_THAT(Result.Out, HasSubstr("10 frames"));
 	// Both: the first one began before this part.
-	const std::string First = GreyFrame(Out);
+	const std::string First = GrayFrame(Out);
 	EXPECT_TRUE(IsLit(First, 0, 30));
 	EXPECT_TRUE(IsLit(First, 150, 180));
 }
@@ -227,7 +227,7 @@ TEST(Shot, IsTheSameEachTimeAndObeysItsLook)
 		Arguments.insert(Arguments.end(), InMore.begin(), InMore.end());
 		const FProgramResult Result = RunProgram(Arguments);
 		EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
-		return GreyFrame(Folder.File(InName));
+		return GrayFrame(Folder.File(InName));
 	};
 	const std::string Plain = Take("plain.png", {"--seed", "7"});
 	EXPECT_TRUE(IsLit(Plain, 0, 180));

@@ -6,12 +6,15 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include <string_view>
+
 namespace Flitmark
 {
 
 namespace
 {
 
+using namespace std::string_view_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -85,7 +88,7 @@ std::vector<FPackedCase> MakeCases()
 			  "abc",
 			  Gzip),
 		 1, ""},
-		{"Utf16", Pack(std::string("\xFF\xFE<\0d\0 \0p\0=\0\"\0001\0\"\0>\0x\0<\0/\0d\0>\0", 32), Gzip), 1, ""},
+		{"Utf16", Pack(std::string("\xFF\xFE<\0d\0 \0p\0=\0\"\0001\0\"\0>\0x\0<\0/\0d\0>\0"sv), Gzip), 1, ""},
 	};
 }
 

@@ -204,7 +204,7 @@ TEST(ReplayFile, TimesThatWouldBeTooDenseAreSeconds)
 TEST(ReplayFile, HugeStringsAroundCommentsDoNoHarm)
 {
 	const std::string Entry = R"([{"content_offset_seconds":1,"message":{"body":"a"}}])";
-	for (const std::size_t Size : {65'535, 65'536, 200'001})
+	for (const std::size_t Size : {65'535u, 65'536u, 200'001u})
 	{
 		const std::string Picture = std::string(Size, 'A') + R"(\"\\\")" + std::string(70'000, '\\') + "{";
 		const std::string Json = R"({"first":{"content_offset_seconds":0,"message":{"body":"x"}},"picture":")" +

@@ -4,10 +4,13 @@
 #include "TestMedia.h"
 #include "WindowTestMain.h"
 
+#include <QAccessible>
 #include <QFile>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
+
+#include <cmath>
 
 namespace Flitmark
 {
@@ -32,6 +35,7 @@ private Q_SLOTS:
 	void LeavesTheFieldByAClickThatDoesNothingElse();
 	void HidesTheControlsAfterSending();
 	void KeepsBottomCommentsAboveTheControls();
+	void TellsWhereItIs();
 
 private:
 	/** Row of the lowest green pixel, even if shaded by controls; -1 if there is none. */
@@ -164,6 +168,27 @@ void PlayerUseTest::KeepsBottomCommentsAboveTheControls()
 	Player->GetPlayer().SetPlaying(true);
 	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible(), Patience);
 	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() > RectOf("Comments").bottom() - 60, Patience);
+}
+
+void PlayerUseTest::TellsWhereItIs()
+{
+	Open("other.mp4");
+	StopAt(20.0);
+	QAccessibleInterface* const Bar = QAccessible::queryAccessibleInterface(Find("SeekBar"));
+	QVERIFY(Bar != nullptr && Bar->valueInterface() != nullptr);
+	const double Position = Player->GetPlayer().GetPosition();
+	QCOMPARE(Bar->valueInterface()->currentValue().toDouble(), Position);
+	QCOMPARE(Bar->valueInterface()->maximumValue().toDouble(), 60.0);
+
+	// To the disk too, in case the power goes.
+	const auto Saved = [this]
+	{
+		QFile File(Home->filePath("player.ini"));
+		const QByteArray Text = File.open(QIODevice::ReadOnly) ? File.readAll() : QByteArray();
+		const qsizetype At = Text.indexOf("1\\position=");
+		return At < 0 ? 0.0 : Text.mid(At + 11, Text.indexOf('\n', At) - At - 11).toDouble();
+	};
+	QTRY_VERIFY_WITH_TIMEOUT(std::abs(Saved() - Position) < 10.0, Patience);
 }
 
 } // namespace Flitmark

@@ -3,6 +3,7 @@
 #include "ViewerTestKit.h"
 #include "WindowTestMain.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -44,10 +45,13 @@ private Q_SLOTS:
 	void PutsTheKeyboardIntoTheFieldForAnEmptyComment();
 	void RewritesATypedColor();
 	void ChangesPreferencesOnThePage();
+	void TellsAssistiveTechnologyWhatIsChecked();
 
 private:
 	QQuickItem* Find(const char* Name);
 	QPoint CenterOf(QQuickItem* Item);
+	/** As a screen reader hears it. */
+	bool IsHeardChecked(const char* Name);
 	void Click(const char* Name);
 	void Type(const QString& Text);
 	void Compose(const QString& Preedit, const QString& Commit = {});
@@ -404,6 +408,33 @@ void ViewerWindowTest::ChangesPreferencesOnThePage()
 	QVERIFY(Stage->Bar().GetOpen()->IsChecked());
 	QTest::keyClick(Window, Qt::Key_Escape);
 	QTRY_VERIFY(!Page->property("visible").toBool());
+}
+
+bool ViewerWindowTest::IsHeardChecked(const char* Name)
+{
+	const QAccessibleInterface* const Heard = QAccessible::queryAccessibleInterface(Find(Name));
+	return Heard != nullptr && Heard->state().checkable && Heard->state().checked;
+}
+
+void ViewerWindowTest::TellsAssistiveTechnologyWhatIsChecked()
+{
+	QVERIFY(IsHeardChecked("OpenSwitch"));
+	Click("OpenSwitch");
+	QVERIFY(!IsHeardChecked("OpenSwitch"));
+	Click("OpenSwitch");
+	QVERIFY(IsHeardChecked("OpenSwitch"));
+
+	Stage->Bar().GetSettings()->Hover();
+	QVERIFY(IsHeardChecked("Scroll") && !IsHeardChecked("Top"));
+	// A second click on what is chosen changes nothing.
+	for (int Turn = 0; Turn < 2; ++Turn)
+	{
+		Click("Top");
+		QVERIFY(IsHeardChecked("Top") && !IsHeardChecked("Scroll"));
+	}
+	QVERIFY(IsHeardChecked("C_FFFFFF") && !IsHeardChecked("C_FE0302"));
+	Click("C_FE0302");
+	QVERIFY(IsHeardChecked("C_FE0302") && !IsHeardChecked("C_FFFFFF"));
 }
 
 } // namespace Flitmark

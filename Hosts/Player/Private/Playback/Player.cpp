@@ -166,6 +166,14 @@ void FPlayer::SeekBy(double InSeconds)
 	SeekTo(GetPosition() + InSeconds);
 }
 
+void FPlayer::SeekByKey(double InSeconds, bool bInRepeat)
+{
+	if (const double Step = HeldSeek.Press(InSeconds, bInRepeat, ReadSteadyClock(), GetDuration()); Step != 0.0)
+	{
+		SeekBy(Step);
+	}
+}
+
 void FPlayer::Scrub(double InPosition)
 {
 	if (IsSeekable())
@@ -306,6 +314,10 @@ void FPlayer::OnStateChanged()
 	if (Known.Position != Before.Position || Known.BufferedTo != Before.BufferedTo)
 	{
 		Q_EMIT PositionChanged();
+		if (IsSeekable())
+		{
+			Media.Follow(GetPosition(), GetDuration());
+		}
 	}
 	FMpvState Compared = Before;
 	Compared.Position = Known.Position;

@@ -2,6 +2,7 @@
 
 #include "Mpv/MpvPlayer.h"
 #include "Playback/CommentSession.h"
+#include "Playback/HeldSeek.h"
 #include "Playback/MediaSession.h"
 #include "Playback/MediaTrial.h"
 #include "Playback/MessageList.h"
@@ -91,6 +92,8 @@ public:
 	Q_INVOKABLE void SetPlaying(bool bInPlaying);
 	Q_INVOKABLE void SeekTo(double InPosition);
 	Q_INVOKABLE void SeekBy(double InSeconds);
+	/** By a key; bInRepeat: the keyboard repeats it while it is held down. */
+	Q_INVOKABLE void SeekByKey(double InSeconds, bool bInRepeat);
 	/** While the seek bar is dragged: fast rather than exact, as often as the decoder can follow. */
 	Q_INVOKABLE void Scrub(double InPosition);
 	Q_INVOKABLE void StepFrame(bool bInForward);
@@ -190,6 +193,7 @@ private:
 	/** To be shown with the video once it is loaded. */
 	QStringList Subtitles;
 	FSeekControl Seeks;
+	FHeldSeek HeldSeek;
 	FCommentSession Comments;
 
 	/** libmpv's last reported state. */
