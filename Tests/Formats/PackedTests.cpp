@@ -144,7 +144,7 @@ TEST(Packed, TheRestOfADocumentThatIsCutIsMissed)
 
 TEST(Packed, ABombIsRefused)
 {
-	// A head that is comments, so that it is read on, and then next to nothing in many bytes.
+	// Starts with comments, so that it is read on, followed by many bytes of next to nothing.
 	const std::string Bomb = Pack(MakeXml(10) + std::string(std::size_t{80} << 20, ' '), Gzip);
 	EXPECT_THAT(ImportRefused(Bomb), HasSubstr("unpacks to hundreds of times its size"));
 	EXPECT_THAT(ImportRefused(Pack(std::string(std::size_t{80} << 20, '\0'), Gzip)), HasSubstr("nothing but zeros"));

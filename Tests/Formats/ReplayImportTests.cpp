@@ -23,7 +23,7 @@ class ReplayImport : public testing::TestWithParam<FReplayCase>
 {
 };
 
-/** A line of a live chat that adds one item at a time in milliseconds. */
+/** A live-chat line that adds one item, at a time in milliseconds. */
 std::string Line(const std::string& InTime, const std::string& InItem)
 {
 	return R"({"clickTrackingParams":"C","replayChatItemAction":{"actions":[{"addChatItemAction":{"item":)" + InItem +
@@ -189,7 +189,7 @@ TEST(ReplayOrigin, IsKept)
 			  "7 0 1294271946 \"\" 1600000000\n");
 }
 
-/** Neither beyond any video nor with fractions: only how many there are tells. */
+/** Neither beyond any video nor fractional: only their number gives it away. */
 TEST(ReplayFile, TimesThatWouldBeTooDenseAreSeconds)
 {
 	std::string Json = "[";

@@ -76,7 +76,7 @@ TEST_F(MediaSessionTest, CommentsLastUsedComeBeforeThoseBeside)
 	Media.Remember("Film", AlsoBeside);
 	EXPECT_EQ(Media.FindComments(), QStringList({AlsoBeside, Beside}));
 	Media.Remember("Film", Elsewhere);
-	// None now: those that were used stay remembered.
+	// None now: those last used are still remembered.
 	Media.Remember("Film", {});
 	EXPECT_EQ(Media.FindComments(), QStringList({Elsewhere, Beside, AlsoBeside}));
 	QFile::remove(Elsewhere);

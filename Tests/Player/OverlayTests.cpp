@@ -108,7 +108,7 @@ TEST_F(FOverlayTest, FollowsAMediaThatLeaps)
 		bool bPaused;
 		std::size_t Shown;
 	};
-	// As after the window was minimized; back past a second; and in a seek that has not arrived.
+	// After minimizing the window; back past a second; and during an unfinished seek.
 	const FCase Cases[] = {{21.5, false, 1}, {4.0, false, 0}, {21.5, true, 0}, {21.5, false, 0}};
 	for (const FCase& Case : Cases)
 	{

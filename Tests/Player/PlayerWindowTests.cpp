@@ -20,12 +20,12 @@ constexpr QRgb Ground = qRgb(0x20, 0x30, 0x50);
 constexpr QRgb Green = qRgb(0x00, 0xFF, 0x00);
 constexpr QRgb Red = qRgb(0xFF, 0x00, 0x00);
 
-/** A different color in every corner, and an L that is its own image in no mirror. */
+/** A different color in every corner, and an L, which no mirroring leaves unchanged. */
 const char* const FourCorners = "drawbox=0:0:160:90:red:fill,drawbox=480:0:160:90:green:fill,"
 								"drawbox=0:270:160:90:blue:fill,drawbox=480:270:160:90:yellow:fill,"
 								"drawbox=260:60:40:240:white:fill,drawbox=260:260:140:40:white:fill";
 
-/** Mean difference of two pictures of one size, 0 to 255. */
+/** Mean difference between two pictures of the same size, 0 to 255. */
 double MeanDifference(const QImage& InA, const QImage& InB)
 {
 	double Sum = 0.0;
@@ -41,14 +41,14 @@ double MeanDifference(const QImage& InA, const QImage& InB)
 	return Sum / (3.0 * InA.width() * InA.height());
 }
 
-/** Standing green ones from second 2 on, a red one that scrolls from second 21 on. */
+/** Fixed green ones from second 2, a scrolling red one from second 21. */
 QByteArray MakeComments()
 {
 	return "{\"datas\": [" + MakeComment(2.5, "GREEN", 1, "#00FF00") + "," + MakeComment(2.5, "GREENER", 1, "#00FF00") +
 		   "," + MakeComment(21.2, "RED AND SCROLLING", 0, "#FF0000") + "]}";
 }
 
-/** A document whose reading and drawing take their time. */
+/** A document that takes a while to read and draw. */
 QByteArray MakeManyComments()
 {
 	QByteArray Text = "{\"datas\": [";
@@ -133,7 +133,7 @@ void PlayerWindowTest::ShowsCommentsOverTheVideo()
 	QVERIFY(CountPixels(Ground) > 100'000);
 	QVERIFY(IsOnCanvas(u"GREEN") && IsOnCanvas(u"GREENER"));
 
-	// The picture is upright, and nothing but itself where no comment is.
+	// The picture is upright, and unchanged where there is no comment.
 	const QRect Picture = RectOf("Comments");
 	const QImage Image = Grab();
 	QCOMPARE(Image.pixel(Picture.left() + 20, Picture.top() + Picture.height() / 2), Image.pixel(Picture.center()));
@@ -225,7 +225,7 @@ void PlayerWindowTest::DrawsNoMoreThanMoves()
 	FPlayer& Film = Player->GetPlayer();
 	int NumFrames = 0;
 	connect(Window, &QQuickWindow::frameSwapped, this, [&NumFrames] { ++NumFrames; });
-	// In three seconds in which nothing lies over the film.
+	// Counts frames over three seconds in which nothing covers the video.
 	const auto CountFrom = [&](double InPosition)
 	{
 		PlayTo(InPosition);

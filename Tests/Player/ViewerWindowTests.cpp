@@ -24,7 +24,7 @@ void qml_register_types_Flitmark();
 namespace Flitmark
 {
 
-/** Bar, panel and settings page as a viewer uses them: by keys, pointer and input method. */
+/** Bar, panel and settings page as a viewer uses them: with keys, pointer and input method. */
 class ViewerWindowTest final : public QObject
 {
 	Q_OBJECT
@@ -93,7 +93,7 @@ ApplicationWindow {
 }
 )";
 
-/** Also what a repeater made, which is nobody's child but in the picture. */
+/** Also finds a repeater's items, which have a visual parent only. */
 QQuickItem* FindBelow(const QQuickItem& Item, const QString& Name)
 {
 	for (QQuickItem* Child : Item.childItems())
@@ -234,7 +234,7 @@ void ViewerWindowTest::CutsAComposedTextWhenItIsCommitted()
 	const QString Kana = QString::fromUtf8("こんにちは");
 	Compose(Kana);
 	QCOMPARE(Find("CommentField")->property("preeditText").toString(), Kana);
-	// A part of it is committed while the rest is still being composed.
+	// Part of it is committed while the rest is still being composed.
 	Compose(Kana.mid(3), Kana.left(3));
 	QCOMPARE(GetCounter(), "100/100");
 	QCOMPARE(Find("CommentField")->property("preeditText").toString(), Kana.mid(3));
@@ -296,7 +296,7 @@ void ViewerWindowTest::ShowsThePanelUnderThePointer()
 	QTest::mouseMove(Window, CenterOf(Find("SettingsButton")));
 	QTRY_VERIFY(Stage->Panel().IsDisplayed());
 	QTRY_COMPARE(Panel->opacity(), 1.0);
-	// Onto the panel and back again.
+	// To the panel and back again.
 	for (QQuickItem* Place : {Panel, Find("SettingsButton"), Panel})
 	{
 		QTest::mouseMove(Window, CenterOf(Place));
@@ -316,7 +316,7 @@ void ViewerWindowTest::OpensThePanelByKeys()
 	Button->forceActiveFocus(Qt::TabFocusReason);
 	QTest::keyClick(Window, Qt::Key_Space);
 	QVERIFY(Stage->Panel().IsDisplayed());
-	// Scroll, Top: the space bar picks.
+	// Scroll, Top: the space bar selects.
 	QTest::keyClick(Window, Qt::Key_Tab);
 	QTest::keyClick(Window, Qt::Key_Space);
 	QVERIFY(Stage->Box(Stage->Panel().GetModes(), 1).IsChecked());

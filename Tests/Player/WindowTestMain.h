@@ -9,8 +9,8 @@ namespace Flitmark
 {
 
 /**
- * Waits until a window has the keyboard, which the window manager gives to each new one; false where that doesn't happen.
- * Nobody asks for it: an answer that comes late takes the keyboard away for a moment, and with it whatever is pressed.
+ * Waits until a window has keyboard focus, which the window manager gives to each new one; false if it doesn't. Does
+ * not request it: a late answer takes the focus away for a moment, and loses whatever is pressed then.
  */
 inline bool Activate(QWindow& InWindow)
 {
@@ -25,7 +25,7 @@ int RunWindowTest(int ArgumentCount, char** Arguments)
 {
 	QQuickWindow::setGraphicsApi(QSGRendererInterface::OpenGL);
 	QQuickStyle::setStyle("Basic");
-	// Never ended: the driver would be unloaded, and what it keeps be taken for leaks of ours.
+	// Never destroyed: the driver would be unloaded, and its memory reported as our leaks.
 	static QGuiApplication* const Application = new QGuiApplication(ArgumentCount, Arguments);
 	Application->setQuitOnLastWindowClosed(false);
 	TTest Test;

@@ -14,15 +14,16 @@ namespace
 
 constexpr uint32 Seed = 1;
 
-/** Logical pixels per canvas unit; any fewer and comments could not be read. */
+/** Logical pixels per canvas unit; with any fewer, comments would be illegible. */
 constexpr double MinScale = 0.5;
 
-/** Seconds; a hundred years, so that ticks never overflow. */
+/** In seconds: a hundred years, so that ticks never overflow. */
 constexpr double MaxMediaTime = 3.2e9;
 
 /**
- * Seconds of media time, at a rate of 1, by which it may be ahead of the frames: less than what skips a whole second's
- * comments, more than between the pictures of a slow film. After a late frame, in which the comments stood still, less.
+ * How far the media time may be ahead of the frames, in seconds at a rate of 1: too little to skip a whole second's
+ * comments, but more than the interval between a slow film's pictures. After a late frame, in which the comments stood
+ * still, less.
  */
 constexpr double MostAhead = 1.25;
 constexpr double MostAheadLate = 0.2;
@@ -144,7 +145,7 @@ void FOverlay::RunFrame(double InSeconds, bool bInLate)
 
 bool FOverlay::HasLeapt(double InSeconds, bool bInLate) const
 {
-	// A paused media's time is still that of a seek under way; whoever sought asks for the jump.
+	// While paused, the media time may belong to a seek under way; whoever seeks requests the jump.
 	if (bPaused || Runner->IsJumping())
 	{
 		return false;
