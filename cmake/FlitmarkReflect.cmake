@@ -23,7 +23,7 @@ function(flitmark_reflect)
 		COMMAND ${CMAKE_COMMAND} -E touch ${Folder}/Reflected.stamp
 		DEPENDS FlitmarkHeaderTool ${Arg_HEADERS} ${Arg_USES}
 		WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}
-		COMMENT "Reading the marks of ${Arg_MODULE_NAME}'s headers"
+		COMMENT "Reading the reflection macros in ${Arg_MODULE_NAME}'s headers"
 		VERBATIM)
 	target_sources(${Arg_TARGET} PRIVATE ${Folder}/Reflected.stamp ${Sources})
 	target_include_directories(${Arg_TARGET} PUBLIC ${Folder})

@@ -17,26 +17,32 @@ if(FlitmarkHardened)
 		"$<$<NOT:$<BOOL:$<TARGET_PROPERTY:FLITMARK_UNOPTIMIZED>>>:SHELL:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>")
 endif()
 
-# flitmark_precompiled(NAME HEADER [LINK target...]): a header of cmake/Precompiled, parsed once for all targets that call
-# target_precompile_headers(TARGET REUSE_FROM NAME). They must be compiled with the same options.
-function(flitmark_precompiled Name Header)
-	cmake_parse_arguments(Arg "" "" "LINK;OPTIONS" ${ARGN})
-	file(CONFIGURE OUTPUT ${CMAKE_BINARY_DIR}/Precompiled/${Name}.cpp CONTENT "// Only for its headers.\n" @ONLY)
-	add_library(${Name} OBJECT ${CMAKE_BINARY_DIR}/Precompiled/${Name}.cpp)
+# flitmark_precompiled(NAME KIND HEADER [LINK target...]): a header of cmake/Precompiled, parsed once for all targets that call
+# target_precompile_headers(TARGET REUSE_FROM NAME). They must be of that kind (LIBRARY or TEST), and compiled with the same
+# options.
+function(flitmark_precompiled Name Kind Header)
+	cmake_parse_arguments(Arg "" "" "LINK" ${ARGN})
+	set(Source ${CMAKE_BINARY_DIR}/Precompiled/${Name}.cpp)
+	file(CONFIGURE OUTPUT ${Source} CONTENT "// Only for its headers.\nint main()\n{\n}\n" @ONLY)
+	if(Kind STREQUAL TEST)
+		add_executable(${Name} EXCLUDE_FROM_ALL ${Source})
+		target_compile_options(${Name} PRIVATE -O0)
+		set_target_properties(${Name} PROPERTIES FLITMARK_UNOPTIMIZED ON)
+	else()
+		add_library(${Name} OBJECT ${Source})
+		set_target_properties(${Name} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+	endif()
 	target_link_libraries(${Name} PRIVATE FlitmarkFlags ${Arg_LINK})
-	target_compile_options(${Name} PRIVATE ${Arg_OPTIONS})
 	target_precompile_headers(${Name} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/Precompiled/${Header}.h)
 endfunction()
 
 if(FLITMARK_PRECOMPILE)
-	flitmark_precompiled(FlitmarkHeaders Standard)
-	flitmark_precompiled(FlitmarkHiddenHeaders Standard)
-	set_target_properties(FlitmarkHeaders FlitmarkHiddenHeaders PROPERTIES POSITION_INDEPENDENT_CODE ON)
+	flitmark_precompiled(FlitmarkHeaders LIBRARY Standard)
+	flitmark_precompiled(FlitmarkHiddenHeaders LIBRARY Standard)
 	set_target_properties(FlitmarkHiddenHeaders PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
 endif()
 if(FLITMARK_TESTS)
-	flitmark_precompiled(FlitmarkTestHeaders Tests LINK GTest::gmock OPTIONS -O0)
-	set_target_properties(FlitmarkTestHeaders PROPERTIES FLITMARK_UNOPTIMIZED ON)
+	flitmark_precompiled(FlitmarkTestHeaders TEST Tests LINK GTest::gmock)
 endif()
 
 # flitmark_library(NAME STATIC|SHARED|OBJECT SOURCES file... [INCLUDE dir...] [PRIVATE_INCLUDE dir...]

@@ -32,6 +32,14 @@ void AppendContent(std::string& Document, std::minstd_rand& Random)
 	}
 }
 
+void AppendComment(std::string& Document, std::minstd_rand& Random, int64 Second, int32 Mode, int32 FontSize)
+{
+	Document += "{\"danmaku_spawn_time\":" + std::to_string(Second * TicksPerSecond) + ",\"danmaku_content\":\"";
+	AppendContent(Document, Random);
+	Document += "\",\"danmaku_mode\":" + std::to_string(Mode) +
+				",\"danmaku_font_color\":\"#FFFFFF\",\"danmaku_font_size\":" + std::to_string(FontSize) + "}";
+}
+
 } // namespace
 
 std::unique_ptr<FStage> MakeStage(FVector2f CanvasSize, FSlateFontMeasure& Measure)
@@ -48,6 +56,18 @@ std::unique_ptr<FStage> MakeStage(FVector2f CanvasSize, FSlateFontMeasure& Measu
 	}
 	Stage->Preroll();
 	return Stage;
+}
+
+std::unique_ptr<FTextMeasure> MakeTextMeasure()
+{
+	std::string Error;
+	std::unique_ptr<FTextMeasure> Measure = FTextMeasure::Create({}, Error);
+	if (Measure == nullptr)
+	{
+		std::fprintf(stderr, "%s\n", Error.c_str());
+		std::exit(1);
+	}
+	return Measure;
 }
 
 double ReadThreadTime()
@@ -72,10 +92,21 @@ std::string MakeDenseDocument(int32 Count, int64 Second, int32 FontSize)
 	for (int32 Index = 0; Index < Count; ++Index)
 	{
 		Document += Index == 0 ? "" : ",";
-		Document += "{\"danmaku_spawn_time\":" + std::to_string(Second * TicksPerSecond) + ",\"danmaku_content\":\"";
-		AppendContent(Document, Random);
-		Document += "\",\"danmaku_mode\":0,\"danmaku_font_color\":\"#FFFFFF\",\"danmaku_font_size\":" +
-					std::to_string(FontSize) + "}";
+		AppendComment(Document, Random, Second, 0, FontSize);
+	}
+	return Document + "]}";
+}
+
+std::string MakeSteadyDocument(int32 PerSecond, int64 NumSeconds)
+{
+	std::minstd_rand Random(20240305);
+	std::string Document = "{\"datas\":[";
+	for (int64 Index = 0; Index < NumSeconds * PerSecond; ++Index)
+	{
+		Document += Index == 0 ? "" : ",";
+		// Three in four scroll.
+		const std::uint_fast32_t Kind = Random() % 8;
+		AppendComment(Document, Random, Index / PerSecond, Kind < 6 ? 0 : static_cast<int32>(Kind) - 5, 24);
 	}
 	return Document + "]}";
 }

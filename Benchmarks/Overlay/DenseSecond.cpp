@@ -2,7 +2,6 @@
 
 #include "Overlay/CellMeasure.h"
 #include "Files/FileText.h"
-#include "Overlay/TextMeasure.h"
 #include "UI_Danmaku.h"
 
 #include <benchmark/benchmark.h>
@@ -15,18 +14,6 @@ namespace
 
 constexpr int64 DenseAt = 5;
 constexpr int64 EmptyAt = 9;
-
-std::unique_ptr<FTextMeasure> MakeTextMeasure()
-{
-	std::string Error;
-	std::unique_ptr<FTextMeasure> Measure = FTextMeasure::Create({}, Error);
-	if (Measure == nullptr)
-	{
-		std::fprintf(stderr, "%s\n", Error.c_str());
-		std::exit(1);
-	}
-	return Measure;
-}
 
 void ClearStage(FStage& Stage)
 {

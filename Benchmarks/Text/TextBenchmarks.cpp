@@ -113,25 +113,25 @@ void MeasureSeen(benchmark::State& InState)
 }
 BENCHMARK(MeasureSeen)->ThreadRange(1, 2)->UseRealTime();
 
-void RasteriseDrawnGlyphs(benchmark::State& InState)
+void RasterizeDrawnGlyphs(benchmark::State& InState)
 {
 	FTextEngine& Engine = GetEngine();
 	static const std::vector<std::u16string> Comments = MakeComments(1000);
 	for (const std::u16string& Comment : Comments)
 	{
-		Engine.Rasterise(Comment, SizePoints, {}, OneToOne);
+		Engine.Rasterize(Comment, SizePoints, {}, OneToOne);
 	}
 	std::size_t Next = 0;
 	for (auto _ : InState)
 	{
-		benchmark::DoNotOptimize(Engine.Rasterise(Comments[Next], SizePoints, {}, OneToOne));
+		benchmark::DoNotOptimize(Engine.Rasterize(Comments[Next], SizePoints, {}, OneToOne));
 		Next = Next + 1 < Comments.size() ? Next + 1 : 0;
 	}
 }
-BENCHMARK(RasteriseDrawnGlyphs)->ThreadRange(1, 2)->UseRealTime();
+BENCHMARK(RasterizeDrawnGlyphs)->ThreadRange(1, 2)->UseRealTime();
 
 /** One ideograph a sprite; a size of its own each time round, so that no drawing is found. */
-void RasteriseNewGlyph(benchmark::State& InState)
+void RasterizeNewGlyph(benchmark::State& InState)
 {
 	FTextEngine& Engine = GetEngine();
 	static double Scale = 1.0;
@@ -141,7 +141,7 @@ void RasteriseNewGlyph(benchmark::State& InState)
 	for (auto _ : InState)
 	{
 		const char16_t Ideograph = static_cast<char16_t>(First + Offset);
-		benchmark::DoNotOptimize(Engine.Rasterise({&Ideograph, 1}, SizePoints, {}, {Scale, Scale}));
+		benchmark::DoNotOptimize(Engine.Rasterize({&Ideograph, 1}, SizePoints, {}, {Scale, Scale}));
 		Offset = static_cast<char16_t>(Offset + 1);
 		if (Offset == Count)
 		{
@@ -151,10 +151,10 @@ void RasteriseNewGlyph(benchmark::State& InState)
 	}
 	Scale += 1.0 / 512.0;
 }
-BENCHMARK(RasteriseNewGlyph);
+BENCHMARK(RasterizeNewGlyph);
 
 /** Emoji are scaled from large bitmaps. */
-void RasteriseNewEmoji(benchmark::State& InState)
+void RasterizeNewEmoji(benchmark::State& InState)
 {
 	FTextEngine& Engine = GetEngine();
 	static double Scale = 1.0;
@@ -163,12 +163,12 @@ void RasteriseNewEmoji(benchmark::State& InState)
 	for (auto _ : InState)
 	{
 		const char16_t Emoji[2] = {0xd83d, static_cast<char16_t>(0xde00 + Offset)};
-		benchmark::DoNotOptimize(Engine.Rasterise({Emoji, 2}, SizePoints, {}, {Scale, Scale}));
+		benchmark::DoNotOptimize(Engine.Rasterize({Emoji, 2}, SizePoints, {}, {Scale, Scale}));
 		Offset = static_cast<char16_t>((Offset + 1) % Count);
 		Scale += Offset == 0 ? 1.0 / 2048.0 : 0.0;
 	}
 }
-BENCHMARK(RasteriseNewEmoji);
+BENCHMARK(RasterizeNewEmoji);
 
 } // namespace
 

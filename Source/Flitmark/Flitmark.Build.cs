@@ -6,7 +6,8 @@ public class Flitmark : ModuleRules
 	{
 		// Lane counts depend on how each float operation rounds, so the compiler must not reassociate them.
 		FPSemantics = FPSemanticsMode.Precise;
-		// Shared precompiled headers are built with the target's semantics, which a module that differs cannot use.
+		// Shared precompiled headers are built with the target's float semantics, so a module with different ones can't
+		// use them.
 		PCHUsage = PCHUsageMode.NoSharedPCHs;
 		PrivatePCHHeaderFile = "Private/FlitmarkPCH.h";
 

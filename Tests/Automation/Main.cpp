@@ -12,7 +12,7 @@
 namespace
 {
 
-/** Slots in memory, so that no test touches the user's. */
+/** In-memory slots, so that no test touches the user's. */
 class FMemorySlots final : public ISaveGameSystem
 {
 public:
@@ -58,7 +58,7 @@ bool Run(FAutomationTestBase& Test)
 	return bPassed;
 }
 
-/** Every test whose name is InName or begins with it and a dot; false where one fails or there is none. */
+/** Runs every test whose name is InName or begins with it and a dot; false if one fails or there is none. */
 bool RunNamed(const std::string& InName)
 {
 	int32 NumRun = 0;
@@ -108,7 +108,7 @@ int main(int NumArguments, char** Arguments)
 	{
 		bPassed = RunNamed(Asked);
 	}
-	// Refused where a test left objects in use.
+	// Refused if a test left objects in use.
 	CollectGarbage();
 	if (!FModuleManager::Get().UnloadModule(TEXT("FlitmarkTests"), Error))
 	{

@@ -48,7 +48,7 @@ TEST(Batch, BurnsEachVideoWithTheCommentsBesideIt)
 	}
 	Folder.Write("in/a.xml", ListText);
 	Folder.Write("in/a.txt", "notes about the film");
-	// Known by its content, and better than one for another language.
+	// Recognized by its content, and preferred over one for another language.
 	Folder.Write("in/b.ja.comments", MakeDocument({MakeComment()}));
 	Folder.Write("in/b.ja.zh.xml", ListText);
 	Folder.Write("in/c.xml", ListText);

@@ -30,8 +30,8 @@ std::string Capture(const std::string& InCommand)
 	return Text;
 }
 
-/** Grey values of one frame, 320 x 180. */
-std::string GreyFrame(const std::string& InPath, int InFrame = 0)
+/** Gray values of one frame, 320 x 180. */
+std::string GrayFrame(const std::string& InPath, int InFrame = 0)
 {
 	return Capture("ffmpeg -nostdin -v error -i " + InPath + " -vf \"select='eq(n," + std::to_string(InFrame) +
 				   ")'\" -vframes 1 -f rawvideo -pix_fmt gray -");
@@ -39,13 +39,13 @@ std::string GreyFrame(const std::string& InPath, int InFrame = 0)
 
 constexpr int FrameWidth = 320;
 
-/** Whether anything bright is on the rows given, of a video that is black by itself. */
-bool IsLit(const std::string& InGrey, int InFirstRow, int InEndRow)
+/** Whether anything in the given rows is bright, in a video that is otherwise black. */
+bool IsLit(const std::string& InGray, int InFirstRow, int InEndRow)
 {
 	constexpr unsigned char Bright = 150;
 	for (int Index = InFirstRow * FrameWidth; Index < InEndRow * FrameWidth; ++Index)
 	{
-		if (static_cast<unsigned char>(InGrey[static_cast<std::size_t>(Index)]) > Bright)
+		if (static_cast<unsigned char>(InGray[static_cast<std::size_t>(Index)]) > Bright)
 		{
 			return true;
 		}
@@ -53,7 +53,7 @@ bool IsLit(const std::string& InGrey, int InFirstRow, int InEndRow)
 	return false;
 }
 
-/** A comment at the top from second 0 on, one at the bottom from second 1 on; large, since the video is small. */
+/** A comment at the top from second 0 and one at the bottom from second 1; large, since the video is small. */
 std::string TwoComments()
 {
 	return MakeDocument({MakeComment(R"("danmaku_mode":1,"danmaku_font_size":72)"),
@@ -70,10 +70,10 @@ TEST(Burn, PaintsEachCommentInItsTimeAndPlace)
 	EXPECT_THAT(Result.Out, HasSubstr(Out + ": 50 frames, 0:02"));
 	EXPECT_EQ(Capture("ffprobe -v error -show_entries stream=codec_name -of csv=p=0 " + Out), "h264\naac\n");
 
-	const std::string Early = GreyFrame(Out, 20);
+	const std::string Early = GrayFrame(Out, 20);
 	EXPECT_TRUE(IsLit(Early, 0, 30));
 	EXPECT_FALSE(IsLit(Early, 30, 180));
-	const std::string Late = GreyFrame(Out, 30);
+	const std::string Late = GrayFrame(Out, 30);
 	EXPECT_TRUE(IsLit(Late, 0, 30));
 	EXPECT_TRUE(IsLit(Late, 150, 180));
 }
@@ -87,13 +87,13 @@ TEST(Burn, BurnsTheAskedPart)
 		RunProgram({"burn", BlackVideo(), Comments, "-o", Out, "--from", "0:01", "--to", "1.4"});
 	ASSERT_EQ(Result.ExitCode, 0) << Result.Error;
 	EXPECT_THAT(Result.Out, HasSubstr("10 frames"));
-	// Both: the first one began before the part.
-	const std::string First = GreyFrame(Out);
+	// Both: the first one began before this part.
+	const std::string First = GrayFrame(Out);
 	EXPECT_TRUE(IsLit(First, 0, 30));
 	EXPECT_TRUE(IsLit(First, 150, 180));
 }
 
-/** The video has two seconds; a canvas of its usual height has lanes for 17 comments of 24 points. */
+/** The video is two seconds long; a canvas of the usual height has lanes for 17 comments of 24 points. */
 TEST(Burn, TellsWhatAViewerSees)
 {
 	const FTestFolder Folder;
@@ -118,7 +118,7 @@ TEST(Burn, TellsWhatAViewerSees)
 		 "shown 18; no free lane 3; no lanes for the mode 1; no text, size, or color to see 2; later than the end 1; "
 		 "never due "
 		 "1\n"},
-		// What stands there already is seen.
+		// Comments already on the screen show.
 		{{"burn", "-o", Out, "--from", "1", "--to", "1.5"}, "shown 18; no free lane 3; no lanes"},
 		{{"burn", "-o", Out, "--from", "1.6", "--speed", "10"},
 		 "shown 1; no free lane 3; no lanes for the mode 1; no text, size, or color to see 2; over by then 17; later"},
@@ -194,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(Burn, CtrlCLeavesNothing)
 {
-	// As slow as can be, so that it is caught at work.
+	// As slow as possible, so that it is caught at work.
 	const std::string Video = MakeVideo("long.mp4", "-f lavfi -i testsrc2=s=640x360:r=25 -t 20 -pix_fmt yuv420p "
 													"-c:v libx264 -preset ultrafast");
 	for (const int Signal : {SIGINT, SIGTERM})
@@ -227,7 +227,7 @@ TEST(Shot, IsTheSameEachTimeAndObeysItsLook)
 		Arguments.insert(Arguments.end(), InMore.begin(), InMore.end());
 		const FProgramResult Result = RunProgram(Arguments);
 		EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
-		return GreyFrame(Folder.File(InName));
+		return GrayFrame(Folder.File(InName));
 	};
 	const std::string Plain = Take("plain.png", {"--seed", "7"});
 	EXPECT_TRUE(IsLit(Plain, 0, 180));

@@ -27,7 +27,7 @@ struct FFindingCase
 	const char* Name;
 	/** The document's second comment; the first is a good one. */
 	std::string Comment;
-	/** The one finding, less its text. */
+	/** The only finding, without its text. */
 	const char* Kind;
 	const char* Key;
 	bool bSeen;
@@ -50,7 +50,7 @@ TEST_P(Findings, AreToldByElement)
 
 std::string Without(const std::string& InKey)
 {
-	// What is changed comes first; it is cut off again.
+	// The changed list comes first; it is cut off again.
 	return "{" + MakeComment("\"" + InKey + "\":0").substr(InKey.size() + 6);
 }
 
@@ -156,7 +156,9 @@ TEST(Check, NamesTheFirstOfManyElements)
 	EXPECT_LT(Result.Out.size(), 1000u);
 }
 
-/** A canvas has 53 lanes for scrolling comments, of which one of 24 points takes three, and asks only the first. */
+/**
+ * A canvas has 53 lanes for scrolling comments. A comment of 24 points takes three, of which only the first is checked.
+ */
 TEST(Check, CountsWhatFindsNoLaneWithoutFault)
 {
 	const FTestFolder Folder;

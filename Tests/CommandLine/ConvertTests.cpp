@@ -13,7 +13,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-/** The texts of a written document with their times in seconds, one by one: "Hello@1.5". */
+/** A written document's texts with their times in seconds, one by one: "Hello@1.5". */
 std::vector<std::string> ListComments(const std::string& InDocument)
 {
 	const std::string TimeKey = "\"danmaku_spawn_time\":";
@@ -80,7 +80,7 @@ TEST_P(Formats, AreToldByTheirContentEverywhere)
 	EXPECT_EQ(Traced.Error, "");
 	const FProgramResult Told = RunProgram({"stats", Path});
 	EXPECT_THAT(Told.Out, HasSubstr("1 comment, 1 different text\n"));
-	// The picture is that of the document that the file converts to.
+	// The picture matches the document to which the file converts.
 	const std::string Document = Folder.Write("c.json", Converted.Out);
 	for (const std::string& Comments : {Path, Document})
 	{
@@ -124,7 +124,7 @@ TEST(Convert, MergesFilesEachMovedByItsOwnTime)
 		{{}, {"own@0.5", "early@1", "row@3", "last@61.5", "late@65"}},
 		{{"1:00"}, {"own@0.5", "row@3", "early@61", "last@61.5", "late@125"}},
 		{{"0", "1:01", "-2.5"}, {"row@0.5", "early@1", "last@59", "own@61.5", "late@65"}},
-		// Less than a second before the start is still its first second.
+		// Less than a second before the start still counts as the first second.
 		{{"0", "0", "-0:03.5"}, {"row@-0.5", "own@0.5", "early@1", "last@58", "late@65"}},
 	};
 	for (const auto& Case : Cases)
@@ -141,7 +141,7 @@ TEST(Convert, MergesFilesEachMovedByItsOwnTime)
 		EXPECT_EQ(ListComments(Written), Case.Expected);
 		EXPECT_THAT(Result.Error, HasSubstr("read as XML list, 2 comments"));
 		EXPECT_THAT(Result.Error, HasSubstr("out.json: 5 comments written"));
-		// What a document's author put there besides is kept.
+		// Anything else that a document's author added is kept.
 		EXPECT_THAT(Written, HasSubstr("\"x\":[1.50]"));
 	}
 }
@@ -186,7 +186,7 @@ TEST(Convert, WritesOnceWhatTwoFilesShare)
 		{{First, Later},
 		 {"a@1", "a@1", "b@2", "c@2", "b@2.5", "no ID@3"},
 		 "2.xml: 1 comment is in an earlier file already"},
-		// Moved, they are others.
+		// Once moved, they count as different ones.
 		{{Later, Later, "--offset", "0", "--offset", "0.5"},
 		 {"b@2", "c@2", "b@2.5", "c@2.5", "b@3"},
 		 "2.xml: 1 comment is in an earlier file already"},
@@ -217,7 +217,7 @@ TEST(Convert, GoesToAListAndBack)
 	};
 	const std::string Own = Convert(List, "1.json");
 	const std::string Again = Convert(Convert(Own, "2.xml"), "3.json");
-	// A list has senders only as hashes.
+	// A list stores senders only as hashes.
 	const auto WithoutUsers = [](std::string InDocument)
 	{
 		for (std::size_t Begin = 0; (Begin = InDocument.find("\"user_id\":", Begin)) != std::string::npos;)
@@ -228,7 +228,7 @@ TEST(Convert, GoesToAListAndBack)
 	};
 	EXPECT_EQ(WithoutUsers(ReadFile(Again)), WithoutUsers(ReadFile(Own)));
 	EXPECT_THAT(ReadFile(Own), HasSubstr("\"danmaku_content\":\"bottom\\nof two lines\",\"danmaku_mode\":2"));
-	// Straight from list to list, and what cannot be in one.
+	// Straight from list to list, and what a list can't hold.
 	EXPECT_EQ(ReadFile(Convert(List, "4.xml")), ReadFile(Folder.File("2.xml")));
 	const std::string Unseen =
 		Folder.Write("u.json", MakeDocument({MakeComment(), MakeComment(R"("danmaku_mode":7)")}));
@@ -331,7 +331,7 @@ TEST(Formats, WhatALiveShowBringsIsToldOrShown)
 	const FProgramResult Dropped = RunProgram({"convert", Path, "-o", "-", "--paid", "drop", "--block-user", "Ann"});
 	EXPECT_THAT(ListComments(Dropped.Out), ElementsAre("ad@2"));
 	EXPECT_THAT(Dropped.Error, HasSubstr("1 comment is not served: 1 paid\n"));
-	// Gifts are no comments that a viewer misses.
+	// Gifts are not comments that a viewer misses.
 	const FProgramResult Check = RunProgram({"check", Path, "--json"});
 	EXPECT_EQ(Check.ExitCode, 0);
 	EXPECT_THAT(Check.Out, HasSubstr("\"skipped\":3,\"not_served\":0"));
@@ -439,7 +439,7 @@ TEST(Stats, TellAndDraw)
 	{
 		EXPECT_THAT(Result.Out, HasSubstr(Line));
 	}
-	// Nothing that a terminal would act on.
+	// Nothing that a terminal would interpret.
 	EXPECT_THAT(Result.Out, Not(HasSubstr("\x1B")));
 	const std::string Svg = ReadFile(Picture);
 	EXPECT_THAT(Svg, HasSubstr("<title>&lt;&amp;&gt;.xml</title>"));

@@ -32,7 +32,7 @@ struct FHostileCase
 {
 	const char* Name;
 	std::string (*Make)();
-	/** Of check: 0 all seen, 1 not. */
+	/** check's exit status: 0 if everything is seen, else 1. */
 	int CheckCode;
 	bool bIsDocument = true;
 };
@@ -94,7 +94,7 @@ INSTANTIATE_TEST_SUITE_P(
 		FHostileCase{"ManyNumbers", [] { return "{\"datas\":[" + Repeat("0,", 1'000'000) + "0]}"; }, 1}),
 	[](const auto& InCase) { return InCase.param.Name; });
 
-/** What is no comment file is known by its beginning, however long it is. */
+/** Files without comments are recognized by how they begin, however long they are. */
 TEST(HostileFiles, OfOtherKindsAreNotReadWhole)
 {
 	constexpr std::uintmax_t Size = std::uintmax_t{2} << 30;

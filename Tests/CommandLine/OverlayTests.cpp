@@ -24,7 +24,7 @@ std::string AllModes()
 						 MakeComment(R"("danmaku_mode":2,"danmaku_font_size":72,"danmaku_spawn_time":10000000)")});
 }
 
-/** The raw frames of what an ffmpeg command's arguments give. */
+/** The raw frames that ffmpeg outputs for these arguments. */
 std::string Raw(const FTestFolder& InFolder, const std::string& InArguments)
 {
 	const std::string Path = InFolder.File("raw");
@@ -33,7 +33,7 @@ std::string Raw(const FTestFolder& InFolder, const std::string& InArguments)
 	return ReadFile(Path);
 }
 
-/** Real comments, from the same file, over the same video: by a burn, and by the ffmpeg command. */
+/** Real comments, from the same file, over the same video: by a burn, and by ffmpeg. */
 TEST(Overlay, LaidOverTheVideoGivesTheBurn)
 {
 	const FTestFolder Folder;
@@ -72,7 +72,7 @@ TEST(Overlay, EndsWhenTheLastCommentIsOver)
 	const FProgramResult Trace =
 		RunProgram({"trace", Comments, "--fps", "10", "--size", "1920x1080", "--measure", "fonts"});
 	ASSERT_EQ(Trace.ExitCode, 0) << Trace.Error;
-	// The frame in which the last comment ends, in a log of the same steps, the first of which is one frame long there.
+	// The frame in which the last comment ends, from a log of the same steps, whose first step is one frame long.
 	const std::size_t Last = Trace.Out.rfind("\"ended\"");
 	ASSERT_NE(Last, std::string::npos);
 	const std::size_t Line = Trace.Out.rfind("{\"frame\":", Last);

@@ -9,7 +9,7 @@
 namespace Flitmark::Testing
 {
 
-/** A folder that is gone with the test. */
+/** A folder that is removed with the test. */
 class FTestFolder
 {
 public:
@@ -19,9 +19,9 @@ public:
 	FTestFolder& operator=(const FTestFolder&) = delete;
 
 	std::string File(const std::string& InName) const { return (Path / InName).string(); }
-	/** A file of that text; gives its path. */
+	/** Writes a file with this text; returns its path. */
 	std::string Write(const std::string& InName, const std::string& InText) const;
-	/** Sorted names of the files in it. */
+	/** Sorted names of its files. */
 	std::vector<std::string> List() const;
 
 private:
@@ -33,11 +33,11 @@ std::string ReadFile(const std::string& InPath);
 /** How a program ended. */
 struct FProgramResult
 {
-	/** Exit status; the negative number of the signal that killed it. */
+	/** Exit status, or the negated number of the signal that killed it. */
 	int ExitCode = 0;
 	std::string Out;
 	std::string Error;
-	/** Most memory it had at once, in MiB. */
+	/** Peak memory, in MiB. */
 	long PeakMiB = 0;
 };
 
@@ -45,14 +45,14 @@ struct FProgramResult
 class FProgram
 {
 public:
-	/** InOutput: where standard output goes, if not to the result. */
+	/** InOutput: where standard output goes instead of to the result. */
 	explicit FProgram(const std::vector<std::string>& InArguments, const std::string& InOutput = {});
 	~FProgram();
 	FProgram(const FProgram&) = delete;
 	FProgram& operator=(const FProgram&) = delete;
 
 	void Send(int InSignal) const;
-	/** Whether it has a file of that folder open, one without a name included. */
+	/** Whether it has a file in that folder open, even one without a name. */
 	bool HasOpen(const FTestFolder& InFolder) const;
 	FProgramResult Wait();
 
@@ -63,11 +63,11 @@ private:
 
 FProgramResult RunProgram(const std::vector<std::string>& InArguments, const std::string& InOutput = {});
 
-/** A comment whose keys are all there, with InChange's keys in place of its own: R"("danmaku_mode":7)". */
+/** A comment with every key, overridden by InChange's: R"("danmaku_mode":7)". */
 std::string MakeComment(const std::string& InChange = {});
 std::string MakeDocument(const std::vector<std::string>& InComments);
 
-/** Made by the ffmpeg command once per program; the name's ending says the container. */
+/** Made by ffmpeg once per program; the file extension selects the container. */
 std::string MakeVideo(const std::string& InName, const std::string& InArguments);
 /** Two seconds of black, 320 x 180, 25 frames per second, with sound. */
 std::string BlackVideo();

@@ -6,14 +6,14 @@ namespace Flitmark::Testing
 {
 
 /**
- * The contract with widget blueprints and stored records: whoever changes it on purpose splits the output of
- * `flitmark reflect` into the two files in Tests/CommandLine/Golden and tells users in the change log.
+ * The contract with widget blueprints and stored records. To change it on purpose, split the output of `flitmark
+ * reflect` into the two files in Tests/CommandLine/Golden and tell users in the changelog.
  */
 TEST(FReflect, ListsWhatBlueprintsRelyOn)
 {
 	const FProgramResult Result = FProgram({"reflect"}).Wait();
 	EXPECT_EQ(Result.ExitCode, 0) << Result.Error;
-	// Each list in a file of its own: the first is a contract, the second may grow.
+	// One file per list: the first is a contract, the second may grow.
 	EXPECT_EQ(Result.Out,
 			  ReadFile(REFLECT_GOLDEN "/reflect.txt") + "\n" + ReadFile(REFLECT_GOLDEN "/reflect-widgets.txt"));
 }

@@ -28,7 +28,7 @@ struct FSample
 	double Y = 0.0;
 };
 
-/** An event of a subtitle. */
+/** A subtitle event. */
 struct FEvent
 {
 	FSample Begin;
@@ -76,7 +76,7 @@ std::vector<FEvent> ReadEvents(const std::string& InFile)
 	return Events;
 }
 
-/** What a trace with positions tells of a comment that was placed. */
+/** What a trace with positions says about a placed comment. */
 struct FTraced
 {
 	double FontSize = 0.0;
@@ -120,7 +120,7 @@ std::map<int, FTraced> ReadTrace(const std::string& InTrace)
 	return Comments;
 }
 
-/** Comments of every mode and several sizes, more than there are lanes for, with a pause between. */
+/** Comments of every mode and several sizes, too many for the lanes, with a pause in between. */
 std::string MakeCrowd()
 {
 	std::vector<std::string> Comments;
@@ -147,7 +147,7 @@ TEST(Subtitles, StandWhereTheTraceHasThemInEveryFrame)
 		std::vector<std::string> Options;
 		double Fps = 60.0;
 		double FontScale = 1.0;
-		/** How much lower bottom comments stand than on the canvas that the trace has. */
+		/** How much lower bottom comments are than on the trace's canvas. */
 		double Shift = 0.0;
 	} Cases[] = {
 		{{"--seed", "1"}},
@@ -169,7 +169,7 @@ TEST(Subtitles, StandWhereTheTraceHasThemInEveryFrame)
 		EXPECT_LT(Events.size(), 240U);
 		EXPECT_THAT(Written.Error,
 					HasSubstr("\nflitmark: " + std::to_string(240 - Events.size()) + " comments found no free lane; "));
-		// Of the font, which is the same for all: from the top of a comment to that of its letters' cell, in ems.
+		// A property of the font, the same for all: from the top of a comment to the top of its letters' cell, in ems.
 		std::optional<double> Rise;
 		auto Event = Events.begin();
 		for (const auto& [Id, Comment] : Traced)
@@ -192,7 +192,7 @@ TEST(Subtitles, StandWhereTheTraceHasThemInEveryFrame)
 	}
 }
 
-/** A picture's pixels, three bytes each, red first; small enough for fractions of a pixel not to count. */
+/** A picture's pixels, three bytes each, red first; small enough for fractions of a pixel not to matter. */
 std::string ReadPixels(const std::string& InInput, const std::string& InFilter)
 {
 	const FTestFolder Folder;
@@ -203,7 +203,7 @@ std::string ReadPixels(const std::string& InInput, const std::string& InFilter)
 	return ReadFile(Raw);
 }
 
-/** The share of the pixels that are not black in either picture in which the pictures clearly differ. */
+/** Of the pixels that are not black in both pictures, the share in which the pictures clearly differ. */
 double CompareInk(const std::string& InOne, const std::string& InOther)
 {
 	EXPECT_EQ(InOne.size(), InOther.size());
@@ -270,7 +270,7 @@ TEST(Subtitles, CountWhatTheyLeaveOut)
 	const std::string Written = ReadFile(Folder.File("o.ASS"));
 	EXPECT_EQ(ReadEvents(Written).size(), 1U);
 	EXPECT_THAT(Written, HasSubstr(",&H7FFFFFFF,&H00FFFFFF,&H99000000,"));
-	// Nothing at all is a subtitle, too.
+	// An empty subtitle is a subtitle, too.
 	const std::string Empty = Folder.Write("e.json", "{\"datas\":[]}");
 	EXPECT_THAT(RunProgram({"convert", Empty, "-o", "-", "--to", "ass"}).Out, testing::EndsWith("Effect, Text\n"));
 }

@@ -20,11 +20,11 @@ using testing::Eq;
 using testing::HasSubstr;
 using testing::Not;
 
-/** Names come from archives and downloads, and what is in them from anybody; a terminal obeys some of it. */
+/** File names come from archives and downloads and may contain anything; a terminal interprets some of it. */
 TEST(Surroundings, NoNameOrOptionCommandsTheTerminal)
 {
 	const FTestFolder Folder;
-	// Sets a window's title, then clears the screen in both codings, then turns the direction.
+	// Sets the window title, then clears the screen in both encodings, then reverses the text direction.
 	const std::string Evil = "\x1b]0;x\x07\x1b[2J\xc2\x9b"
 							 "2J\x9b\u202e\r\n";
 	const std::string Document = MakeDocument({MakeComment("\"danmaku_content\":\"a\\u001b[2J\""), "17"});
@@ -110,7 +110,7 @@ TEST(Surroundings, TheClockOfATraceStandsAtItsLastTick)
 	}
 }
 
-/** How a shell command ended, and all that it said. */
+/** How a shell command ended, and all its output. */
 struct FShellResult
 {
 	int ExitCode = 0;
@@ -130,7 +130,7 @@ FShellResult RunShell(const std::string& InCommand)
 	return Result;
 }
 
-/** What is kept for a moment needs no folder, which a killed program would leave. */
+/** Temporary data needs no folder, which a killed program would leave behind. */
 TEST(Surroundings, ATraceNeedsNoTemporaryFolder)
 {
 	const FTestFolder Folder;
@@ -163,7 +163,9 @@ TEST(Surroundings, LimitsAreNamedAndLeaveNothing)
 			  "shot " + BlackVideo() + " " + Comments + " --at 1 -o " + Folder.File("o.png")})
 		{
 			SCOPED_TRACE(Limit + " " + Command.substr(0, 4));
-			const FShellResult Result = RunShell("ulimit " + Limit + "; exec " FLITMARK_PROGRAM " " + Command);
+			// Files that the test inherited count against the limit, too.
+			const std::string Close = "exec 3<&- 4<&- 5<&- 6<&- 7<&- 8<&- 9<&-; ";
+			const FShellResult Result = RunShell(Close + "ulimit " + Limit + "; exec " FLITMARK_PROGRAM " " + Command);
 			EXPECT_THAT(Result.ExitCode, AnyOf(Eq(0), Eq(1))) << Result.Said;
 			EXPECT_THAT(Result.Said, Not(AnyOf(HasSubstr("std::"), HasSubstr("reinstall"), HasSubstr("_M_"))));
 			if (Result.ExitCode == 1)

@@ -61,7 +61,7 @@ TEST_F(TraceSettings, AFontScaleIsALargerSizeInEveryComment)
 	EXPECT_NE(Scaled, Larger.Out) << "the document's own size is what is told";
 }
 
-/** Frames and media times of the events that InPattern finds. */
+/** Frames and media times of the events that match InPattern. */
 std::vector<std::string> FindAll(const std::string& InTrace, const std::string& InPattern)
 {
 	std::vector<std::string> Found;

@@ -96,7 +96,7 @@ bool IsSeen(const FCommentDocument& InDocument, const FCommentEntry& InEntry)
 struct FVerdictCase
 {
 	const char* Name;
-	/** What the comment's element says besides; later members hold. */
+	/** Further members of the comment's element; later ones win. */
 	std::string Change;
 	bool bSeen;
 };
@@ -105,7 +105,7 @@ class Verdicts : public FCommentsTest, public testing::WithParamInterface<FVerdi
 {
 };
 
-/** The light document that is reviewed, the comments that are counted and those that are filtered agree. */
+/** The document as reviewed, as counted, and as filtered agrees. */
 TEST_P(Verdicts, AreTheSameEverywhere)
 {
 	const std::string Text = "{\"datas\":[" + MakeElement(GetParam().Change) + "]}";
@@ -117,7 +117,7 @@ TEST_P(Verdicts, AreTheSameEverywhere)
 	ASSERT_TRUE(Input && Input->ImportOwn(Error)) << Error;
 	EXPECT_EQ(IsVisible(Input->Comments.at(0)), GetParam().bSeen);
 
-	// It competes with the visible one beside it exactly if it can be seen.
+	// It competes with the visible one beside it if and only if it can be seen.
 	const std::string Crowd = "{\"datas\":[" + MakeElement(GetParam().Change) + "," + MakeElement("") + "]}";
 	const std::optional<FCommentsFile> Thinned = Load(Crowd, MaxPerSecond(1));
 	ASSERT_TRUE(Thinned) << Error;
@@ -176,7 +176,7 @@ TEST_F(FCommentsTest, FiltersKeepWhatIsWrongWithTheRest)
 	EXPECT_EQ(File->Report.Import.NumRead, 3U);
 }
 
-/** In whatever encoding the document comes. */
+/** Whatever the document's encoding. */
 TEST_F(FCommentsTest, FiltersKeepTheBytesOfTheRest)
 {
 	const std::string Kept = "{ \"danmaku_content\":\"弾\", \"x\" : 1.50 }";
@@ -210,7 +210,7 @@ TEST_F(FCommentsTest, OtherFormatsNeedNoTextToBeReviewed)
 	}
 }
 
-/** Names are no part of what the overlay reads. */
+/** The overlay does not read names. */
 TEST_F(FCommentsTest, NamesInDocumentsCanBeBlocked)
 {
 	FFilterOptions Filters;
@@ -263,7 +263,7 @@ TEST_F(FCommentsTest, TallCommentsAreMadeToFit)
 	EXPECT_EQ(Own->Report.NumFitted, 0U);
 }
 
-/** Everything that was in a file is in its report, once. */
+/** Everything in a file is in its report, exactly once. */
 TEST_F(FCommentsTest, ReportsNameEveryReason)
 {
 	const std::optional<FCommentsFile> File =
@@ -284,7 +284,7 @@ TEST_F(FCommentsTest, ReportsNameEveryReason)
 	EXPECT_EQ(static_cast<int64>(Import.NumEntries - Import.CountSkipped()) - File->Report.CountLost(), 3);
 }
 
-/** Filtered or not, what is wrong is said in the same words. */
+/** Filtered or not, faults are reported in the same words. */
 /** Our own document and a list of another format: 20,002 comments in second 1, one in second 2. */
 TEST_F(FCommentsTest, AtMostTwentyThousandOfASecondAreHandedOver)
 {

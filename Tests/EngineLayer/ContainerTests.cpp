@@ -5,7 +5,7 @@
 #include <map>
 #include <random>
 
-/** An object of a given size whose members nobody sets. */
+/** An object of a given size whose members are never set. */
 template <int32 NumBytes>
 class TSizedObject final : public UObject
 {
@@ -26,7 +26,7 @@ IMPLEMENT_LAYER_CLASS(TSizedObject<NumBytes>, "SizedObject")
 namespace
 {
 
-	/** Keys of which many share a hash. */
+	/** Keys, many of which share a hash. */
 	struct FKey
 	{
 		int32 Value;
@@ -76,7 +76,7 @@ namespace
 	TEST(FContainers, ArrayTakesItsOwnElementsWhileItGrows)
 	{
 		TArray<std::string> Array;
-		Array.Add("an element that is too long to stand in the string itself");
+		Array.Add("an element that is too long to fit in the string itself");
 		for (int32 Index = 0; Index < 100; ++Index)
 		{
 			Array.Add(Array[Index]);

@@ -8,7 +8,7 @@
 namespace
 {
 
-/** A user widget with one of each control, in a wrap box, inside the user widget of a whole screen. */
+/** A user widget with one of each control, in a wrap box, inside a full-screen user widget. */
 class FControls : public FLayerFixture
 {
 protected:
@@ -45,7 +45,7 @@ protected:
 		Screen->ConstructTree();
 		LayerTest::TakeLog();
 	}
-	/** Everything that a viewer can do; gives how many events came of it. */
+	/** Does everything that a viewer can do; returns how many events that raised. */
 	std::size_t DoAll()
 	{
 		LayerTest::TakeLog();
@@ -78,7 +78,7 @@ TEST_F(FControls, AreUsableOnlyWhereDisplayedAndEnabledAllTheWayUp)
 	UWidget* const Around[] = {Bar->GetRootWidget(), Bar, Screen->GetRootWidget(), Screen};
 	for (UWidget* Widget : Around)
 	{
-		// What goes on inside the bar's box does not keep the pointer from the bar itself.
+		// Whatever happens inside the bar's box, the pointer still reaches the bar itself.
 		const std::size_t Left = Widget == Bar->GetRootWidget() ? 2 : 0;
 		SCOPED_TRACE(LayerTest::NameOf(*Widget));
 		for (const ESlateVisibility Gone : {ESlateVisibility::Hidden, ESlateVisibility::Collapsed})

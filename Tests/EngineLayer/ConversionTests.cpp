@@ -38,7 +38,7 @@ TEST(Conversions, BytesBecomeText)
 		{"caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC \xF0\x9F\x98\x80", u"caf\u00E9 \u65E5\u672C \U0001F600"},
 		{"\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF",
 		 u"\x80\x7FF\x800\xFFFF\U00010000\U0010FFFF"},
-		// One replacement for each of the longest beginnings of a character.
+		// One replacement for each maximal beginning of a character.
 		{"\x80", u"\uFFFD"},
 		{"\xC0\x80", u"\uFFFD\uFFFD"},
 		{"\xE0\x80\x80", u"\uFFFD\uFFFD\uFFFD"},
@@ -82,7 +82,7 @@ TEST(Conversions, TextBecomesBytes)
 
 TEST(Conversions, LongTextsComeBackWhole)
 {
-	// Of all widths, so that characters lie across the borders of every block that the conversion works in.
+	// Characters of all widths, so that some straddle every block boundary of the conversion.
 	const std::u16string_view Piece = u"ascii runs of some length \u00E9\u65E5\u672C\U0001F600\u8A9E";
 	std::u16string Text;
 	for (int32 Round = 0; Text.size() < 40'000; ++Round)

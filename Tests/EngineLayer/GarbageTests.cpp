@@ -12,7 +12,7 @@ protected:
 	{
 		return NewObject<UTestListener>(Outer, UTestListener::StaticClass(), Name);
 	}
-	/** Who went, by name. */
+	/** The destroyed objects, by name. */
 	static FLog Collect(EObjectFlags KeepFlags = RF_NoFlags)
 	{
 		LayerTest::TakeLog();

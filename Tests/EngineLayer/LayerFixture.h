@@ -8,7 +8,7 @@
 
 using FLog = std::vector<std::string>;
 
-/** A world of its own; at its end nothing is left of what the test made. */
+/** A fresh world; when it is destroyed, nothing that the test made is left. */
 class FLayerFixture : public testing::Test, public FGCObject
 {
 protected:
@@ -18,7 +18,7 @@ protected:
 		LayerTest::TakeLog();
 	}
 
-	/** Keeps the object alive until the test's end or its release. */
+	/** Keeps the object alive until the test ends or releases it. */
 	template <class T>
 	T* Keep(T* Object)
 	{
@@ -33,7 +33,7 @@ protected:
 		return Keep(NewObject<T>(World, T::StaticClass(), Name));
 	}
 
-	/** Before the test's members go: a widget blueprint must outlive its widgets. */
+	/** Before the test's members are destroyed: a widget blueprint must outlive its widgets. */
 	void TearDown() override
 	{
 		KeptObjects.clear();

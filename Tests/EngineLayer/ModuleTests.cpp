@@ -65,7 +65,7 @@ TEST_F(FModules, AreLoadedUnloadedAndLoadedAgain)
 		EXPECT_EQ(UGameplayStatics::LoadGameFromMemory(Saved), nullptr) << "its class is not known now";
 		EXPECT_TRUE(FindPackageContents("/Script/LayerReload").Classes.empty());
 	}
-	// What the probes left there is of no module any more.
+	// What the probes left there no longer belongs to a module.
 	World->GetTimerManager().Tick(2.f);
 	EXPECT_EQ(World->GetTimerManager().Num(), 0);
 	EXPECT_FALSE(Manager.UnloadModule(Name, Error));

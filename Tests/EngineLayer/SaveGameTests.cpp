@@ -10,7 +10,7 @@
 namespace
 {
 
-/** Slots in memory; a failing one writes nothing. */
+/** In-memory slots; a failing one writes nothing. */
 class FMemorySlots final : public ISaveGameSystem
 {
 public:
@@ -45,7 +45,7 @@ public:
 class FSaveGames : public FLayerFixture
 {
 protected:
-	/** The test's class is announced by no library: it is known once it was asked for. */
+	/** No library registers the test's class: it becomes known when first asked for. */
 	FSaveGames() { UTestSave::StaticClass(); }
 
 	static UTestSave* Make()
@@ -121,7 +121,7 @@ TEST_F(FSaveGames, CutShortAnywhereAreUnreadable)
 	UTestSave* Save = Make();
 	Save->Title = TEXT("[End]\n[End]");
 	const std::string Whole = Write(Save);
-	// Without its last line feed a record is whole.
+	// A record is complete even without its last line feed.
 	for (std::size_t Length = 0; Length + 1 < Whole.size(); ++Length)
 	{
 		EXPECT_EQ(Read(Whole.substr(0, Length)), nullptr) << Whole.substr(0, Length);

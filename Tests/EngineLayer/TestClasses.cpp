@@ -178,7 +178,7 @@ DEFINE_FUNCTION(UTestListener::execOnCommitted)
 void UTestListener::Log(const std::string& What)
 {
 	LayerTest::GetLog().push_back(LayerTest::NameOf(*this) + ":" + What);
-	// A copy: it may take itself away.
+	// A copy: it may remove itself.
 	if (const std::function<void()> Called = Reaction)
 	{
 		Called();
@@ -232,7 +232,7 @@ void UTestWidget::NativeTick(const FGeometry& MyGeometry, float InDeltaTime)
 {
 	Super::NativeTick(MyGeometry, InDeltaTime);
 	Log("tick");
-	// A copy: it may take itself away.
+	// A copy: it may remove itself.
 	if (const std::function<void()> Called = Ticked)
 	{
 		Called();

@@ -12,17 +12,17 @@
 #include <string>
 #include <vector>
 
-/** Classes that stand in for a module's: registered by records such as the header tool writes. */
+/** Stand-ins for a module's classes, registered by records like those that the header tool writes. */
 namespace LayerTest
 {
 
 std::string ToUtf8(const FString& Text);
-/** In upper case: a name's case is that of whoever used it first in the process. */
+/** Uppercase, because a name's case depends on who first used it in the process. */
 std::string NameOf(const UObject& Object);
 
-/** What happened, in order, since the test's fixture was made. */
+/** What has happened, in order, since the test's fixture was made. */
 std::vector<std::string>& GetLog();
-/** The log so far, which starts anew. */
+/** Returns the log so far, and clears it. */
 std::vector<std::string> TakeLog();
 
 } // namespace LayerTest
@@ -51,9 +51,9 @@ public:
 	static void execOnText(UObject* Context, FFrame& Stack, RESULT_DECL);
 	static void execOnCommitted(UObject* Context, FFrame& Stack, RESULT_DECL);
 
-	/** Run inside each call, after it was logged. */
+	/** Runs in each call, after it was logged. */
 	std::function<void()> Reaction;
-	/** Run when the destruction begins. */
+	/** Runs when the destruction begins. */
 	std::function<void()> Dying;
 
 	TObjectPtr<UObject> Held;
@@ -63,7 +63,7 @@ private:
 	void Log(const std::string& What);
 };
 
-/** A user widget that tells what it goes through. */
+/** A user widget that logs what happens to it. */
 class UTestWidget : public UUserWidget
 {
 	DECLARE_LAYER_CLASS(UTestWidget, UUserWidget)
@@ -74,7 +74,7 @@ public:
 	{
 	}
 
-	/** Run in each tick, after it was logged. */
+	/** Runs in each tick, after it was logged. */
 	std::function<void()> Ticked;
 
 protected:
@@ -106,7 +106,7 @@ public:
 	int32 Limit = 7;
 };
 
-/** A record with a property of each kind that is kept. */
+/** A record with a property of each kind that can be saved. */
 class UTestSave : public USaveGame
 {
 	DECLARE_LAYER_CLASS(UTestSave, USaveGame)
@@ -125,7 +125,7 @@ public:
 	FString Title;
 };
 
-/** A record that adds something that can't be kept. */
+/** A record that adds something that can't be saved. */
 class UTestUnkeptSave : public UTestSave
 {
 	DECLARE_LAYER_CLASS(UTestUnkeptSave, UTestSave)

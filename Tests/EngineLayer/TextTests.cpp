@@ -86,7 +86,7 @@ TEST_F(FTexts, FormatsTakeOrderedArguments)
 	EXPECT_EQ(Read(FText::Format(FTextFormat::FromString(TEXT("{0}")),
 								 FFormatOrderedArguments{FText::FromString(TEXT("{1}"))})),
 			  "{1}")
-		<< "an argument is no pattern";
+		<< "an argument is not a pattern";
 }
 
 TEST_F(FTexts, LocalizableTextsFollowTheCulture)
@@ -134,7 +134,7 @@ TEST_F(FTexts, SubstringsStayInside)
 		const FString Result = UKismetStringLibrary::GetSubstring(TEXT("abcd"), Case.Start, Case.Length);
 		EXPECT_EQ(LayerTest::ToUtf8(Result), Case.Expected);
 	}
-	// Units are cut, not characters.
+	// Cuts by units, not by characters.
 	EXPECT_EQ(UKismetStringLibrary::GetSubstring(u"\U0001F600", 0, 1).Len(), 1);
 }
 

@@ -14,7 +14,7 @@ protected:
 	{
 	}
 
-	/** In which of the ticks the listener was called, a tick as often as it was. */
+	/** The ticks in which the listener was called, each listed once per call. */
 	std::vector<int32> Run(const std::vector<float>& Ticks)
 	{
 		std::vector<int32> Fired;
@@ -51,7 +51,7 @@ TEST_F(FTimers, FireInTheFirstFrameThatReachesTheirDelay)
 		{-1.f, true, -1.f, {1.f}, {}},
 		// Summed in double: ten float tenths are a little more than one.
 		{1.f, false, -1.f, std::vector<float>(12, 0.1f), {9}},
-		// 45 sixtieths as floats are a little more than 0.75 in double, less in float.
+		// 45 sixtieths as floats add up to a little more than 0.75 in double, but less in float.
 		{0.75f, false, -1.f, std::vector<float>(47, 1.f / 60.f), {44}},
 	};
 	for (const auto& Case : Cases)
@@ -96,7 +96,7 @@ TEST_F(FTimers, MayBeSetAndClearedInsideTheirCall)
 	};
 	Manager.SetTimer(Handle, Listener, &UTestListener::OnPlain, 1.f, true);
 	Manager.SetTimer(Other, Listener, &UTestListener::OnPlain, 1.f);
-	// The long frame holds three periods, but the first call replaces the timer.
+	// The long frame spans three periods, but the first call replaces the timer.
 	EXPECT_EQ(Run({3.f, 0.5f}), std::vector<int32>{0});
 	EXPECT_TRUE(bExisted);
 	EXPECT_EQ(Run({0.5f}).size(), 21u);

@@ -9,7 +9,7 @@
 
 namespace
 {
-TEST(Values, TimespansSplitTowardsZero)
+TEST(Values, TimespansSplitTowardZero)
 {
 	const FTimespan Long(int32(1), int32(26), int32(3), int32(4));
 	EXPECT_EQ(Long.GetTicks(), (50 * 3600 + 3 * 60 + 4) * ETimespan::TicksPerSecond);
@@ -86,7 +86,7 @@ TEST(Values, DatesAreParsedOrLeftAlone)
 	}
 }
 
-TEST(Values, ColoursAreReadFromHex)
+TEST(Values, ColorsAreReadFromHex)
 {
 	const struct
 	{
@@ -114,7 +114,7 @@ TEST(Values, ColoursAreReadFromHex)
 	EXPECT_EQ(FColor(0x0A, 0xBC, 0x00, 0xEF).ToHex().GetStd(), u"0ABC00EF");
 }
 
-TEST(Values, LinearColoursKeepEveryByte)
+TEST(Values, LinearColorsKeepEveryByte)
 {
 	for (int32 Value = 0; Value < 256; ++Value)
 	{

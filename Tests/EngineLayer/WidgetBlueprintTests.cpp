@@ -26,7 +26,7 @@ TEST_F(FWidgetBlueprints, ThatDoNotFitTheirClassAreRefused)
 	const struct
 	{
 		std::vector<FWidget> Tree;
-		/** What the message must name; none: it is built. */
+		/** What the message must name; none if the build succeeds. */
 		std::vector<std::string> Named;
 	} Cases[] = {
 		{{{Canvas, u"Root", u""}, {Button, u"Go", u"Root"}, {Field, u"Field", u"Root"}}, {}},
@@ -37,8 +37,8 @@ TEST_F(FWidgetBlueprints, ThatDoNotFitTheirClassAreRefused)
 		{{{Canvas, u"Root", u""}, {Button, u"Go", u"Root"}, {Button, u"Go", u"Root"}}, {"\"Go\"", "twice"}},
 		{{{Canvas, u"Root", u""}, {Button, u"Go", u""}}, {"\"Go\"", "must be in a panel"}},
 		{{{Button, u"Go", u"Root"}}, {"\"Go\"", "must be in a panel, unless it is the root"}},
-		{{{Canvas, u"Root", u""}, {Button, u"Go", u"Elsewhere"}}, {"\"Go\"", "no panel"}},
-		{{{Field, u"Field", u""}, {Button, u"Go", u"Field"}}, {"\"Go\"", "no panel"}},
+		{{{Canvas, u"Root", u""}, {Button, u"Go", u"Elsewhere"}}, {"\"Go\"", "not a panel"}},
+		{{{Field, u"Field", u""}, {Button, u"Go", u"Field"}}, {"\"Go\"", "not a panel"}},
 		{{{Button, u"Go", u""}, {Field, u"Field", u"Go"}}, {}},
 		{{{Button, u"Go", u""}, {Field, u"Field", u"Go"}, {Field, u"Other", u"Go"}}, {"\"Other\"", "only child"}},
 		{{{nullptr, u"Root", u""}, {Button, u"Go", u"Root"}}, {"\"Root\"", "no widget can be made"}},

@@ -6,7 +6,7 @@
 namespace
 {
 
-/** A screen with a canvas; widgets are put on it by name. */
+/** A screen with a canvas, to which widgets are added by name. */
 class FWidgets : public FLayerFixture
 {
 protected:

@@ -10,16 +10,16 @@
 namespace Flitmark
 {
 
-/** The system's calls, of which one fails, or everything from one on; they write in small pieces. */
+/** System calls of which one fails, or all from one on; they write in small pieces. */
 class FFaultyCalls final : public FFileCalls
 {
 public:
 	enum class EFault
 	{
 		None,
-		/** That call alone fails. */
+		/** Only that call fails. */
 		Once,
-		/** It and all that follow, as after a crash. */
+		/** That call and all later ones fail, as after a crash. */
 		ForGood,
 	};
 
@@ -39,7 +39,7 @@ public:
 			errno = EINTR;
 			return -1;
 		}
-		// A disk that becomes full still takes the first part.
+		// A disk that fills up still takes the first part.
 		const bool bFails = Fails();
 		const ssize_t Written = FFileCalls::Write(InFile, InBytes, std::min<std::size_t>(InSize, 7));
 		return bFails ? Refuse() : Written;
@@ -47,7 +47,7 @@ public:
 	int Flush(int InFile) override { return Fails() ? -1 : FFileCalls::Flush(InFile); }
 	int Close(int InFile) override
 	{
-		// A file is closed whatever closing it reports.
+		// A file is closed whatever close() returns.
 		const int Result = FFileCalls::Close(InFile);
 		return Fails() ? -1 : Result;
 	}
@@ -68,7 +68,7 @@ public:
 
 	int32 NumCalls = 0;
 	bool bInterrupts = false;
-	/** As on a file system where every file has a name. */
+	/** As on a file system that does not support files without a name. */
 	bool bNamesAll = false;
 
 private:

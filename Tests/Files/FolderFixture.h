@@ -15,7 +15,7 @@ namespace Flitmark
 
 namespace fs = std::filesystem;
 
-/** A test with a folder of its own. */
+/** A test with its own folder. */
 class FFolderFixture : public testing::Test
 {
 protected:
@@ -31,7 +31,7 @@ protected:
 	{
 		std::ofstream(InPath, std::ios::binary) << InText;
 	}
-	/** Texts by name. */
+	/** Texts by file name. */
 	std::map<std::string, std::string> ReadFolder() const
 	{
 		std::map<std::string, std::string> Files;

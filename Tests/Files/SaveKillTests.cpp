@@ -14,7 +14,7 @@ namespace Flitmark
 namespace
 {
 
-/** Saves ever larger font sizes until it is killed, and reports each one that is saved. */
+/** Saves ever larger font sizes until it is killed, and reports each one saved. */
 [[noreturn]] void SaveForever(const fs::path& InFolder, int InReports)
 {
 	FSaveSlots Slots(InFolder);
@@ -35,7 +35,7 @@ class FSaveKill : public FFolderFixture
 
 } // namespace
 
-/** A process that is killed while it saves leaves the record of its last save or of the one it was at, never less. */
+/** A process that is killed while saving leaves the record of its last save or of the one in progress, never less. */
 TEST_F(FSaveKill, KilledSaversLoseNothing)
 {
 	FSaveSlots Slots(Folder);
@@ -62,7 +62,7 @@ TEST_F(FSaveKill, KilledSaversLoseNothing)
 		::waitpid(Child, nullptr, 0);
 		while (::read(Pipe[0], &Reported, sizeof(Reported)) == sizeof(Reported))
 		{
-			// What it still reported before it died.
+			// What it reported before it died.
 		}
 		::close(Pipe[0]);
 		const int32 Size = UDanmakuSave::LoadFontSize();

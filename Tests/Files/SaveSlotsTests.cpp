@@ -95,7 +95,10 @@ TEST_F(FSaveSlotFiles, LoseNoForeignFileWhateverFails)
 	}
 }
 
-/** What nobody saved is neither read whole nor waited for, and is moved aside like other files that are no records. */
+/**
+ * Something that was never saved there is neither read in full nor waited for. It is moved aside like any file that is
+ * not a record.
+ */
 TEST_F(FSaveSlotFiles, AreNoLargeFilesAndNoPipes)
 {
 	const auto MakeLarge = [](const fs::path& InPath)

@@ -17,7 +17,7 @@ namespace Flitmark
 namespace
 {
 
-/** On a file system with files without names, and on one without. */
+/** On a file system that supports files without a name, and on one that does not. */
 class FFileWriter : public FFolderFixture, public testing::WithParamInterface<bool>
 {
 protected:
@@ -25,7 +25,7 @@ protected:
 
 	FFileWriter() { Calls.bNamesAll = GetParam(); }
 
-	/** What a program that was killed while it wrote leaves, on a file system where every file has a name. */
+	/** What a program killed while writing leaves behind on a file system where every file has a name. */
 	fs::path Leave(const std::string& InName) const
 	{
 		WriteText(Folder / InName, "half a");
@@ -161,7 +161,7 @@ TEST_P(FFileWriter, RemovesWhatDeadProgramsLeftAndNothingElse)
 	EXPECT_FALSE(fs::exists(Alive));
 }
 
-/** Names that a stranger could have guessed and taken before, in a folder that others may write. */
+/** Names that a stranger could have guessed and taken first, in a folder that others can write to. */
 TEST_P(FFileWriter, FollowsNoPlantedLink)
 {
 	const fs::path Stranger = Folder / "stranger";
@@ -185,7 +185,7 @@ TEST_P(FFileWriter, LeavesNothingWhereASignalEndsTheProgram)
 	EXPECT_TRUE(ReadFolder().empty());
 }
 
-/** As a muxer does, which opens its file by name. */
+/** Like a muxer, which opens its file by name. */
 TEST_P(FFileWriter, CanBeOpenedByPath)
 {
 	const auto Written = FTemporaryFile::Create(File.string(), Error, Calls);

@@ -22,7 +22,7 @@ FBlockList Parse(std::string_view InText)
 	return List.value_or(FBlockList());
 }
 
-/** The texts that stay of a fixed few comments. */
+/** Which of a few fixed texts remain. */
 std::vector<std::string> Keep(std::string_view InList)
 {
 	const std::pair<const char*, const char*> Said[] = {

@@ -146,14 +146,14 @@ INSTANTIATE_TEST_SUITE_P(
 					 Say("u", 0, ECommentKind::Unknown)},
 					{"t", "b"}},
 		FFilterCase{"MergeCounts", Merge(5), {Say("gg", 1), Say("x", 2), Say("gg", 3), Say("gg", 6)}, {"gg ×3", "x"}},
-		// The window begins anew with the first that is outside of it.
+		// A new window begins with the first comment outside the old one.
 		FFilterCase{"MergeWindow",
 					Merge(5),
 					{Say("gg", 1), Say("gg", 6.5), Say("gg", 11), Say("gg", 11.6)},
 					{"gg", "gg ×2", "gg"}},
 		FFilterCase{
 			"MergeSpace", Merge(5), {Say(" a  b\n", 1), Say("a\u3000b", 2), Say("ab", 2)}, {" a  b\n ×2", "ab"}},
-		// The file's order is kept, the time's decides.
+		// Keeps the file's order, but decides in time order.
 		FFilterCase{"MergeUnordered", Merge(5), {Say("gg", 9), Say("gg", 5), Say("x", 1)}, {"gg ×2", "x"}},
 		FFilterCase{"MergeUnseen",
 					Merge(5),
@@ -170,7 +170,7 @@ INSTANTIATE_TEST_SUITE_P(
 		FFilterCase{"MaxOfOne", MaxPerSecond(1), {Say("a", 5.9), Say("b", 5.1), Say("c", 5.5)}, {"c"}},
 		FFilterCase{"MergeInvisible", Merge(5), {Say("\u200B", 1), Say("\u200B", 1)}, {"\u200B", "\u200B"}},
 		FFilterCase{"MaxInvisible", MaxPerSecond(1), {Say("\u200B", 0), Say("hi", 0)}, {"\u200B", "hi"}},
-		// What is not seen is no crowd, and is left alone.
+		// Comments that are not seen don't count as a crowd, and are left alone.
 		FFilterCase{"MaxUnseen",
 					MaxPerSecond(1),
 					{Say("u", 0, ECommentKind::Unknown), Say(" ", 0), Say("a", 0), Say("b", 0)},
@@ -233,7 +233,7 @@ TEST(Filter, RefusesWhatItDoesNotUnderstand)
 	}
 }
 
-/** Patterns come from anybody; none may take more than linear time. */
+/** Patterns come from anyone; none may take more than linear time. */
 TEST(Filter, PatternsCannotRunAway)
 {
 	std::vector<FServiceComment> Comments = {Say(std::string(100'000, 'a') + "!", 0)};

@@ -11,7 +11,7 @@ namespace Flitmark
 namespace
 {
 
-/** Values that a key may have, also absurd ones; the first stands for a key that is not there. */
+/** Values that a key may have, including absurd ones; the first stands for a missing key. */
 constexpr const char* Values[] = {"",
 								  "null",
 								  "true",
@@ -53,7 +53,7 @@ constexpr const char* Keys[] = {"danmaku_spawn_time", "danmaku_content", "danmak
 class FCommentDocumentTest : public FStageFixture
 {
 protected:
-	/** The only comment of a document as the overlay shows it when its second comes; null where it never does. */
+	/** A document's only comment as the overlay shows it when its second comes; null if it never does. */
 	const FDanmakuData* ShowOnly(const FString& InDocument, const FCommentEntry& InEntry)
 	{
 		GoTo(50'000.0);
@@ -111,7 +111,7 @@ TEST_F(FCommentDocumentTest, ElementsThatAreNoObjectAreCommentsWithoutKeys)
 	EXPECT_EQ(FindLastSecond(TEXT("{\"datas\":[]}")), -1);
 }
 
-/** Where the elements are is found by other code than what is in them. */
+/** Different code finds the elements and reads their contents. */
 TEST(CommentDocument, KeepsEveryElementToTheByte)
 {
 	const std::string_view Elements[] = {
@@ -131,7 +131,7 @@ TEST(CommentDocument, KeepsEveryElementToTheByte)
 	{
 		List += (List.empty() ? " " : " ,\r\n") + std::string(Element);
 	}
-	// What the overlay takes for the list's name, and for the list where there are several.
+	// What the overlay accepts as the list's name, and which list it uses if there are several.
 	const std::pair<const char*, const char*> Around[] = {
 		{"{\"before\":{\"datas\":[{}]},\"list\":[[\"datas\"]],\"datas\" : [", "] , \"after\": {\"datas\":0}}"},
 		{"{\"Datas\":[", "]}"},

@@ -68,7 +68,7 @@ TEST(ForeignFile, IsNamed)
 	}
 }
 
-/** What can be read is never called foreign: the two tables must not claim the same files. */
+/** A file that can be read is never called foreign: the two tables must not claim the same files. */
 TEST(ForeignFile, IsNoKnownFormat)
 {
 	for (const FForeignCase& Case : Cases)

@@ -21,7 +21,7 @@ class JsonImport : public testing::TestWithParam<FJsonCase>
 {
 };
 
-/** An entry that is well, to stand around a broken one. */
+/** A valid entry to surround a broken one. */
 const std::string Well = R"({"p":"2,5,255,u","m":"well"})";
 const std::string WellRead = "20000000 T24 0000FFFF \"well\"\n";
 

@@ -6,12 +6,15 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
+#include <string_view>
+
 namespace Flitmark
 {
 
 namespace
 {
 
+using namespace std::string_view_literals;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -85,7 +88,7 @@ std::vector<FPackedCase> MakeCases()
 			  "abc",
 			  Gzip),
 		 1, ""},
-		{"Utf16", Pack(std::string("\xFF\xFE<\0d\0 \0p\0=\0\"\0001\0\"\0>\0x\0<\0/\0d\0>\0", 32), Gzip), 1, ""},
+		{"Utf16", Pack(std::string("\xFF\xFE<\0d\0 \0p\0=\0\"\0001\0\"\0>\0x\0<\0/\0d\0>\0"sv), Gzip), 1, ""},
 	};
 }
 
@@ -141,7 +144,7 @@ TEST(Packed, TheRestOfADocumentThatIsCutIsMissed)
 
 TEST(Packed, ABombIsRefused)
 {
-	// A head that is comments, so that it is read on, and then next to nothing in many bytes.
+	// Starts with comments, so that it is read on, followed by many bytes of next to nothing.
 	const std::string Bomb = Pack(MakeXml(10) + std::string(std::size_t{80} << 20, ' '), Gzip);
 	EXPECT_THAT(ImportRefused(Bomb), HasSubstr("unpacks to hundreds of times its size"));
 	EXPECT_THAT(ImportRefused(Pack(std::string(std::size_t{80} << 20, '\0'), Gzip)), HasSubstr("nothing but zeros"));

@@ -39,7 +39,7 @@ TEST(ListProtobuf, IsRead)
 {
 	const std::string WithUnknown = Number(9, 4) + Bytes(10, "x") + Varint(13U << 3 | 5) + "1234" +
 									Varint(14U << 3 | 1) + "12345678" + Full + Bytes(22, "y");
-	// Zeros are not written: a full entry without a colour is black, one without a time comes at the start.
+	// Zeros are not written: a full entry without a color is black, one without a time comes at the start.
 	const std::string Black = Number(1, 1) + Number(3, 1) + Number(4, 25) + Bytes(7, "black");
 	const std::string Little = Number(2, -1) + Bytes(7, "\xFFx");
 	const FImportResult Result =

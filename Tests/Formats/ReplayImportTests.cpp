@@ -23,7 +23,7 @@ class ReplayImport : public testing::TestWithParam<FReplayCase>
 {
 };
 
-/** A line of a live chat that adds one item at a time in milliseconds. */
+/** A live-chat line that adds one item, at a time in milliseconds. */
 std::string Line(const std::string& InTime, const std::string& InItem)
 {
 	return R"({"clickTrackingParams":"C","replayChatItemAction":{"actions":[{"addChatItemAction":{"item":)" + InItem +
@@ -189,7 +189,7 @@ TEST(ReplayOrigin, IsKept)
 			  "7 0 1294271946 \"\" 1600000000\n");
 }
 
-/** Neither beyond any video nor with fractions: only how many there are tells. */
+/** Neither beyond any video nor fractional: only their number gives it away. */
 TEST(ReplayFile, TimesThatWouldBeTooDenseAreSeconds)
 {
 	std::string Json = "[";
@@ -204,7 +204,7 @@ TEST(ReplayFile, TimesThatWouldBeTooDenseAreSeconds)
 TEST(ReplayFile, HugeStringsAroundCommentsDoNoHarm)
 {
 	const std::string Entry = R"([{"content_offset_seconds":1,"message":{"body":"a"}}])";
-	for (const std::size_t Size : {65'535, 65'536, 200'001})
+	for (const std::size_t Size : {65'535u, 65'536u, 200'001u})
 	{
 		const std::string Picture = std::string(Size, 'A') + R"(\"\\\")" + std::string(70'000, '\\') + "{";
 		const std::string Json = R"({"first":{"content_offset_seconds":0,"message":{"body":"x"}},"picture":")" +

@@ -20,7 +20,7 @@ class ListXml : public testing::TestWithParam<FXmlCase>
 {
 };
 
-/** An entry that is well, to stand behind a broken one. */
+/** A valid entry to follow a broken one. */
 const std::string Well = R"(<d p="2,1,25,255">next</d>)";
 const std::string WellRead = "20000000 s24 0000FFFF \"next\"\n";
 
@@ -34,7 +34,7 @@ const FXmlCase ListCases[] = {
 	 "10000000 P24 000000FF \"[\"0\",\"0\",\"1\",\"2\",\"g/n\"]\"\n10000000 X24 000000FF \"h/n\"\n"
 	 "10000000 X24 000000FF \"i\"\n10000000 U24 000000FF \"j\"\n",
 	 ""},
-	{"SizesAndColours",
+	{"SizesAndColors",
 	 R"(<d p="0.1234567,1,12,16711680">a</d><d p="1,1,64,#00ff00">b</d><d p="1,1,0,-1">c</d><d p="1,1,x,y">d</d>)",
 	 "1234567 s12 FF0000FF \"a\"\n10000000 s61 00FF00FF \"b\"\n10000000 s24 FFFFFFFF \"c\"\n"
 	 "10000000 s24 FFFFFFFF \"d\"\n",
@@ -124,7 +124,7 @@ TEST(ListXmlLive, TellsWhatBelongsToAShow)
 	EXPECT_EQ(DescribeFaults(Result), "7/5 has no readable time in its attribute \"ts\"\n9/8 has no text\n"
 									  "11/11 its end tag is missing; it was read up to the next element\n"
 									  "12/12 its end tag is missing; it was read up to the next element\n");
-	// The sender of a paid comment is that of the list's comments.
+	// A paid comment's sender is the same as in the list's comments.
 	ASSERT_EQ(Result.Comments.size(), 7U);
 	EXPECT_EQ(Result.Comments[0].UserName, "A & B");
 	EXPECT_EQ(Result.Comments[1].UserName, "Zoë");
@@ -132,7 +132,7 @@ TEST(ListXmlLive, TellsWhatBelongsToAShow)
 	EXPECT_NE(Result.Comments[0].UserId, 0);
 }
 
-/** A file may make up as many kinds of elements as it likes; the report stays short, and its sum right. */
+/** A file may invent any number of element kinds; the report stays short, and its total correct. */
 TEST(ListXmlLive, ManySortsBecomeOne)
 {
 	std::string Xml = "<i>" + Well;

@@ -13,7 +13,7 @@ struct FAccepted
 {
 	const char* Name;
 	std::string Header;
-	/** Texts that X.generated.h and X.gen.cpp together must have, and must not have. */
+	/** Texts that X.generated.h and X.gen.cpp together must contain, and must not. */
 	std::vector<std::string> Written;
 	std::vector<std::string> Absent = {};
 };
@@ -46,7 +46,7 @@ TEST_P(AcceptedHeaders, AreWrittenWhole)
 const std::string SomeProperty = "\"Value\", EPropertyGenKind::Int32, ";
 const std::string SomeMember = "UPROPERTY() int32 Value;";
 
-/** How a language construct is written must not matter. */
+/** The way a language construct is written must not matter. */
 const FAccepted Syntax[] = {
 	{"NoMarks", "struct FPlain { int A; };\n", {"FID_Sample_Public_Sample_h"}, {"UClass* "}},
 	{"ByteOrderMark", "\xEF\xBB\xBF" + WithMembers(SomeMember), {SomeProperty, "_Sample_h_6_GENERATED_BODY"}},

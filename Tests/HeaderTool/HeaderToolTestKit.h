@@ -10,13 +10,13 @@ inline FGenerated Generate(const std::string& Text)
 	return GenerateReflection({"Sample", "/Script/Sample", "SAMPLE_API"}, {{"Sample/Public/Sample.h", Text}});
 }
 
-/** A header with these declarations, of which the first stands in line 3. */
+/** A header with these declarations, the first of which is on line 3. */
 inline std::string WithInclude(const std::string& Declarations)
 {
 	return "#pragma once\n#include \"Sample.generated.h\"\n" + Declarations;
 }
 
-/** A header with one widget class that has these members, of which the first stands in line 7. */
+/** A header with one widget class with these members, the first of which is on line 7. */
 inline std::string WithMembers(const std::string& Members)
 {
 	return WithInclude("UCLASS()\nclass SAMPLE_API USample : public UUserWidget\n{\n\tGENERATED_BODY()\n" + Members +

@@ -41,7 +41,7 @@ protected:
 	}
 	void TearDown() override { fs::remove_all(Folder); }
 
-	/** Exit status of the tool; what it says on standard error is kept. */
+	/** The tool's exit status; its standard error is kept. */
 	int Run(const std::string& Arguments)
 	{
 		const std::string Command = "\"" TOOL_PATH "\" " + Arguments + " >\"" + (Folder / "Output").string() +
@@ -106,11 +106,11 @@ TEST_F(HeaderToolProgram, RefusesWrongUse)
 	EXPECT_EQ(Run("--module M --package P --output ."), 2);
 	EXPECT_EQ(Run("--wrong"), 2);
 	EXPECT_EQ(Run("--module"), 2);
-	EXPECT_THAT(Errors, testing::HasSubstr("`--module` is no option or lacks its value"));
+	EXPECT_THAT(Errors, testing::HasSubstr("`--module` is not an option or lacks its value"));
 	EXPECT_EQ(Run("--help"), 0);
 }
 
-/** Whatever is damaged in a header, it is either read or refused with a line that it has. */
+/** However a header is damaged, it is either read or refused with one of its line numbers. */
 TEST(DamagedHeaders, AreReadOrRefused)
 {
 	const std::string Fine = ReadText(GOLDEN_FOLDER "/Sample.h");

@@ -43,9 +43,9 @@ std::string WithClass(const std::string& Text)
 const std::string TakeOneOf =
 	"take bool, int32, int64, float, double, FString, FText, FName, FTimespan, FLinearColor, a UENUM, a pointer or "
 	"TObjectPtr to a UCLASS, a TSubclassOf, or a TArray of one of these";
-const std::string NotServed = "the marks are UCLASS, UENUM, UPROPERTY, UFUNCTION, GENERATED_BODY and "
+const std::string NotServed = "the macros are UCLASS, UENUM, UPROPERTY, UFUNCTION, GENERATED_BODY and "
 							  "DECLARE_DYNAMIC_MULTICAST_DELEGATE...; remove it";
-const std::string OutsideClass = " outside a UCLASS: mark the class around it with UCLASS() or remove this mark";
+const std::string OutsideClass = " outside a UCLASS: mark the class around it with UCLASS() or remove this macro";
 
 const FRejected Text[] = {
 	{"OpenComment", WithMembers("/* never"), "7: this comment is never closed: add `*/`"},
@@ -59,13 +59,13 @@ const FRejected Text[] = {
 	{"OpenCondition", WithMembers("#ifdef X"), "7: `#ifdef X` is never closed: add `#endif`"},
 	{"EndWithoutCondition", WithMembers("#endif"), "7: `#endif` without `#if`: remove it or add the `#if`"},
 	{"MarkUnderCondition", WithMembers("#if WITH_EDITOR\nUPROPERTY() int32 A;\n#endif"),
-	 "8: `UPROPERTY` under `#if WITH_EDITOR`: marks may stand under no condition but `#if 0` and `#if 1`; move it out "
+	 "8: `UPROPERTY` under `#if WITH_EDITOR`: macros may be under no condition but `#if 0` and `#if 1`; move it out "
 	 "(against double inclusion use `#pragma once`)"},
 	{"MarkUnderElse", WithMembers("#ifdef X\n#else\nUPROPERTY() int32 A;\n#endif"),
-	 "9: `UPROPERTY` under `#ifdef X`: marks may stand under no condition but `#if 0` and `#if 1`; move it out "
+	 "9: `UPROPERTY` under `#ifdef X`: macros may be under no condition but `#if 0` and `#if 1`; move it out "
 	 "(against double inclusion use `#pragma once`)"},
 	{"IncludeGuard", "#ifndef X\n#define X\n" + WithMembers("") + "#endif\n",
-	 "5: `UCLASS` under `#ifndef X`: marks may stand under no condition but `#if 0` and `#if 1`; move it out (against "
+	 "5: `UCLASS` under `#ifndef X`: macros may be under no condition but `#if 0` and `#if 1`; move it out (against "
 	 "double inclusion use `#pragma once`)"},
 };
 
@@ -78,36 +78,36 @@ const FRejected Marks[] = {
 	 "9: `UPROPERTY`" + OutsideClass},
 	{"ClassInNamespace",
 	 WithInclude("namespace N\n{\nUCLASS()\nclass UA : public UObject\n{\n\tGENERATED_BODY()\n};\n}"),
-	 "5: `UCLASS` must stand at file scope: move it out of the brackets around it"},
+	 "5: `UCLASS` must be at file scope: move it out of the brackets around it"},
 	{"EnumInClass", WithMembers("UENUM() enum class EA : int32 { B };"),
-	 "7: `UENUM` must stand at file scope: move it out of the brackets around it"},
+	 "7: `UENUM` must be at file scope: move it out of the brackets around it"},
 	{"DelegateInClass", WithMembers("DECLARE_DYNAMIC_MULTICAST_DELEGATE(FOnIt);"),
-	 "7: `DECLARE_DYNAMIC_MULTICAST_DELEGATE` must stand at file scope: move it out of the brackets around it"},
-	{"Struct", WithInclude("USTRUCT()\nstruct FA\n{\n};"), "3: `USTRUCT` is not served here: " + NotServed},
+	 "7: `DECLARE_DYNAMIC_MULTICAST_DELEGATE` must be at file scope: move it out of the brackets around it"},
+	{"Struct", WithInclude("USTRUCT()\nstruct FA\n{\n};"), "3: `USTRUCT` is not supported here: " + NotServed},
 	{"SingleDynamicDelegate", WithInclude("DECLARE_DYNAMIC_DELEGATE(FOnIt);"),
-	 "3: `DECLARE_DYNAMIC_DELEGATE` is not served here: " + NotServed},
+	 "3: `DECLARE_DYNAMIC_DELEGATE` is not supported here: " + NotServed},
 	{"NoInclude", "#pragma once\nUENUM()\nenum class EA : int32 { B };",
-	 "2: `#include \"Sample.generated.h\"` must be the last include, before the first mark"},
+	 "2: `#include \"Sample.generated.h\"` must be the last include, before the first macro"},
 	{"OtherInclude", "#pragma once\n#include \"Other.generated.h\"\nUENUM()\nenum class EA : int32 { B };",
-	 "2: `#include \"Sample.generated.h\"` must be the last include, before the first mark"},
+	 "2: `#include \"Sample.generated.h\"` must be the last include, before the first macro"},
 	{"IncludeNotLast", WithInclude("#include \"Other.h\"\nUENUM()\nenum class EA : int32 { B };"),
-	 "3: `#include \"Sample.generated.h\"` must be the last include, before the first mark"},
+	 "3: `#include \"Sample.generated.h\"` must be the last include, before the first macro"},
 	{"IncludeAfterMark", "UENUM()\nenum class EA : int32 { B };\n#include \"Sample.generated.h\"\n",
-	 "3: `#include \"Sample.generated.h\"` must be the last include, before the first mark"},
+	 "3: `#include \"Sample.generated.h\"` must be the last include, before the first macro"},
 };
 
 const FRejected Classes[] = {
 	{"NoBody", WithClass("class UA : public UObject\n{\n};"),
 	 "4: `UA` lacks GENERATED_BODY(): put it first in the class"},
-	{"BodyTwice", WithMembers("GENERATED_BODY()"), "7: GENERATED_BODY() must stand once, first in the class"},
+	{"BodyTwice", WithMembers("GENERATED_BODY()"), "7: GENERATED_BODY() must come exactly once, first in the class"},
 	{"OldBody", WithClass("class UA : public UObject\n{\n\tGENERATED_UCLASS_BODY()\n};"),
-	 "6: `GENERATED_UCLASS_BODY` is not served here: " + NotServed},
+	 "6: `GENERATED_UCLASS_BODY` is not supported here: " + NotServed},
 	{"BodyAfterMembers", WithClass("class UA : public UObject\n{\n\tUPROPERTY() int32 A;\n\tGENERATED_BODY()\n};"),
-	 "7: GENERATED_BODY() must stand once, first in the class"},
+	 "7: GENERATED_BODY() must come exactly once, first in the class"},
 	{"NoBase", WithClass("class UA\n{\n\tGENERATED_BODY()\n};"),
 	 "5: `UA` has no base: derive it from UObject or a class derived from that"},
 	{"UnknownBase", WithClass("class UA : public UUnknown\n{\n\tGENERATED_BODY()\n};"),
-	 "4: base `UUnknown` of `UA` is no class known here: mark it with UCLASS() and give its header to the same run"},
+	 "4: base `UUnknown` of `UA` is not a known class: mark it with UCLASS() and give its header to the same run"},
 	{"PrivateBase", WithClass("class UA : UObject\n{\n\tGENERATED_BODY()\n};"),
 	 "4: expected `public` before the base class, found `UObject`"},
 	{"OwnBase", WithClass("class UA : public UA\n{\n\tGENERATED_BODY()\n};"),
@@ -123,12 +123,12 @@ const FRejected Classes[] = {
 	{"EngineName", WithClass("class UImage : public UWidget\n{\n\tGENERATED_BODY()\n};"),
 	 "4: `UImage` is declared already, in Components/Image.h: rename one"},
 	{"SpecifierUnknown", WithInclude("UCLASS(Blueprintble)\nclass UA : public UObject\n{\n\tGENERATED_BODY()\n};"),
-	 "3: `Blueprintble` is no specifier of UCLASS here: it takes BlueprintType, Blueprintable, meta"},
+	 "3: `Blueprintble` is not a specifier of UCLASS here: it takes BlueprintType, Blueprintable, meta"},
 };
 
 const FRejected Properties[] = {
 	{"UnknownSpecifier", WithMembers("UPROPERTY(EditAnywere) int32 A;"),
-	 "7: `EditAnywere` is no specifier of UPROPERTY here: it takes BlueprintAssignable, BlueprintReadOnly, "
+	 "7: `EditAnywere` is not a specifier of UPROPERTY here: it takes BlueprintAssignable, BlueprintReadOnly, "
 	 "BlueprintReadWrite, Category, EditAnywhere, "
 	 "EditDefaultsOnly, Transient, meta"},
 	{"SpecifierTwice", WithMembers("UPROPERTY(EditAnywhere, EditAnywhere) int32 A;"),
@@ -148,10 +148,10 @@ const FRejected Properties[] = {
 	{"ArrayOfArrays", WithMembers("UPROPERTY() TArray<TArray<int32>> A;"),
 	 "7: type `TArray<TArray<int32>>` of `A` cannot be reflected: " + TakeOneOf},
 	{"PointerToUnknownClass", WithMembers("UPROPERTY() UUnknown* A;"),
-	 "7: type `UUnknown*` of `A` cannot be reflected: `UUnknown` is no class known here: mark it with UCLASS() and "
+	 "7: type `UUnknown*` of `A` cannot be reflected: `UUnknown` is not a known class: mark it with UCLASS() and "
 	 "give its header to the same run"},
 	{"WrapperOfUnknownClass", WithMembers("UPROPERTY() TArray<TObjectPtr<UUnknown>> A;"),
-	 "7: type `TArray<TObjectPtr<UUnknown>>` of `A` cannot be reflected: `UUnknown` is no class known here: mark it "
+	 "7: type `TArray<TObjectPtr<UUnknown>>` of `A` cannot be reflected: `UUnknown` is not a known class: mark it "
 	 "with UCLASS() and give its header to the same run"},
 	{"PointerToNumber", WithMembers("UPROPERTY() int32* A;"),
 	 "7: type `int32*` of `A` cannot be reflected: " + TakeOneOf},
@@ -181,14 +181,14 @@ const FRejected Properties[] = {
 	{"AssignableNumber", WithMembers("UPROPERTY(BlueprintAssignable) int32 A;"),
 	 "7: `A` is BlueprintAssignable but no dynamic multicast delegate: remove the specifier"},
 	{"BindNumber", WithMembers("UPROPERTY(meta = (BindWidget)) int32 A;"),
-	 "7: `A` is a BindWidget but refers to no widget: give it a class derived from UWidget"},
+	 "7: `A` is a BindWidget but does not refer to a widget: give it a class derived from UWidget"},
 	{"BindObject", WithMembers("UPROPERTY(meta = (BindWidget)) TObjectPtr<UMediaPlayer> A;"),
-	 "7: `A` is a BindWidget but refers to no widget: give it a class derived from UWidget"},
+	 "7: `A` is a BindWidget but does not refer to a widget: give it a class derived from UWidget"},
 	{"BindArray", WithMembers("UPROPERTY(meta = (BindWidget)) TArray<UImage*> A;"),
-	 "7: `A` is a BindWidget but refers to no widget: give it a class derived from UWidget"},
+	 "7: `A` is a BindWidget but does not refer to a widget: give it a class derived from UWidget"},
 	{"BindInObject",
 	 WithClass("class UA : public UObject\n{\n\tGENERATED_BODY()\n\tUPROPERTY(meta = (BindWidget)) UImage* A;\n};"),
-	 "7: `A` is a BindWidget in `UA`, which is no user widget: derive that from UUserWidget"},
+	 "7: `A` is a BindWidget in `UA`, which is not a user widget: derive that from UUserWidget"},
 	{"SameName", WithMembers("UPROPERTY() int32 A;\nUPROPERTY() bool A;"),
 	 "8: `A` is declared already, at Sample.h:7: rename one (neither letter case nor parameters tell reflected names "
 	 "apart)"},
@@ -240,7 +240,7 @@ const FRejected Functions[] = {
 	 "8: expected `;` or a body after `A(...)`, found `UFUNCTION`"},
 	{"OnMember", WithMembers("UFUNCTION() int32 A;"), "7: expected `Type Name(...);` after UFUNCTION(...), found `;`"},
 	{"UnknownSpecifier", WithMembers("UFUNCTION(Exec) void A();"),
-	 "7: `Exec` is no specifier of UFUNCTION here: it takes BlueprintCallable, BlueprintPure, Category, meta"},
+	 "7: `Exec` is not a specifier of UFUNCTION here: it takes BlueprintCallable, BlueprintPure, Category, meta"},
 };
 
 const FRejected EnumsAndDelegates[] = {

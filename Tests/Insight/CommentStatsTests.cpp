@@ -38,7 +38,7 @@ TEST(Density, CountsByBin)
 		{{0}, 0, 3, {}},
 		{{0}, -5, 3, {}},
 		{{0}, 10, 0, {}},
-		// Ticks beyond what a double counts one by one.
+		// Ticks beyond what a double can count one by one.
 		{{INT64_MAX, INT64_MAX / 2}, INT64_MAX, 2, {0, 2}},
 	};
 	for (const auto& Case : Cases)
@@ -106,7 +106,7 @@ TEST(Terms, AreWhatSeveralCommentsSay)
 	// Runs of any length are the same shout.
 	EXPECT_THAT(TellTerms({"88888", "8888888888", "888"}), ElementsAre("888=3"));
 	EXPECT_THAT(TellTerms({"ハハハハ", "ハハハ"}), ElementsAre("ハハハ=2"));
-	// A whole text, rather than the words of it.
+	// The whole text rather than its words.
 	EXPECT_THAT(TellTerms({"see you", "see you", " see\nyou "}), ElementsAre("see you=3"));
 	EXPECT_THAT(TellTerms({"here it comes", "Here it comes!", "here we go", "not here"}),
 				ElementsAre("here it comes=2"));

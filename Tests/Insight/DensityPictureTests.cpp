@@ -39,7 +39,7 @@ std::size_t CountOf(std::string_view InText, std::string_view InPart)
 	return Count;
 }
 
-/** Values of an attribute, in order. */
+/** An attribute's values, in order. */
 std::vector<double> FindNumbers(std::string_view InSvg, std::string_view InTag, std::string_view InAttribute)
 {
 	std::vector<double> Numbers;

@@ -8,7 +8,7 @@
 
 namespace
 {
-/** Joins pieces of JSON at random: some documents are sound, most are broken somewhere. */
+/** Joins pieces of JSON at random: some documents are valid, most are broken somewhere. */
 std::u16string MakeDocument(std::mt19937& Random, int32 Depth)
 {
 	static const std::u16string Scalars[] = {u"0",
@@ -61,7 +61,7 @@ TEST(JsonDifferential, AgreesWithRapidJsonAlone)
 		ASSERT_EQ(CompareWithReference(FString(Text)), "") << Narrow(Text);
 		AcceptedCount += ReadJson(FString(Text)).IsValid() ? 1 : 0;
 	}
-	// Else the comparison said little.
+	// Otherwise the comparison would prove little.
 	EXPECT_GT(AcceptedCount, 2'000);
 	EXPECT_LT(AcceptedCount, 18'000);
 }

@@ -147,7 +147,7 @@ TEST(JsonLookup, FindsMembersInAnyOrderAndCase)
 	const TArray<TSharedPtr<FJsonValue>> List = Root->AsObject()->GetArrayField(TEXT("LIST"));
 	ASSERT_EQ(List.Num(), 4);
 	const double Expected[4][3] = {{1, 2, 3}, {0, 5, 6}, {7, 0, 0}, {0, 10, 0}};
-	// Both directions, since look-ups learn from the ones before.
+	// In both directions, since lookups learn from earlier ones.
 	for (const bool bBackwards : {false, true})
 	{
 		for (int32 Step = 0; Step < 12; ++Step)
@@ -182,7 +182,7 @@ TEST(JsonLookup, TakesTheLastOfRepeatedMembers)
 	for (const auto& Case : Cases)
 	{
 		const TSharedPtr<FJsonValue> Root = ReadJson(Case.Text);
-		// Twice, since the second look-up starts from what the first one found.
+		// Twice, since the second lookup starts from what the first one found.
 		EXPECT_EQ(Root->AsObject()->GetNumberField(TEXT("a")), Case.Expected) << Narrow(Case.Text.GetStd());
 		EXPECT_EQ(Root->AsObject()->GetNumberField(TEXT("a")), Case.Expected) << Narrow(Case.Text.GetStd());
 	}

@@ -2,7 +2,7 @@
 #include "Dom/JsonValue.h"
 #include "Serialization/JsonSerializer.h"
 
-// Half of a surrogate pair is something to compare here, and nothing to abort for.
+// Half a surrogate pair is to be compared here, and is no reason to abort.
 #define RAPIDJSON_ASSERT(Condition) static_cast<void>(Condition)
 #include <rapidjson/document.h>
 
@@ -20,7 +20,7 @@ std::u16string GetText(const FReferenceValue& Value)
 	return std::u16string(Value.GetString(), Value.GetStringLength());
 }
 
-/** The reference's numbers are a few places off in the last digits, and more so close to the smallest double. */
+/** The reference's numbers are off in the last few digits, and in more of them close to the smallest double. */
 bool IsClose(double A, double B)
 {
 	return A == B || std::abs(A - B) <= std::abs(B) * 1e-14 + 1e-300;

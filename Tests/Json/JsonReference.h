@@ -5,8 +5,8 @@
 #include <string>
 
 /**
- * Reads the text both by our reader and by RapidJSON alone, which sees every character, and compares verdict and
- * values; empty if they agree, else what differs. Texts that RapidJSON refuses and we don't (numbers beyond a double,
- * half surrogate pairs) are only read.
+ * Reads the text with our reader and with plain RapidJSON, which sees every character, and compares verdicts and
+ * values; empty if they agree, else what differs. Texts that only RapidJSON refuses (numbers beyond a double, half
+ * surrogate pairs) are read but not compared.
  */
 std::string CompareWithReference(const FString& Text);

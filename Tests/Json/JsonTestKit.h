@@ -4,7 +4,7 @@
 
 #include <string>
 
-/** The value of a document given as a string of its own; empty if it was refused. */
+/** A document's value converted to a standard string; empty if it was refused. */
 inline TSharedPtr<FJsonValue> ReadJson(FString Text)
 {
 	TSharedPtr<FJsonValue> Value;

@@ -27,7 +27,7 @@ protected:
 		Rebuild(Options);
 		Stage->Preroll();
 	}
-	/** The text of the comment made last; nothing where none was made since the last call. */
+	/** The text of the last comment made; empty if none was made since the last call. */
 	std::string TakeSent()
 	{
 		const std::size_t Before = std::exchange(Known, Log.GetNodes().size());
@@ -69,7 +69,7 @@ TEST_F(FBar, CountsAndCutsWhatIsTyped)
 		Type(FString(Case.Typed));
 		EXPECT_EQ(GetField()->GetText().ToString().GetStd(), Case.Kept) << Case.Counter;
 		EXPECT_EQ(GetCounter(), Case.Counter);
-		// The field is read once more by nobody else: what it shows is what is sent.
+		// Nothing else rereads the field: what it shows is what is sent.
 		Click();
 		if (!Case.Kept.empty())
 		{
@@ -125,7 +125,7 @@ TEST_F(FBar, SendsOnEnterAndOnNothingElse)
 TEST_F(FBar, KeepsAnOverlongTextThatWasNotTyped)
 {
 	RebuildWithMaximum(5);
-	// The maximum falls behind the bar's back: as if the text had been set before the bar listened.
+	// The maximum drops behind the bar's back, as if the text had been set before the bar listened.
 	Type(TEXT("12345"));
 	const FProperty* Maximum = Stage->GetBar().GetClass()->FindPropertyByName(TEXT("MaxNumOFInputTex"));
 	*Maximum->ContainerPtrToValuePtr<int32>(static_cast<UObject*>(&Stage->GetBar())) = 4;

@@ -11,7 +11,7 @@ class FLoader : public FStageFixture
 protected:
 	FLoader() { Stage->SetUrl(TEXT("file:///other")); }
 
-	/** Loads a document and plays the seconds from 0 on; the comments that were made, shown or not. */
+	/** Loads a document and plays the seconds from 0 on; returns the comments made, shown or not. */
 	std::vector<UUI_DanmakuNode*> Play(const std::string& Document, int32 NumSeconds = 1)
 	{
 		const std::size_t Before = Log.GetNodes().size();
@@ -25,7 +25,7 @@ protected:
 	}
 };
 
-/** What the tests below compare of a record. */
+/** The parts of a record that the tests below compare. */
 struct FRecord
 {
 	int32 DanmakuID = 0;

@@ -23,7 +23,7 @@ protected:
 		Node->SetPosition(FVector2D(static_cast<double>(CanvasWidth), 0.0));
 		return Node;
 	}
-	/** How many frames of one second show it. */
+	/** How many one-second frames show it. */
 	int32 CountSeconds(const UUI_DanmakuNode* Node)
 	{
 		int32 Count = 0;
@@ -137,7 +137,7 @@ TEST_F(FNodes, WithoutDisplayTimeNeverStandNowhere)
 {
 	for (const char* Content : {"50x30", "0x30"})
 	{
-		// Speeds: infinite, and on a canvas without width no number at all.
+		// Speeds: infinite, and NaN on a canvas without width.
 		for (const float CanvasWidth : {100.f, 0.f})
 		{
 			UUI_DanmakuNode* Node = MakeOn(CanvasWidth, Content, ShortDraw);
@@ -160,7 +160,7 @@ TEST_F(FNodes, EndInAFrameOfNoNumber)
 	EXPECT_EQ(Node->GetPosition().X, 1920.0);
 }
 
-TEST_F(FNodes, WearTheirColours)
+TEST_F(FNodes, WearTheirColors)
 {
 	const struct
 	{

@@ -178,14 +178,14 @@ TEST_F(FOverlay, EndsWithItsWidget)
 	EXPECT_FALSE(IsValid(GetManager()));
 	GoTo(1.0);
 	EXPECT_EQ(CountNew(), 1u) << "the first one alone";
-	// What a host may still do.
+	// What a host may still call.
 	Overlay->Pause();
 	Overlay->Resume();
 	Overlay->Empty();
 	Load({{2.0}});
 	CollectGarbage();
 	RunFrames(2, 1.f);
-	// Put in again it stays without lanes, and without harm.
+	// Added again, it stays without lanes and does no harm.
 	Stage->GetBar().GetParent()->AddChild(Overlay);
 	GoTo(2.0);
 	EXPECT_EQ(CountNew(), 0u);

@@ -39,7 +39,7 @@ protected:
 		}
 		return Checked;
 	}
-	/** The name of the box that a selection refers to. */
+	/** The name of the box to which a selection refers. */
 	std::string GetSelected(const TCHAR* Property) const
 	{
 		const UUI_DanmakuNodeSetting& Panel = GetPanel();
@@ -63,7 +63,7 @@ void FPanel::CheckInvariants() const
 	EXPECT_EQ("#" + ToUtf8(FColor::FromHex(FromUtf8(Color)).ToHex()), Color);
 	if (!Colors.empty())
 	{
-		EXPECT_EQ(Color, "#" + Colors.substr(2) + "FF") << "a checked preset is the colour";
+		EXPECT_EQ(Color, "#" + Colors.substr(2) + "FF") << "a checked preset is the color";
 		EXPECT_TRUE(GetFieldText() == "#" + Colors.substr(2) || GetFieldText() == "#")
 			<< GetFieldText() << ", or emptied";
 	}
@@ -96,7 +96,7 @@ TEST_F(FPanel, TakesItsSizesFromItsDefaults)
 	EXPECT_EQ(GetPanel().GetFontSize(), 14);
 }
 
-TEST_F(FPanel, ReturnsToAPresetThatATypedColourUnchecked)
+TEST_F(FPanel, ReturnsToAPresetThatATypedColorUnchecked)
 {
 	GetBox("C_4266BE")->Toggle(true);
 	GetBox("C_4266BE")->Toggle(false);
@@ -109,7 +109,7 @@ TEST_F(FPanel, ReturnsToAPresetThatATypedColourUnchecked)
 	EXPECT_EQ(GetColor(), "#4266BEFF");
 }
 
-TEST_F(FPanel, GivesBackEvery8BitColour)
+TEST_F(FPanel, GivesBackEvery8BitColor)
 {
 	const UImage* Swatch = FindInPanel<UImage>(TEXT("DisplayColorImage"));
 	for (int32 Value = 0; Value < 256; ++Value)
@@ -192,7 +192,7 @@ TEST_F(FPanel, KeepsItsPromisesWhateverAViewerDoes)
 			GetBox(ColorBoxes[Random() % 4])->Toggle(Random() % 2 == 0);
 			break;
 		default:
-			// At times a digit is put to what stands there, at times a preset's own text comes out.
+			// Sometimes a digit is appended, sometimes the result is a preset's text.
 			Typed = Random() % 2 == 0 ? GetField()->GetText().ToString().GetStd() : u"";
 			Typed = Random() % 8 == 0 ? FromUtf8(ColorBoxes[Random() % 4] + 2).GetStd() : Typed;
 			for (std::size_t Length = Random() % 8; Length > 0; --Length)
@@ -209,7 +209,7 @@ TEST_F(FPanel, KeepsItsPromisesWhateverAViewerDoes)
 		Type(FromUtf8(Text));
 		if (Text != "#")
 		{
-			// As a toolkit would that raised the event for text set by code too. An emptied field would lose its preset.
+			// As with a toolkit that raises the event for text set by code, too. A cleared field would lose its preset.
 			GetField()->OnTextChanged.Broadcast(GetField()->GetText());
 		}
 		EXPECT_EQ(GetFieldText(), Text) << "a fixed point";

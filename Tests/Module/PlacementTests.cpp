@@ -25,7 +25,7 @@ protected:
 		GetManager()->SpawnDanmakuNodeUser(MakeData(Content, Mode));
 		return GetLastNode();
 	}
-	/** A comment in each lane that is asked for. */
+	/** A comment in each requested lane. */
 	void Fill(EDanmakuMode Mode, int32 Count)
 	{
 		for (int32 Index = 0; Index < Count; ++Index)
@@ -88,7 +88,8 @@ TEST_F(FPlacement, AsksOnlyTheFirstLaneOfARun)
 
 TEST_F(FPlacement, EndsWithTheFirstWillingLane)
 {
-	// 17 bottom lanes, the last alone free: a comment of two is removed, the viewer's own as well, without a draw.
+	// 17 bottom lanes, only the last one free: a comment that needs two is removed, even the viewer's own, without a
+	// draw.
 	Fill(Bottom, 16);
 	const int32 NumCalls = FScriptedRand::NumCalls();
 	EXPECT_EQ(Spawn("100x30", Bottom)->GetParent(), nullptr);
@@ -178,7 +179,7 @@ TEST_F(FPlacement, DrawsTheSameFromTheSameSeed)
 		}
 		return Drawn;
 	};
-	// The runtime's own numbers.
+	// The C runtime's own numbers.
 	Rand.Reset();
 	const std::vector<double> First = Run(7);
 	EXPECT_EQ(Run(7), First);

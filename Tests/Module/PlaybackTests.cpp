@@ -11,7 +11,7 @@ class FPlayback : public FStageFixture
 protected:
 	FPlayback() { Rand.GiveAlways(ShortDraw); }
 
-	/** One comment a group, in this order. */
+	/** One comment per group, in this order. */
 	void SpawnThree()
 	{
 		for (const EDanmakuMode Mode : {EDanmakuMode::SCROLL, EDanmakuMode::TOP, EDanmakuMode::BOTTOM})
@@ -28,7 +28,7 @@ protected:
 		}
 		return Count;
 	}
-	/** Whether a comment of the schedule would be shown now. */
+	/** Whether a scheduled comment would be shown now. */
 	bool Shows()
 	{
 		const std::size_t Before = Log.GetNodes().size();
@@ -46,7 +46,7 @@ TEST_F(FPlayback, StopsAndResumesEveryGroup)
 	EXPECT_EQ(CountPaused(), 3);
 	EXPECT_FALSE(Shows());
 	RunFrames(20, 1.f);
-	EXPECT_EQ(GetShown().size(), 3u) << "their time stands still";
+	EXPECT_EQ(GetShown().size(), 3u) << "their time is frozen";
 	GetManager()->Resume();
 	EXPECT_EQ(CountPaused(), 0);
 	EXPECT_TRUE(Shows());

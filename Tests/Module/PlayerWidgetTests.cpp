@@ -153,7 +153,7 @@ TEST_F(FPlayerWidget, OpenedAgainDoesNothingTwice)
 	Send(TEXT("70x20"));
 	EXPECT_EQ(Listener->Count, 1);
 	EXPECT_EQ(GetShown().size(), 1u);
-	// Without a media player there is nothing to fly to, and no harm.
+	// Without a media player there is no time to follow, and no harm.
 	Player().Open(nullptr);
 	Player().LoadComments(Document({{0.0}}));
 	Player().Play();

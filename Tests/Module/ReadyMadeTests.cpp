@@ -23,7 +23,7 @@ namespace
 class FReadyMade : public FStageFixture
 {
 protected:
-	/** Everything that is painted over some seconds of comments and of what the viewer does, in words. */
+	/** Everything painted during some seconds of comments and viewer input, in words. */
 	std::vector<std::string> Play(const FStageOptions& Options)
 	{
 		Rand.Reset();
@@ -77,7 +77,7 @@ TEST_F(FReadyMade, BindEveryWidgetOfTheirBases)
 					const UObject* Bound = Property->GetObjectValue(Widget);
 					ASSERT_NE(Bound, nullptr) << Class->GetCppName() << " " << ToUtf8(Property->GetName());
 					EXPECT_TRUE(Bound->IsA(Property->GetReferencedClass()));
-					EXPECT_EQ(Bound, Widget->GetWidgetFromName(Property->GetFName())) << "it stands in the tree";
+					EXPECT_EQ(Bound, Widget->GetWidgetFromName(Property->GetFName())) << "it is in the tree";
 				}
 			}
 		}
@@ -135,7 +135,7 @@ TEST_F(FReadyMade, BehaveAsBlueprintsDo)
 	EXPECT_GT(ReadyMade.size(), 60u);
 	EXPECT_TRUE(std::ranges::any_of(ReadyMade, [](const std::string& Line) { return Line.ends_with("viewer's"); }));
 	EXPECT_TRUE(ReadyMade.back().starts_with("29 ")) << "switched off then";
-	// Blueprints must outlive what is made of them.
+	// Blueprints must outlive their widgets.
 	Rebuild(MakeOptions(FVector2f(800.f, 300.f)));
 }
 

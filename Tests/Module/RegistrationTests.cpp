@@ -18,7 +18,7 @@ namespace Flitmark
 namespace
 {
 
-/** The sent comment is handled by a function that takes what the event gives. The list of classes has a test of its own. */
+/** The function that handles a sent comment takes the event's parameters. The list of classes has its own test. */
 TEST(FRegistration, TheSendEventFitsItsHandler)
 {
 	const UFunction* Signature = FindPackageContents("/Script/Flitmark").Delegates.at(0);
@@ -37,7 +37,7 @@ TEST(FRegistration, AFreshRecordHasNoFontSize)
 			  0);
 }
 
-/** Everything that a class wants bound, but for one: left out, or of a type that does not fit. */
+/** All of a class's bound widgets but one, which is missing or of the wrong type. */
 std::string BuildWithout(UClass* Class, FName Missing, UClass* Instead)
 {
 	FWidgetBlueprintBuilder Builder(TEXT("WBP_Test"), Class);

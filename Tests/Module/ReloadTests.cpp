@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-/** The module's own library, which this program does not link: it lies beside the layer's. */
+/** The module's own library, which this program does not link: it is next to the layer's. */
 TEST(FReload, ClassesComeAndGoWithTheLibrary)
 {
 	FModuleManager& Manager = FModuleManager::Get();
@@ -17,7 +17,7 @@ TEST(FReload, ClassesComeAndGoWithTheLibrary)
 		UClass* Class = FindClassByName("UDanmakuTrack");
 		ASSERT_NE(Class, nullptr);
 
-		// Held by nothing: collected before the library goes.
+		// Referenced by nothing: collected before the library is unloaded.
 		const FWeakObjectPtr Track(NewObject<UObject>(GetTransientPackage(), Class));
 		ASSERT_TRUE(Track.IsValid());
 		EXPECT_TRUE(Track.Get()->IsA(Class));
@@ -27,7 +27,7 @@ TEST(FReload, ClassesComeAndGoWithTheLibrary)
 	}
 }
 
-/** The second module stands on the first: it goes before it. */
+/** The second module depends on the first, so it is unloaded first. */
 TEST(FReload, TheReadyMadeWidgetsGoBeforeTheirBases)
 {
 	FModuleManager& Manager = FModuleManager::Get();

@@ -29,7 +29,7 @@ namespace Flitmark
 namespace
 {
 
-/** Slots in memory, which count their reads and may refuse to write. */
+/** In-memory slots that count reads and may refuse to write. */
 class FMemorySlots final : public ISaveGameSystem
 {
 public:

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-/** Rules that keep the module's sources compiling in the engine, as far as reading them tells. */
+/** Rules that keep the module's sources compiling in the engine, as far as reading them can tell. */
 namespace Flitmark
 {
 
@@ -66,7 +66,7 @@ std::vector<std::string> GetIncludes(const FSource& Source)
 	return Includes;
 }
 
-/** The engine's headers that the module may use: Core's and those of the modules that its build file names. */
+/** The engine headers that the module may use: Core's and those of the modules that its build file names. */
 bool IsEngineHeader(const std::string& Included)
 {
 	static const std::set<std::string> Headers = {
@@ -163,10 +163,10 @@ TEST(FSourceRules, GeneratedHeadersComeLast)
 	}
 }
 
-/** A handler that is subscribed by name and not reflected is never called, and nothing would say so. */
+/** A handler that is subscribed by name but not reflected is never called, without any error. */
 TEST(FSourceRules, HandlersBoundByNameAreReflected)
 {
-	// Builds the classes, so that they are found by name.
+	// Builds the classes, so that they can be found by name.
 	ASSERT_FALSE(FindPackageContents("/Script/Flitmark").Classes.empty());
 	ASSERT_FALSE(FindPackageContents("/Script/FlitmarkWidgets").Classes.empty());
 	const std::string Mark = "Dynamic(this, &";
@@ -194,7 +194,7 @@ TEST(FSourceRules, HandlersBoundByNameAreReflected)
 	EXPECT_GE(Bindings, 17) << "the pattern finds the subscriptions no more";
 }
 
-/** What the engine's build tool reads, and no compiler here does. */
+/** What only the engine's build tool reads, and no compiler here. */
 TEST(FSourceRules, BuildFileAsksForWhatTheSourcesNeed)
 {
 	std::ifstream Stream(Modules[0] / "Flitmark.Build.cs");

@@ -11,7 +11,7 @@ namespace
 class FTrackLayout : public FStageFixture
 {
 protected:
-	/** Lanes are counted anew when a comment starts. */
+	/** Lanes are recounted when a comment starts. */
 	void Resize(float Height)
 	{
 		Stage->SetCanvasSize(FVector2f(1920.f, Height));
@@ -58,12 +58,12 @@ TEST_F(FTrackLayout, WaitsForTheNextCommentToGrow)
 	EXPECT_TRUE(std::ranges::equal(Old, std::vector(New.begin(), New.begin() + 35))) << "the old lanes stay";
 	Stage->SetCanvasSize(FVector2f(640.f, 1080.f));
 	Resize(1080.f);
-	EXPECT_EQ(CountLanes(), (std::vector<int32>{53, 53, 17, 0})) << "the width is no matter";
+	EXPECT_EQ(CountLanes(), (std::vector<int32>{53, 53, 17, 0})) << "the width does not matter";
 }
 
 TEST_F(FTrackLayout, DropsTheFarthestLanesFirstAndTheirCommentsWithThem)
 {
-	// One comment a lane: top lanes 0 to 52 are comments 1 to 53, bottom lanes 0 to 16 are 54 to 70.
+	// One comment per lane: top lanes 0 to 52 hold comments 1 to 53, bottom lanes 0 to 16 hold 54 to 70.
 	for (int32 Index = 0; Index < 70; ++Index)
 	{
 		GetManager()->SpawnDanmakuNode(MakeData("50x15", Index < 53 ? EDanmakuMode::TOP : EDanmakuMode::BOTTOM));

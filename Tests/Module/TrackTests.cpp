@@ -27,7 +27,9 @@ protected:
 
 	UDanmakuTrack* MakeTrack() { return Keep(NewObject<UDanmakuTrack>(GetManager())); }
 
-	/** A way of at least the width that takes a whole number of seconds at that speed, and the draw that gives it. */
+	/**
+	 * A distance of at least the width that takes a whole number of seconds at that speed, and the draw that yields it.
+	 */
 	static FRoll FindRoll(double Width, double Speed)
 	{
 		if (Speed == Infinite)
@@ -51,8 +53,8 @@ protected:
 	}
 
 	/**
-	 * A comment of the given width and speed on the 1920 wide canvas. The speed is that of a comment which starts on
-	 * another canvas, so wide that its display time is a whole number of seconds already.
+	 * A comment of the given width and speed on the 1920-wide canvas. To get that speed, it starts on another canvas,
+	 * wide enough for its display time to be a whole number of seconds.
 	 */
 	UUI_DanmakuNode* MakeRolling(double Width, double Speed)
 	{
@@ -177,7 +179,7 @@ TEST_F(FTracks, ForgetACommentAtItsEndHoweverOftenTheyListIt)
 
 TEST_F(FTracks, UseTheNewcomersCanvasWhereTheLastCommentHasJustLeftIt)
 {
-	// Between a comment's leaving the canvas and the lane's hearing of it.
+	// Between the comment leaving the canvas and the lane noticing.
 	struct FProbe
 	{
 		void OnEnded(UUI_DanmakuNode* Node)

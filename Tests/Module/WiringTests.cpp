@@ -159,7 +159,7 @@ TEST_F(FWiring, IgnoresWhatIsSentAfterTheOverlaysEnd)
 
 TEST_F(FWiring, OutlivesACollectedOverlay)
 {
-	// An overlay of its own, of which nothing is left when the bar sends.
+	// A separate overlay, completely gone by the time the bar sends.
 	UUI_Danmaku* Overlay = CreateWidget<UUI_Danmaku>(&Stage->GetOverlay(), Stage->GetOverlay().GetClass());
 	const TWeakObjectPtr<UUI_Danmaku> Weak(Overlay);
 	Stage->GetOverlay().Init(nullptr, nullptr, nullptr);
@@ -199,7 +199,7 @@ TEST_F(FWiring, SurvivesInitWithNothing)
 	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::SelfHitTestInvisible);
 	Send();
 	EXPECT_EQ(NumMade(), 0u) << "no player, no URL";
-	// The bar that was given before is still bound, and the overlay no longer knows it.
+	// The previous bar is still bound, but the overlay no longer knows it.
 	Overlay.Init(nullptr, nullptr, nullptr);
 	Toggle(false);
 	EXPECT_EQ(Stage->GetCanvas().GetVisibility(), ESlateVisibility::Hidden);
@@ -207,7 +207,7 @@ TEST_F(FWiring, SurvivesInitWithNothing)
 	RunFrames(2, 0.1f);
 }
 
-/** A class that no blueprint made has no bound widgets, and a widget without a player context is not initialized. */
+/** A class without a blueprint has no bound widgets, and a widget without a player context is not initialized. */
 TEST_F(FWiring, SurvivesWidgetsThatAreNotBound)
 {
 	UPanelWidget* Screen = GetScreen();

@@ -25,7 +25,7 @@ namespace Flitmark
 namespace
 {
 
-/** A web server with one page, for as long as it lives. */
+/** A web server with one page; serves it for as long as it lives. */
 class FWebPage
 {
 public:
@@ -79,7 +79,7 @@ private:
 	std::thread Thread;
 };
 
-/** A folder of its own for the sounds to be played. */
+/** A folder for the sounds to be played. */
 class FMpvPlayerTest : public testing::Test, public IMpvObserver
 {
 protected:
@@ -110,7 +110,7 @@ protected:
 		std::filesystem::remove_all(Folder);
 	}
 
-	/** Takes in what happens until it is so, for 20 s at most. */
+	/** Processes events until the condition holds, for at most 20 s. */
 	template <class F>
 	bool WaitUntil(F&& InCondition)
 	{
@@ -136,7 +136,7 @@ protected:
 		return Path.string();
 	}
 
-	/** A tone as an 8-bit WAV of so many seconds. */
+	/** A tone as an 8-bit WAV, with its length in seconds. */
 	std::string WriteTone(const char* Name, uint32_t Seconds) const
 	{
 		constexpr uint32_t Rate = 8000;
@@ -182,7 +182,7 @@ protected:
 	int NumLoaded = 0;
 	int NumSeeked = 0;
 	std::vector<std::string> Failures;
-	/** By their files, why they can't be shown. */
+	/** Why each file can't be shown. */
 	std::map<std::string, std::string> Subtitles;
 	std::unique_ptr<FMpvPlayer> Player;
 
@@ -248,7 +248,7 @@ TEST_F(FMpvPlayerTest, TellsNothingOfWhatWasReplaced)
 	}
 }
 
-/** What is in a list is played in its place, unless the list is on a network and the file on the viewer's machine. */
+/** A list is replaced by its entries, except for files on the viewer's machine if the list is on a network. */
 TEST_F(FMpvPlayerTest, PlaysListsButNoFilesThatARemoteOneNames)
 {
 	const std::string Tone = WriteTone("tone.wav", 30);
@@ -283,7 +283,7 @@ TEST_F(FMpvPlayerTest, TellsSubtitlesApartFromTheRest)
 	EXPECT_TRUE(Subtitles[(Folder / "good.srt").string()].empty());
 	EXPECT_FALSE(Subtitles[(Folder / "bad.srt").string()].empty());
 
-	// What was wrong with them is not told of the next file.
+	// Their faults are not reported for the next file.
 	Player->Open((Folder / "missing.mkv").string());
 	ASSERT_TRUE(WaitUntil([this] { return Failures.size() == 1; }));
 	EXPECT_NE(Failures[0].find("No such file"), std::string::npos) << Failures[0];

@@ -16,12 +16,12 @@ namespace Flitmark
 namespace
 {
 
-/** What is on the screen: where each comment is, by its text. */
+/** What is on the screen: each comment's position, by its text. */
 using FScreen = std::map<std::u16string, FVector2D>;
 
 constexpr int32 NumSeconds = 90;
 
-/** Comments of different texts, of which three in four scroll, as in most documents. */
+/** Comments with different texts, three in four of which scroll, as in most documents. */
 std::vector<FTestComment> MakeComments(int32 InPerSecond)
 {
 	constexpr std::array<int32, 8> Modes{0, 0, 0, 0, 0, 0, 1, 2};
@@ -40,7 +40,7 @@ class FJumpTest : public FRunnerFixture
 protected:
 	FJumpTest() { Runner->SeedEachSecond(); }
 
-	/** Seconds after which a viewer looks. */
+	/** Seconds until a viewer looks. */
 	static constexpr double GlanceTime = 0.1;
 
 	FScreen Look() const
@@ -60,7 +60,7 @@ protected:
 															  { return InComment.Style->Style.Text == InText; }));
 	}
 
-	/** Plays from one time to another, in seconds of media time. */
+	/** Plays from one media time to another, in seconds. */
 	void Play(double InFrom, double InTo)
 	{
 		const double Each = FrameTime * Rate;
@@ -78,7 +78,7 @@ protected:
 		Runner->Jump();
 	}
 
-	/** Runs frames until a jump, if there is one, has arrived. */
+	/** Runs frames until a jump under way, if any, has finished. */
 	void Arrive()
 	{
 		do
@@ -102,7 +102,7 @@ protected:
 		Cast<UCheckBox>(Bar.GetWidgetFromName(TEXT("OpenDanmakuButton")))->Toggle(bInOn);
 	}
 
-	/** Playback rate of the film. */
+	/** The video's playback rate. */
 	double Rate = 1.0;
 };
 
@@ -115,7 +115,7 @@ TEST_F(FJumpTest, ShowsWhatPlayingWouldShow)
 		double Speed;
 		/** Comments in any one picture, at least. */
 		std::size_t NumShown;
-		/** How many of them are the very same and in the same place: few where every lane is contended for. */
+		/** How many of them are the same and in the same place: few if there is competition for every lane. */
 		double SameShare;
 	};
 	const FCase Cases[] = {{25, 1.0, 1.0, 60, 0.2}, {3, 1.0, 1.0, 20, 0.7}, {25, 2.0, 0.5, 60, 0.2}};
@@ -199,7 +199,7 @@ TEST_F(FJumpTest, WhatIsWrittenThereComesOnce)
 		Runner->SetPaused(false);
 		Play(30.4, 32.0);
 		EXPECT_EQ(CountOf(u"mine"), 1u);
-		// The schedule has it: it is there after every further jump.
+		// The schedule now has it, so it is there after every further jump.
 		JumpTo(33.0);
 		EXPECT_EQ(CountOf(u"mine"), 1u);
 		Load({});
@@ -275,7 +275,7 @@ TEST_F(FJumpTest, WhatIsWrittenBetweenSlicesComesOnce)
 {
 	Show();
 	std::vector<FTestComment> Comments = MakeComments(400);
-	// Their lanes are free for what is written.
+	// Their lanes are free for what the viewer writes.
 	std::erase_if(Comments,
 				  [](const FTestComment& InComment) { return InComment.Mode == 0 && InComment.Seconds > 30.0; });
 	Load(Comments);

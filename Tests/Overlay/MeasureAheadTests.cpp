@@ -27,7 +27,7 @@ TEST(MeasureAhead, StopsAtOnceWhereverItIs)
 		FMeasureAhead Ahead(*Engine, Texts);
 		Ahead.SetMediaTime(0);
 		Ahead.SetMediaTime(Second * ETimespan::TicksPerSecond);
-		// From this thread too, as a frame does.
+		// From this thread too, as in a frame.
 		EXPECT_EQ(Engine->Measure(u"comment 7", 24.f).Width, Expected.Width);
 	}
 }

@@ -34,7 +34,7 @@ inline FString MakeDocument(const std::vector<FTestComment>& InComments)
 	return FromUtf8("{\"datas\":[" + Text + "]}");
 }
 
-/** A runner without a view yet. */
+/** A runner that does not have a view yet. */
 class FRunnerFixture : public testing::Test
 {
 protected:
@@ -47,7 +47,7 @@ protected:
 		Runner = FOverlayRunner::Create(*Measure, 1, Error);
 	}
 
-	/** A canvas of 1920 x 1080 over a picture two pixels wide and three pixels high a canvas unit. */
+	/** A canvas of 1920 x 1080 over a picture with two pixels per canvas unit horizontally and three vertically. */
 	void Show() { Runner->SetView({FVector2f(1920.f, 1080.f), {2.0, 3.0}}); }
 	void Load(const std::vector<FTestComment>& InComments) { Runner->Load(MakeDocument(InComments), {}); }
 	void SetSeconds(double InSeconds) { Runner->SetMediaTime(static_cast<int64>(InSeconds * 1e7)); }

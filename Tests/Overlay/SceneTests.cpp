@@ -99,7 +99,7 @@ TEST_F(FSceneTest, MemoryIsBounded)
 	EXPECT_LE(Drawn.size(), 3u);
 	EXPECT_TRUE(Sprites->WasCut());
 
-	// Room that is freed is used again.
+	// Freed room is reused.
 	Runner->Load(MakeDocument({{"fits"}}), {});
 	Draw(0.0);
 	EXPECT_EQ(Drawn.size(), 1u);

@@ -16,10 +16,10 @@ namespace
 {
 
 constexpr QRgb Ground = qRgb(40, 90, 160);
-/** Of a channel: blending on a graphics card rounds as it likes. */
+/** Per channel: blending on a graphics card may round either way. */
 constexpr int Tolerance = 3;
 
-/** A sprite blended over a plain ground, its corner at a device pixel. */
+/** Blends a sprite over a plain background, with its corner on a device pixel. */
 void Blend(QImage& InOutImage, const FSprite& InSprite, int InX, int InY)
 {
 	for (int Y = 0; Y < InSprite.Height; ++Y)
@@ -63,7 +63,7 @@ int CountDifferences(const QImage& InOne, const QImage& InOther)
 	return Count;
 }
 
-/** A window with the layer in it, not at its corner. */
+/** A window with the layer in it, away from the corner. */
 struct FLayerWindow
 {
 	FLayerWindow()
@@ -100,7 +100,7 @@ private Q_SLOTS:
 
 private:
 	QImage Grab();
-	/** What the window should show of the present scene; standing comments only. */
+	/** What the window should show for the current scene; fixed comments only. */
 	QImage Expect();
 	bool ShowsWhatIsExpected() { return CountDifferences(Grab(), Expect()) == 0; }
 
@@ -146,7 +146,7 @@ QImage FCommentLayerTest::Expect()
 	const QPointF Origin = Shown->Layer->mapToScene(QPointF()) * Ratio;
 	for (const FSceneComment& Comment : Overlay->GetScene().GetComments())
 	{
-		const FSprite Sprite = Comment.Style->Style.Rasterise(*Engine, {Scale, Scale});
+		const FSprite Sprite = Comment.Style->Style.Rasterize(*Engine, {Scale, Scale});
 		Blend(Image, Sprite, static_cast<int>(std::round(Origin.x() + Comment.Position.X * Scale)) + Sprite.Left,
 			  static_cast<int>(std::round(Origin.y() + Comment.Position.Y * Scale)) + Sprite.Top);
 	}
@@ -178,7 +178,7 @@ void FCommentLayerTest::StandingCommentsAreDrawnToThePixel()
 							{Text.toStdString(), 2, 0.0, Color.toStdString(), FontSize}});
 	Overlay->RunFrame(0.01);
 	QCOMPARE(Overlay->GetScene().GetComments().size(), std::size_t{2});
-	// A wide one may reach out of the item, which cuts it off; there the window has room for it.
+	// A wide one may extend beyond the item, which clips it, although the window has room for it.
 	Shown->Layer->setClip(false);
 	QTRY_COMPARE(CountDifferences(Grab(), Expect()), 0);
 	QCOMPARE(Overlay->GetMeter().GetSprites().NumMade, 1);
@@ -197,7 +197,7 @@ void FCommentLayerTest::MovingCommentsStandBetweenPixels()
 	{
 		Overlay->RunFrame(0.0017);
 		const QImage Image = Grab();
-		// The centre of what differs from the ground.
+		// The center of what differs from the background.
 		double Sum = 0.0;
 		double Weighted = 0.0;
 		for (int Y = 0; Y < Image.height(); ++Y)
@@ -210,10 +210,10 @@ void FCommentLayerTest::MovingCommentsStandBetweenPixels()
 			}
 		}
 		QVERIFY(Sum > 0.0);
-		const double Centre = Weighted / Sum;
+		const double Center = Weighted / Sum;
 		const double Place = Overlay->GetScene().GetComments().front().Position.X * Scale;
-		Offset = Frame == 0 ? Centre - Place : Offset;
-		QVERIFY2(std::abs(Centre - Place - Offset) < 0.15, qPrintable(QString::number(Centre - Place - Offset)));
+		Offset = Frame == 0 ? Center - Place : Offset;
+		QVERIFY2(std::abs(Center - Place - Offset) < 0.15, qPrintable(QString::number(Center - Place - Offset)));
 	}
 }
 
@@ -249,7 +249,7 @@ void FCommentLayerTest::CommentsGoAtOnce()
 	Overlay->Clear();
 	QImage Empty = Grab();
 	QVERIFY(ShowsWhatIsExpected());
-	// Back at once: the sprites are still at hand.
+	// Back at once: the sprites are still there.
 	LoadComments(*Overlay, {{"here"}});
 	Overlay->RunFrame(0.01);
 	QVERIFY(ShowsWhatIsExpected());

@@ -13,7 +13,7 @@ namespace Flitmark
 namespace
 {
 
-/** Frames whose true times are given, each asked for at most InJitter seconds late. */
+/** Frames with the given true times, each requested at most InJitter seconds late. */
 std::vector<double> RunClock(double InHertz, const std::vector<double>& InTimes, double InJitter)
 {
 	FFrameClock Clock;
@@ -44,10 +44,10 @@ TEST(FrameClock, GivesADisplaysEvenStepsAndTheRealTime)
 	{
 		const char* Name;
 		double Hertz;
-		/** Of the frames as they are shown. */
+		/** The frames as shown. */
 		double Step;
 		double Jitter;
-		/** What any step may be off, in seconds, once the clock has settled. */
+		/** How far any step may be off, in seconds, once the clock has settled. */
 		double Uneven;
 	};
 	const FCase Cases[] = {

@@ -21,7 +21,7 @@ FEnd RunPlayer(const QStringList& InArguments)
 {
 	QProcess Process;
 	QProcessEnvironment Environment = QProcessEnvironment::systemEnvironment();
-	// So that nothing is shown where an argument passes that should not.
+	// So that no window appears if an invalid argument is accepted.
 	Environment.remove("DISPLAY");
 	Environment.remove("WAYLAND_DISPLAY");
 	Environment.remove("QT_QPA_PLATFORM");

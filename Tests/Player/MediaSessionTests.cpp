@@ -28,12 +28,19 @@ protected:
 
 TEST_F(MediaSessionTest, BeginsWhereItWasLeftUnlessTold)
 {
-	const std::pair<double, double> LeftAndStart[] = {{19.0, 0.0}, {50.0, 50.0}, {75.0, 0.0}};
-	for (const auto& [Left, Start] : LeftAndStart)
+	struct FCase
+	{
+		double Left;
+		double Duration;
+		double Start;
+	};
+	const FCase Cases[] = {{19.0, 100.0, 0.0}, {50.0, 100.0, 50.0}, {75.0, 100.0, 0.0}, {4.0, 30.0, 0.0},
+						   {7.0, 30.0, 7.0},   {20.5, 30.0, 20.5},	{22.0, 30.0, 0.0},	{40.0, 0.0, 0.0}};
+	for (const auto& [Left, Duration, Start] : Cases)
 	{
 		Media.Open("/v/film.mkv", 0.0);
 		Media.Remember("Film", {});
-		Media.KeepPosition(Left, 100.0);
+		Media.KeepPosition(Left, Duration);
 		Media.Open("/v/film.mkv", 0.0);
 		EXPECT_EQ(Media.GetStart(), Start) << Left;
 		Media.Open("/v/film.mkv", 7.0);
@@ -41,6 +48,22 @@ TEST_F(MediaSessionTest, BeginsWhereItWasLeftUnlessTold)
 		Media.Open("/v/other.mkv", 0.0);
 		EXPECT_EQ(Media.GetStart(), 0.0);
 	}
+}
+
+TEST_F(MediaSessionTest, KeepsThePositionEveryTenSeconds)
+{
+	Media.Open("/v/film.mkv", 0.0);
+	Media.Remember("Film", {});
+	const auto Keeps = [this](double InPosition)
+	{
+		Media.Follow(InPosition, 1000.0);
+		return FRecentFiles(Settings).Find("/v/film.mkv")->Position;
+	};
+	EXPECT_EQ(Keeps(25.0), 25.0);
+	EXPECT_EQ(Keeps(34.9), 25.0);
+	EXPECT_EQ(Keeps(35.0), 35.0);
+	EXPECT_EQ(Keeps(600.0), 600.0);
+	EXPECT_EQ(Keeps(5.0), 0.0);
 }
 
 TEST_F(MediaSessionTest, CommentsLastUsedComeBeforeThoseBeside)
@@ -53,7 +76,7 @@ TEST_F(MediaSessionTest, CommentsLastUsedComeBeforeThoseBeside)
 	Media.Remember("Film", AlsoBeside);
 	EXPECT_EQ(Media.FindComments(), QStringList({AlsoBeside, Beside}));
 	Media.Remember("Film", Elsewhere);
-	// None now: those that were used stay remembered.
+	// None now: those last used are still remembered.
 	Media.Remember("Film", {});
 	EXPECT_EQ(Media.FindComments(), QStringList({Elsewhere, Beside, AlsoBeside}));
 	QFile::remove(Elsewhere);

@@ -10,7 +10,7 @@
 namespace Flitmark
 {
 
-/** What a test writes of a comment. */
+/** The parts of a comment that a test specifies. */
 struct FTestComment
 {
 	std::string Text;

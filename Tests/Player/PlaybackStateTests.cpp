@@ -10,7 +10,7 @@ namespace Flitmark
 namespace
 {
 
-/** All that the state says, a letter each; a capital where it holds. */
+/** The whole state, one letter per flag, uppercase if it is set. */
 std::string Describe(const FPlaybackState& InState)
 {
 	const auto Letter = [](bool bInHolds, char InLetter)
@@ -45,7 +45,7 @@ TEST(PlaybackStateTest, FollowsLibmpvAndTheViewer)
 		{MakeMpvState(true, true), "OLPWer", "OLpWer"},
 		{MakeMpvState(true, false, true), "OLPWer", "OLpWer"},
 		{MakeMpvState(true, false, false, true), "OLpwEr", "OLpwEr"},
-		// Leaving the end: it plays on as soon as the seek has arrived.
+		// Leaving the end: it plays on as soon as the seek has finished.
 		{MakeMpvState(true, false, true, true), "OLPWer", "OLpWer"},
 	};
 	for (const FCase& Case : Cases)

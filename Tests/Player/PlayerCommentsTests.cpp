@@ -55,7 +55,7 @@ protected:
 		return Path;
 	}
 
-	/** Until the load that counts is over. */
+	/** Until the load that counts has finished. */
 	void Wait()
 	{
 		QElapsedTimer Timer;

@@ -12,11 +12,11 @@ class QQuickItem;
 namespace Flitmark
 {
 
-/** The whole player in its window, with what a viewer does to it and sees of it. */
+/** The whole player in its window, with a viewer's input and view. */
 class FPlayerInWindow
 {
 public:
-	/** Milliseconds that anything may take. */
+	/** A time limit for anything, in milliseconds. */
 	static constexpr int Patience = 20'000;
 
 	/** InVideo, InComments: names in Media; empty for none. */
@@ -33,10 +33,10 @@ public:
 	QPoint CenterOf(const char* InName) const;
 	QRect RectOf(const char* InName) const;
 	QImage Grab() const;
-	/** Pixels of the picture that are nearly of a colour. */
+	/** Counts the picture's pixels that are close to a color. */
 	int CountPixels(QRgb InColor) const;
 	bool IsOnCanvas(const char16_t* InText) const;
-	/** Whether a message has that word in it. */
+	/** Whether a message contains that word. */
 	bool TellsOf(const QString& InWord) const;
 
 	QTemporaryDir Media;

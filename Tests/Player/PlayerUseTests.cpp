@@ -4,15 +4,18 @@
 #include "TestMedia.h"
 #include "WindowTestMain.h"
 
+#include <QAccessible>
 #include <QFile>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
 
+#include <cmath>
+
 namespace Flitmark
 {
 
-/** What a viewer does in an evening besides watching: other files, writing, full screen. */
+/** What a viewer does in an evening besides watching: opening other files, writing, going full screen. */
 class PlayerUseTest final : public QObject, private FPlayerInWindow
 {
 	Q_OBJECT
@@ -32,9 +35,11 @@ private Q_SLOTS:
 	void LeavesTheFieldByAClickThatDoesNothingElse();
 	void HidesTheControlsAfterSending();
 	void KeepsBottomCommentsAboveTheControls();
+	void ShowsChangedSettingsWhilePaused();
+	void TellsWhereItIs();
 
 private:
-	/** Row of the lowest pixel that is green, though shaded by controls; -1 for none. */
+	/** Row of the lowest green pixel, even if shaded by controls; -1 if there is none. */
 	int FindLowestGreen() const;
 };
 
@@ -44,9 +49,15 @@ void PlayerUseTest::initTestCase()
 	MakeVideo(Media.filePath("other.mp4"));
 	Write(Media.filePath("film.json"), "{\"datas\": [" + MakeComment(2.5, "mine", 1, "#FFFFFF") + "]}");
 	Write(Media.filePath("below.json"), "{\"datas\": [" + MakeComment(2.5, "BELOW", 2, "#00FF00") + "]}");
+	QByteArrayList Many;
+	for (int Index = 0; Index < 60; ++Index)
+	{
+		Many.append(MakeComment(2.5, "ABOVE", 1, "#00FF00"));
+	}
+	Write(Media.filePath("above.json"), "{\"datas\": [" + Many.join(',') + "]}");
 	Write(Media.filePath("broken.mp4"), "this is no film");
 	Write(Media.filePath("notes.txt"), "film.mp4 is nice\nother.mp4 is not\n");
-	// Says what it has, and then has nothing of it.
+	// Claims to have something, and then does not provide it.
 	RunFFmpeg({"-i", Media.filePath("film.mp4"), "-c", "copy", "-movflags", "+faststart", Media.filePath("cut.mp4")});
 	QFile Cut(Media.filePath("cut.mp4"));
 	QVERIFY(Cut.open(QIODevice::ReadWrite));
@@ -111,7 +122,7 @@ void PlayerUseTest::LeavesTheFieldByAClickThatDoesNothingElse()
 	Type("half a");
 	Click("Comments");
 	QVERIFY(!Find("CommentField")->hasActiveFocus());
-	// Had the first click paused, this one would play on.
+	// If the first click had paused, this one would resume.
 	Click("Comments");
 	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsPlaying(), Patience);
 	QCOMPARE(Find("CommentField")->property("text").toString(), "half a");
@@ -127,7 +138,7 @@ void PlayerUseTest::HidesTheControlsAfterSending()
 	QTRY_VERIFY_WITH_TIMEOUT(!Find("CommentBar")->isVisible(), Patience);
 	QTest::keyClick(Window, Qt::Key_C);
 	QTRY_VERIFY(Find("CommentField")->hasActiveFocus());
-	// Where a hand rests that was last used to click into the field.
+	// Where the pointer rests after clicking into the field.
 	QTest::mouseMove(Window, CenterOf("CommentField"));
 	Type("hello");
 	QTest::keyClick(Window, Qt::Key_Return);
@@ -164,6 +175,54 @@ void PlayerUseTest::KeepsBottomCommentsAboveTheControls()
 	Player->GetPlayer().SetPlaying(true);
 	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible(), Patience);
 	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() > RectOf("Comments").bottom() - 60, Patience);
+}
+
+void PlayerUseTest::ShowsChangedSettingsWhilePaused()
+{
+	Open("other.mp4", "above.json");
+	StopAt(3.5);
+	const QRect Picture = RectOf("Comments");
+	QVERIFY(FindLowestGreen() > Picture.top() + Picture.height() / 2);
+	const auto Lower = [this](const char* InName, int InSteps)
+	{
+		QTest::keyClick(Window, Qt::Key_Comma, Qt::ControlModifier);
+		QObject* const Page = Window->findChild<QObject*>("SettingsPage");
+		QTRY_VERIFY(Page->property("opened").toBool());
+		Find(InName)->findChild<QQuickItem*>("Slider")->forceActiveFocus(Qt::TabFocusReason);
+		for (int Step = 0; Step < InSteps; ++Step)
+		{
+			QTest::keyClick(Window, Qt::Key_Left);
+		}
+		QTest::keyClick(Window, Qt::Key_Escape);
+		QTRY_VERIFY(!Page->property("visible").toBool());
+	};
+	Lower("Area", 2);
+	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() > Picture.top(), Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() < Picture.top() + Picture.height() / 4, Patience);
+	Lower("Opacity", 20);
+	QTRY_COMPARE_WITH_TIMEOUT(FindLowestGreen(), -1, Patience);
+	QVERIFY(IsOnCanvas(u"ABOVE"));
+}
+
+void PlayerUseTest::TellsWhereItIs()
+{
+	Open("other.mp4");
+	StopAt(20.0);
+	QAccessibleInterface* const Bar = QAccessible::queryAccessibleInterface(Find("SeekBar"));
+	QVERIFY(Bar != nullptr && Bar->valueInterface() != nullptr);
+	const double Position = Player->GetPlayer().GetPosition();
+	QCOMPARE(Bar->valueInterface()->currentValue().toDouble(), Position);
+	QCOMPARE(Bar->valueInterface()->maximumValue().toDouble(), 60.0);
+
+	// To the disk too, in case the power goes.
+	const auto Saved = [this]
+	{
+		QFile File(Home->filePath("player.ini"));
+		const QByteArray Text = File.open(QIODevice::ReadOnly) ? File.readAll() : QByteArray();
+		const qsizetype At = Text.indexOf("1\\position=");
+		return At < 0 ? 0.0 : Text.mid(At + 11, Text.indexOf('\n', At) - At - 11).toDouble();
+	};
+	QTRY_VERIFY_WITH_TIMEOUT(std::abs(Saved() - Position) < 10.0, Patience);
 }
 
 } // namespace Flitmark

@@ -20,12 +20,12 @@ constexpr QRgb Ground = qRgb(0x20, 0x30, 0x50);
 constexpr QRgb Green = qRgb(0x00, 0xFF, 0x00);
 constexpr QRgb Red = qRgb(0xFF, 0x00, 0x00);
 
-/** A different color in every corner, and an L that is its own image in no mirror. */
+/** A different color in every corner, and an L, which no mirroring leaves unchanged. */
 const char* const FourCorners = "drawbox=0:0:160:90:red:fill,drawbox=480:0:160:90:green:fill,"
 								"drawbox=0:270:160:90:blue:fill,drawbox=480:270:160:90:yellow:fill,"
 								"drawbox=260:60:40:240:white:fill,drawbox=260:260:140:40:white:fill";
 
-/** Mean difference of two pictures of one size, 0 to 255. */
+/** Mean difference between two pictures of the same size, 0 to 255. */
 double MeanDifference(const QImage& InA, const QImage& InB)
 {
 	double Sum = 0.0;
@@ -41,14 +41,14 @@ double MeanDifference(const QImage& InA, const QImage& InB)
 	return Sum / (3.0 * InA.width() * InA.height());
 }
 
-/** Standing green ones from second 2 on, a red one that scrolls from second 21 on. */
+/** Fixed green ones from second 2, a scrolling red one from second 21. */
 QByteArray MakeComments()
 {
 	return "{\"datas\": [" + MakeComment(2.5, "GREEN", 1, "#00FF00") + "," + MakeComment(2.5, "GREENER", 1, "#00FF00") +
 		   "," + MakeComment(21.2, "RED AND SCROLLING", 0, "#FF0000") + "]}";
 }
 
-/** A document whose reading and drawing take their time. */
+/** A document that takes a while to read and draw. */
 QByteArray MakeManyComments()
 {
 	QByteArray Text = "{\"datas\": [";
@@ -66,6 +66,7 @@ void PlayerWindowTest::initTestCase()
 {
 	MakeVideo(Media.filePath("film.mp4"));
 	MakeVideo(Media.filePath("corners.mp4"), FourCorners);
+	MakeVideo(Media.filePath("slow.mp4"), "fps=5");
 	Write(Media.filePath("film.json"), MakeComments());
 	QVERIFY(QFile::copy(Media.filePath("film.mp4"), Media.filePath("bare.mp4")));
 	Write(Media.filePath("list.xml"), "<i><d p=\"30.5,5,25,255,0,0,0,1\">from a list</d></i>");
@@ -84,17 +85,31 @@ void PlayerWindowTest::cleanup()
 	Window = nullptr;
 }
 
+void PlayerWindowTest::ShowsTheVideoTheRightWayUp_data()
+{
+	QTest::addColumn<int>("Rotation");
+	for (const int Rotation : {0, 90, 180, 270})
+	{
+		QTest::addRow("%d degrees", Rotation) << Rotation;
+	}
+}
+
 void PlayerWindowTest::ShowsTheVideoTheRightWayUp()
 {
-	RunFFmpeg({"-i", Media.filePath("corners.mp4"), "-frames:v", "1", Media.filePath("corners.png")});
-	const QImage Frame(Media.filePath("corners.png"));
-	QCOMPARE(Frame.size(), QSize(640, 360));
+	QFETCH(int, Rotation);
+	RunFFmpeg({"-i", Media.filePath("corners.mp4"), "-c", "copy", "-metadata:s:v:0",
+			   "rotate=" + QString::number(Rotation), Media.filePath("rotated.mp4")});
+	RunFFmpeg({"-i", Media.filePath("rotated.mp4"), "-frames:v", "1", Media.filePath("rotated.png")});
+	const QImage Frame(Media.filePath("rotated.png"));
+	QCOMPARE(Frame.size(), Rotation % 180 == 0 ? QSize(640, 360) : QSize(360, 640));
 	// Nothing covers the picture while it plays undisturbed.
-	Open("corners.mp4");
+	Open("rotated.mp4");
 	QTRY_VERIFY_WITH_TIMEOUT(Player->GetPlayer().GetPosition() > 1.0, Patience);
 	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible() && !Find("OnScreenMessage")->isVisible(), Patience);
-	const QImage Shown = Grab().copy(RectOf("Comments"));
-	QVERIFY(Shown.width() >= 640 && Shown.height() >= 360);
+	const QRect Rect = RectOf("Comments");
+	const QImage Shown = Grab().copy(Rect);
+	QVERIFY(Rect.width() >= 360 && Rect.height() >= 360);
+	QVERIFY(std::abs(Rect.width() * Frame.height() - Rect.height() * Frame.width()) < 1000);
 	const auto DifferenceTo = [&Shown](const QImage& InImage)
 	{
 		return MeanDifference(Shown, InImage.scaled(Shown.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
@@ -118,7 +133,7 @@ void PlayerWindowTest::ShowsCommentsOverTheVideo()
 	QVERIFY(CountPixels(Ground) > 100'000);
 	QVERIFY(IsOnCanvas(u"GREEN") && IsOnCanvas(u"GREENER"));
 
-	// The picture is upright, and nothing but itself where no comment is.
+	// The picture is upright, and unchanged where there is no comment.
 	const QRect Picture = RectOf("Comments");
 	const QImage Image = Grab();
 	QCOMPARE(Image.pixel(Picture.left() + 20, Picture.top() + Picture.height() / 2), Image.pixel(Picture.center()));
@@ -171,6 +186,81 @@ void PlayerWindowTest::SwitchesTheCommentsOffAndOn()
 	QVERIFY(Find("CommentField")->isEnabled());
 	StopAt(3.3);
 	QVERIFY(CountPixels(Green) > 500);
+}
+
+void PlayerWindowTest::ShowsAfterAJumpWhatPlayingWouldShow()
+{
+	Open("film.mp4");
+	FPlayer& Film = Player->GetPlayer();
+	Film.SetPlaying(false);
+	Film.SeekTo(22.5);
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Red) > 300, Patience);
+	Film.SeekTo(4.0);
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Green) > 500, Patience);
+	QVERIFY(IsOnCanvas(u"GREEN") && IsOnCanvas(u"GREENER") && !IsOnCanvas(u"RED AND SCROLLING"));
+
+	Film.StepFrame(false);
+	QTRY_VERIFY_WITH_TIMEOUT(!Film.IsWaiting() && Film.GetPosition() < 3.99, Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Green) > 500, Patience);
+	Click("OpenSwitch");
+	QTRY_COMPARE_WITH_TIMEOUT(CountPixels(Green), 0, Patience);
+	Click("OpenSwitch");
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Green) > 500, Patience);
+}
+
+void PlayerWindowTest::StartsInTheMiddleWithItsComments()
+{
+	FPlayerOptions Options = MakeOptions("film.mp4", {});
+	Options.Start = 23.0;
+	std::string Error;
+	Player = FPlayerWindow::Create(Options, Error);
+	QVERIFY2(Player != nullptr, Error.c_str());
+	Window = &Player->GetWindow();
+	QTRY_VERIFY_WITH_TIMEOUT(CountPixels(Red) > 300, Patience);
+}
+
+void PlayerWindowTest::DrawsNoMoreThanMoves()
+{
+	Open("slow.mp4", "film.json");
+	FPlayer& Film = Player->GetPlayer();
+	int NumFrames = 0;
+	connect(Window, &QQuickWindow::frameSwapped, this, [&NumFrames] { ++NumFrames; });
+	// Counts frames over three seconds in which nothing covers the video.
+	const auto CountFrom = [&](double InPosition)
+	{
+		PlayTo(InPosition);
+		QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible() && !Find("OnScreenMessage")->isVisible(), Patience);
+		const double Begin = Film.GetPosition();
+		NumFrames = 0;
+		QTRY_VERIFY_WITH_TIMEOUT(Film.GetPosition() >= Begin + 3.0, Patience);
+	};
+	constexpr int NumPictures = 3 * 5;
+	CountFrom(35.0);
+	QVERIFY2(NumFrames < 2 * NumPictures, qPrintable(QString::number(NumFrames)));
+	Click("OpenSwitch");
+	QTest::mouseMove(Window, CenterOf("Comments"));
+	CountFrom(22.0);
+	QVERIFY2(NumFrames < 2 * NumPictures, qPrintable(QString::number(NumFrames)));
+
+	Film.SetPlaying(false);
+	QTRY_VERIFY_WITH_TIMEOUT(!Find("OnScreenMessage")->isVisible(), Patience);
+	bool bRests = false;
+	for (int Turn = 0; Turn < 20 && !bRests; ++Turn)
+	{
+		NumFrames = 0;
+		QTest::qWait(1000);
+		bRests = NumFrames == 0;
+	}
+	QVERIFY2(bRests, qPrintable(QString::number(NumFrames)));
+
+	// And it wakes up.
+	Click("OpenSwitch");
+	Film.SeekTo(40.0);
+	QTRY_VERIFY_WITH_TIMEOUT(!IsOnCanvas(u"RED AND SCROLLING"), Patience);
+	QTest::qWait(3000);
+	Film.SeekTo(22.5);
+	QTRY_VERIFY_WITH_TIMEOUT(IsOnCanvas(u"RED AND SCROLLING"), Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(!Film.IsWaiting(), Patience);
 }
 
 void PlayerWindowTest::SeeksByBarAndKeys()

@@ -7,7 +7,7 @@
 namespace Flitmark
 {
 
-/** The whole player in its window, used as a viewer uses it: by keys, pointer and drops, and looked at. */
+/** The whole player in its window, used like a viewer would: with keys, pointer and drops, and by looking at it. */
 class PlayerWindowTest final : public QObject, private FPlayerInWindow
 {
 	Q_OBJECT
@@ -17,11 +17,15 @@ private Q_SLOTS:
 	void init();
 	void cleanup();
 
+	void ShowsTheVideoTheRightWayUp_data();
 	void ShowsTheVideoTheRightWayUp();
 	void ShowsCommentsOverTheVideo();
 	void HoldsStillWhilePaused();
 	void SendsACommentThatComesAgainAfterSeekingBack();
 	void SwitchesTheCommentsOffAndOn();
+	void ShowsAfterAJumpWhatPlayingWouldShow();
+	void StartsInTheMiddleWithItsComments();
+	void DrawsNoMoreThanMoves();
 	void SeeksByBarAndKeys();
 	void KeepsCommentsOnThePictureWhenResized();
 	void ShowsThePanelWhileThePointerIsThere();

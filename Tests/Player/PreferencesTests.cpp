@@ -20,7 +20,7 @@ namespace Flitmark
 namespace
 {
 
-/** A disk without room, once it is full. */
+/** A disk that can be filled up. */
 class FFullDisk final : public FFileCalls
 {
 public:
@@ -47,7 +47,7 @@ protected:
 		return Made;
 	}
 
-	/** In the store of another process, so to say. */
+	/** In another process's store, so to speak. */
 	void Store(int FontSize, float SpeedScale, bool bOpened)
 	{
 		FSaveSlots Slots(Folder.path().toStdString());
@@ -92,7 +92,7 @@ TEST_F(PreferencesTest, AreStoredWhenTheViewerChangesThem)
 		Preferences->SetFontSize(37);
 		Preferences->SetSpeedScale(0.75);
 		EXPECT_EQ(GetSentSize(), 37);
-		// At once; the others when the viewer's hand rests, or at the end.
+		// At once; the others when the viewer pauses, or at the end.
 		Stage.Bar().GetOpen()->Toggle(false);
 		EXPECT_FALSE(UDanmakuSave::LoadIsOpend());
 	}

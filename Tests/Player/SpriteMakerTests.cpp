@@ -18,7 +18,7 @@ std::shared_ptr<const FSharedStyle> MakeStyle(uint64 InId, std::u16string InText
 	return std::make_shared<FSharedStyle>(FSharedStyle{InId, {std::move(InText), InSize, FColor::White}});
 }
 
-/** A text that takes a worker some tens of milliseconds. */
+/** A text that takes a worker tens of milliseconds. */
 std::shared_ptr<const FSharedStyle> MakeHugeStyle(uint64 InId)
 {
 	return MakeStyle(InId, std::u16string(3000, u'x'), 700.f);
@@ -33,7 +33,7 @@ protected:
 		Engine = FTextEngine::Create({}, Error);
 	}
 
-	/** Takes until there has been InCount, or too long nothing. */
+	/** Takes sprites until there are InCount, or none has come for too long. */
 	std::vector<FMadeSprite> TakeAll(FSpriteMaker& InMaker, std::size_t InCount)
 	{
 		std::vector<FMadeSprite> All;
@@ -74,7 +74,7 @@ TEST_F(FSpriteMakerTest, MakesEachOnceAndTellsOfIt)
 	{
 		Wanted.push_back({MakeStyle(Id, u"comment " + std::u16string(1, static_cast<char16_t>(u'0' + Id))), 1.5});
 	}
-	// As frames do while the first ones are under way.
+	// As frames do while the first ones are being made.
 	for (int Frame = 0; Frame < 20; ++Frame)
 	{
 		Maker.SetWanted(Wanted);
@@ -86,7 +86,7 @@ TEST_F(FSpriteMakerTest, MakesEachOnceAndTellsOfIt)
 	{
 		++Count[Made.Style->Id];
 		EXPECT_EQ(Made.Scale, 1.5);
-		const FSprite Expected = Made.Style->Style.Rasterise(*Engine, {1.5, 1.5});
+		const FSprite Expected = Made.Style->Style.Rasterize(*Engine, {1.5, 1.5});
 		EXPECT_EQ(Made.Sprite.Pixels, Expected.Pixels);
 	}
 	EXPECT_EQ(Count.size(), 50u);
@@ -102,7 +102,7 @@ TEST_F(FSpriteMakerTest, DropsWhatIsNotWantedAnyMore)
 	const auto Second = MakeStyle(2, u"second");
 	Maker.SetWanted({{First, 1.0}, {Second, 1.0}});
 	ASSERT_TRUE(WaitFor([&Maker] { return Maker.GetNumMade() == 2; }));
-	// One left the canvas, the other is wanted at another scale.
+	// One has left the canvas, the other is wanted at another scale.
 	Maker.SetWanted({{Second, 2.0}});
 	const std::vector<FMadeSprite> All = TakeAll(Maker, 1);
 	ASSERT_EQ(All.size(), 1u);
@@ -110,7 +110,7 @@ TEST_F(FSpriteMakerTest, DropsWhatIsNotWantedAnyMore)
 	EXPECT_EQ(All[0].Scale, 2.0);
 	EXPECT_FALSE(Maker.Take());
 
-	// What is dropped while a worker has it at hand does not come either.
+	// A sprite that is dropped while a worker is making it does not come either.
 	Maker.SetWanted({{MakeHugeStyle(3), 1.0}});
 	std::this_thread::sleep_for(2ms);
 	Maker.SetWanted({{First, 3.0}});
@@ -124,7 +124,7 @@ TEST_F(FSpriteMakerTest, DropsWhatIsNotWantedAnyMore)
 
 TEST_F(FSpriteMakerTest, PausesWhileTooMuchWaits)
 {
-	const FSprite One = MakeStyle(1, u"some comment")->Style.Rasterise(*Engine, {1.0, 1.0});
+	const FSprite One = MakeStyle(1, u"some comment")->Style.Rasterize(*Engine, {1.0, 1.0});
 	FSpriteMaker Maker(*Engine, static_cast<int64>(One.Pixels.size()) * 3);
 	std::vector<FWantedSprite> Wanted;
 	for (uint64 Id = 1; Id <= 100; ++Id)
@@ -134,7 +134,7 @@ TEST_F(FSpriteMakerTest, PausesWhileTooMuchWaits)
 	Maker.SetWanted(Wanted);
 	ASSERT_TRUE(WaitFor([&Maker] { return Maker.GetNumMade() >= 3; }));
 	std::this_thread::sleep_for(50ms);
-	// Each worker may have begun one within the bound.
+	// Each worker may have started one before the limit was reached.
 	EXPECT_LE(Maker.GetNumMade(), 4);
 	EXPECT_EQ(TakeAll(Maker, 100).size(), 100u) << "it does not go on";
 }
@@ -150,7 +150,7 @@ TEST_F(FSpriteMakerTest, EndsAtAnyTime)
 		{
 			Maker.Stop();
 			EXPECT_FALSE(Maker.Take());
-			// Whoever still holds it may go on asking.
+			// Anyone who still holds it may keep asking.
 			Maker.SetWanted({{MakeStyle(4, u"late"), 1.0}});
 			EXPECT_FALSE(Maker.Take());
 		}

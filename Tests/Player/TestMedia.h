@@ -7,9 +7,9 @@
 namespace Flitmark
 {
 
-/** Made for window tests; what fails fails the test. */
+/** Makes media for window tests; any failure fails the test. */
 void RunFFmpeg(const QStringList& InArguments);
-/** A minute of the same picture in 640 x 360: one color, and what a filter draws on it. */
+/** A minute of a still picture of 640 x 360: one color, and what a filter draws on it. */
 void MakeVideo(const QString& InPath, const QString& InFilter = "null");
 void Write(const QString& InPath, const QByteArray& InText);
 /** One entry of our own document. */

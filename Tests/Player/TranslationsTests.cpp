@@ -108,7 +108,7 @@ TEST_P(TranslatedTest, NoTextIsLeftOut)
 	const QString Copy = Folder.filePath("copy.ts");
 	ASSERT_TRUE(QFile::copy(Committed, Copy));
 	ASSERT_TRUE(QFile::setPermissions(Copy, QFile::ReadOwner | QFile::WriteOwner));
-	// What the sources say now: new texts come in unfinished, gone ones are marked.
+	// From the current sources: new texts are added as unfinished, removed ones are marked.
 	ASSERT_EQ(QProcess::execute(FLITMARK_LUPDATE, {"-silent", "-locations", "none", FLITMARK_PLAYER_DIR "/Private",
 												   FLITMARK_PLAYER_DIR "/Qml", "-ts", Copy}),
 			  0);

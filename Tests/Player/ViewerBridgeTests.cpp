@@ -59,7 +59,7 @@ TEST(ViewerBar, SendsAndShowsItAtOnce)
 	EXPECT_EQ(Stage.Bar().GetCounter()->GetText(), "0/100");
 	EXPECT_EQ(Stage.CountComments(), 2);
 
-	// Moving the keyboard elsewhere sends nothing, and white space alone is no comment.
+	// Moving the focus elsewhere sends nothing, and white space alone is not a comment.
 	Field.TakeFocus();
 	Field.Type("three");
 	Field.LeaveFocus();
@@ -88,7 +88,7 @@ TEST(ViewerBar, ClosesAndOpensByItsSwitch)
 		EXPECT_EQ(Bar.GetCounter()->IsDisplayed(), bOpen);
 		EXPECT_EQ(Bar.GetSettings()->IsDisplayed(), bOpen);
 		EXPECT_EQ(Stage.Overlay->GetStage().GetCanvas().IsDisplayed(), bOpen);
-		// A window's control that is disabled loses the keyboard.
+		// A window's control loses keyboard focus when it is disabled.
 		Bar.GetField()->LeaveFocus();
 		EXPECT_FALSE(Bar.GetField()->IsFocused());
 	}
@@ -128,7 +128,7 @@ struct FColorCase
 	const char* Typed;
 	const char* Left;
 	const char* Swatch;
-	/** The preset that is checked then; empty for none. */
+	/** The preset that is then checked; empty for none. */
 	const char* Checked;
 };
 
@@ -190,7 +190,7 @@ TEST(ViewerPanel, HidesThreeQuartersOfASecondAfterThePointerLeftBoth)
 	Stage.Run(5);
 	EXPECT_TRUE(Panel.IsDisplayed());
 
-	// From the button onto the panel, and off it.
+	// From the button to the panel, and away.
 	Stage.Bar().GetSettings()->Unhover();
 	Stage.Run(0.5);
 	Panel.Enter();

@@ -11,7 +11,7 @@
 namespace Flitmark
 {
 
-/** An overlay on a laid-out canvas with bar and panel, and no window. */
+/** An overlay on a laid-out canvas, with bar and panel but no window. */
 struct FViewerStage
 {
 	explicit FViewerStage(bool bLaidOut = true)

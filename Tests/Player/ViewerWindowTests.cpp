@@ -1,8 +1,10 @@
 #include "Viewer/PlayerSettings.h"
 #include "Viewer/Preferences.h"
+#include "Viewer/ViewSettings.h"
 #include "ViewerTestKit.h"
 #include "WindowTestMain.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -12,6 +14,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -21,7 +24,7 @@ void qml_register_types_Flitmark();
 namespace Flitmark
 {
 
-/** Bar, panel and settings page as a viewer uses them: by keys, pointer and input method. */
+/** Bar, panel and settings page as a viewer uses them: with keys, pointer and input method. */
 class ViewerWindowTest final : public QObject
 {
 	Q_OBJECT
@@ -44,10 +47,14 @@ private Q_SLOTS:
 	void PutsTheKeyboardIntoTheFieldForAnEmptyComment();
 	void RewritesATypedColor();
 	void ChangesPreferencesOnThePage();
+	void ReachesTheWholePageInASmallWindow();
+	void TellsAssistiveTechnologyWhatIsChecked();
 
 private:
 	QQuickItem* Find(const char* Name);
 	QPoint CenterOf(QQuickItem* Item);
+	/** As a screen reader hears it. */
+	bool IsHeardChecked(const char* Name);
 	void Click(const char* Name);
 	void Type(const QString& Text);
 	void Compose(const QString& Preedit, const QString& Commit = {});
@@ -59,6 +66,7 @@ private:
 	std::unique_ptr<QSettings> Settings;
 	std::unique_ptr<FPlayerSettings> Choices;
 	std::unique_ptr<FPreferences> Preferences;
+	std::unique_ptr<FViewSettings> View;
 	std::unique_ptr<QQmlEngine> Engine;
 	std::unique_ptr<QObject> Root;
 	QQuickWindow* Window = nullptr;
@@ -85,7 +93,7 @@ ApplicationWindow {
 }
 )";
 
-/** Also what a repeater made, which is nobody's child but in the picture. */
+/** Also finds a repeater's items, which have a visual parent only. */
 QQuickItem* FindBelow(const QQuickItem& Item, const QString& Name)
 {
 	for (QQuickItem* Child : Item.childItems())
@@ -115,6 +123,7 @@ void ViewerWindowTest::init()
 	Stage = std::make_unique<FViewerStage>();
 	Preferences = std::make_unique<FPreferences>(*Stage->Overlay, *Stage->Bridge, Folder->path().toStdString());
 	Preferences->Load();
+	View = std::make_unique<FViewSettings>(*Stage->Overlay, *Settings);
 	Engine = std::make_unique<QQmlEngine>();
 	Engine->addImportPath("qrc:/");
 	QQmlComponent Component(Engine.get());
@@ -134,6 +143,7 @@ void ViewerWindowTest::cleanup()
 	Root.reset();
 	Engine.reset();
 	Preferences.reset();
+	View.reset();
 	Stage.reset();
 	Choices.reset();
 	Settings.reset();
@@ -224,7 +234,7 @@ void ViewerWindowTest::CutsAComposedTextWhenItIsCommitted()
 	const QString Kana = QString::fromUtf8("こんにちは");
 	Compose(Kana);
 	QCOMPARE(Find("CommentField")->property("preeditText").toString(), Kana);
-	// A part of it is committed while the rest is still being composed.
+	// Part of it is committed while the rest is still being composed.
 	Compose(Kana.mid(3), Kana.left(3));
 	QCOMPARE(GetCounter(), "100/100");
 	QCOMPARE(Find("CommentField")->property("preeditText").toString(), Kana.mid(3));
@@ -286,7 +296,7 @@ void ViewerWindowTest::ShowsThePanelUnderThePointer()
 	QTest::mouseMove(Window, CenterOf(Find("SettingsButton")));
 	QTRY_VERIFY(Stage->Panel().IsDisplayed());
 	QTRY_COMPARE(Panel->opacity(), 1.0);
-	// Onto the panel and back again.
+	// To the panel and back again.
 	for (QQuickItem* Place : {Panel, Find("SettingsButton"), Panel})
 	{
 		QTest::mouseMove(Window, CenterOf(Place));
@@ -306,7 +316,7 @@ void ViewerWindowTest::OpensThePanelByKeys()
 	Button->forceActiveFocus(Qt::TabFocusReason);
 	QTest::keyClick(Window, Qt::Key_Space);
 	QVERIFY(Stage->Panel().IsDisplayed());
-	// Scroll, Top: the space bar picks.
+	// Scroll, Top: the space bar selects.
 	QTest::keyClick(Window, Qt::Key_Tab);
 	QTest::keyClick(Window, Qt::Key_Space);
 	QVERIFY(Stage->Box(Stage->Panel().GetModes(), 1).IsChecked());
@@ -395,15 +405,96 @@ void ViewerWindowTest::ChangesPreferencesOnThePage()
 	Slider->forceActiveFocus(Qt::TabFocusReason);
 	QTest::keyClick(Window, Qt::Key_Right);
 	QCOMPARE(Preferences->GetSpeedScale(), 1.07);
+	const auto Press = [this](const char* Name, Qt::Key Key)
+	{
+		Find(Name)->findChild<QQuickItem*>("Slider")->forceActiveFocus(Qt::TabFocusReason);
+		QTest::keyClick(Window, Key);
+	};
+	Press("Area", Qt::Key_Left);
+	Press("Opacity", Qt::Key_Left);
+	Press("FontScale", Qt::Key_Right);
+	Press("Offset", Qt::Key_Left);
+	QCOMPARE(View->GetArea(), 0.5);
+	QCOMPARE(View->GetOpacity(), 0.95);
+	QCOMPARE(View->GetFontScale(), 1.07);
+	QCOMPARE(View->GetOffset(), -0.5);
+	Find("ShowsTop")->forceActiveFocus(Qt::TabFocusReason);
+	QTest::keyClick(Window, Qt::Key_Space);
+	QVERIFY(!View->ShowsTop() && View->ShowsBottom() && View->ShowsScrolling());
+	Find("PageSwitch")->forceActiveFocus(Qt::TabFocusReason);
 	QTRY_COMPARE(Find("PageSwitch")->isVisible(), true);
 	Click("PageSwitch");
 	QVERIFY(!Stage->Bar().GetOpen()->IsChecked());
 	Click("Defaults");
 	QCOMPARE(Preferences->GetFontSize(), 24);
 	QCOMPARE(Preferences->GetSpeedScale(), 1.0);
+	QCOMPARE(View->GetArea(), 0.75);
+	QCOMPARE(View->GetOpacity(), 1.0);
+	QVERIFY(View->ShowsTop());
 	QVERIFY(Stage->Bar().GetOpen()->IsChecked());
 	QTest::keyClick(Window, Qt::Key_Escape);
 	QTRY_VERIFY(!Page->property("visible").toBool());
+}
+
+void ViewerWindowTest::ReachesTheWholePageInASmallWindow()
+{
+	Window->resize(640, 360);
+	QTRY_COMPARE(Window->height(), 360);
+	QMetaObject::invokeMethod(Window->findChild<QObject*>("Page"), "open");
+	QTRY_VERIFY(Window->findChild<QObject*>("Page")->property("opened").toBool());
+	const auto RectOf = [this](QQuickItem* Item)
+	{
+		return Item->mapRectToScene(QRectF(0.0, 0.0, Item->width(), Item->height()));
+	};
+	const QRectF Picture(0.0, 0.0, 640.0, 360.0);
+	const QRectF Part = RectOf(Find("SettingsScroll"));
+	QVERIFY(Part.height() > 100.0);
+	for (const char* Name : {"SettingsScroll", "Defaults", "Done"})
+	{
+		QVERIFY2(Picture.contains(RectOf(Find(Name))), Name);
+	}
+	// Round by the Tab key: what has the keyboard can be seen.
+	QSet<QQuickItem*> Visited;
+	Find("PageSwitch")->forceActiveFocus(Qt::TabFocusReason);
+	for (QQuickItem* Item = Window->activeFocusItem(); !Visited.contains(Item); Item = Window->activeFocusItem())
+	{
+		Visited.insert(Item);
+		const bool bButton = Item == Find("Defaults") || Item == Find("Done");
+		QVERIFY2((bButton ? Picture : Part).contains(RectOf(Item)), qPrintable(Item->objectName()));
+		QTest::keyClick(Window, Qt::Key_Tab);
+	}
+	QCOMPARE(Visited.size(), 13);
+	Find("PageSwitch")->forceActiveFocus(Qt::TabFocusReason);
+	QCOMPARE(Find("SettingsScroll")->property("contentY").toDouble(), 0.0);
+	QTest::keyClick(Window, Qt::Key_PageDown);
+	QVERIFY(Find("SettingsScroll")->property("contentY").toDouble() > 100.0);
+}
+
+bool ViewerWindowTest::IsHeardChecked(const char* Name)
+{
+	const QAccessibleInterface* const Heard = QAccessible::queryAccessibleInterface(Find(Name));
+	return Heard != nullptr && Heard->state().checkable && Heard->state().checked;
+}
+
+void ViewerWindowTest::TellsAssistiveTechnologyWhatIsChecked()
+{
+	QVERIFY(IsHeardChecked("OpenSwitch"));
+	Click("OpenSwitch");
+	QVERIFY(!IsHeardChecked("OpenSwitch"));
+	Click("OpenSwitch");
+	QVERIFY(IsHeardChecked("OpenSwitch"));
+
+	Stage->Bar().GetSettings()->Hover();
+	QVERIFY(IsHeardChecked("Scroll") && !IsHeardChecked("Top"));
+	// A second click on what is chosen changes nothing.
+	for (int Turn = 0; Turn < 2; ++Turn)
+	{
+		Click("Top");
+		QVERIFY(IsHeardChecked("Top") && !IsHeardChecked("Scroll"));
+	}
+	QVERIFY(IsHeardChecked("C_FFFFFF") && !IsHeardChecked("C_FE0302"));
+	Click("C_FE0302");
+	QVERIFY(IsHeardChecked("C_FE0302") && !IsHeardChecked("C_FFFFFF"));
 }
 
 } // namespace Flitmark

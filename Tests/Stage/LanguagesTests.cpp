@@ -26,7 +26,7 @@ protected:
 
 } // namespace
 
-/** The field of a closed bar says so in the viewer's language. */
+/** The field of a closed bar says that it is closed, in the viewer's language. */
 TEST_P(FLanguages, ClosedBarSpeaks)
 {
 	EXPECT_EQ(UseLanguage(GetParam().Culture), GetParam().bSpoken);

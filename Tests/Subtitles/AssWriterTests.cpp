@@ -117,7 +117,7 @@ TEST(AssWriter, DrawsTheViewersOwnOverTheOthers)
 
 TEST(AssWriter, NamesTheFontOfEachPiece)
 {
-	// An emoji comes from whatever font the player has.
+	// An emoji is drawn with whatever font the player has.
 	EXPECT_THAT(WriteEvents({MakeComment(u"a字😀b")})[0],
 				testing::ContainsRegex("\\}a\\{\\\\fnNoto Sans CJK [A-Z]+\\\\fs[0-9.]+\\}字\\{\\\\fnNoto "
 									   "Sans\\\\fs43\\.584\\}😀b$"));

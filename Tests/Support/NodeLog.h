@@ -11,20 +11,20 @@ class UUI_DanmakuNode;
 namespace Flitmark
 {
 
-/** Notes every comment widget that is made, and what becomes of it; keeps them alive until it is told to let go. */
+/** Records every comment widget made, and what happens to it; keeps them alive until told to release them. */
 class FNodeLog final : public IWidgetObserver, public FGCObject
 {
 public:
 	FNodeLog();
 	~FNodeLog() override;
 
-	/** In the order in which they were made; their number from 1 on is the place in here. */
+	/** In the order in which they were made; numbered from 1 by their position here. */
 	const std::vector<UUI_DanmakuNode*>& GetNodes() const { return Nodes; }
 
-	/** What happened since the last call: "left 1", "ended 1", "canceled 1", by number. */
+	/** What has happened since the last call: "left 1", "ended 1", "canceled 1", by number. */
 	std::vector<std::string> TakeEvents();
 
-	/** Lets go of the widgets. */
+	/** Releases the widgets. */
 	void Release() { Nodes.clear(); }
 
 private:

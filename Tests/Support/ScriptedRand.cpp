@@ -14,7 +14,7 @@ int32 Calls = 0;
 
 } // namespace
 
-/** A program's own functions come before those of the libraries that it loads, the overlay's included. */
+/** A program's own functions take precedence over those of its libraries, even for calls from the overlay's library. */
 extern "C" int rand() noexcept
 {
 	++Calls;

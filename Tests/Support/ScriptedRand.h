@@ -8,8 +8,8 @@ namespace Flitmark
 {
 
 /**
- * Takes the place of the C runtime's rand() in the whole test program: gives the values that it was told to give, one
- * after the other, and the runtime's own where it was told none. At its end everything is as before.
+ * Replaces the C runtime's rand() in the whole test program: returns the scripted values one after the other, and the
+ * runtime's own when there are none. Restores everything when it is destroyed.
  */
 class FScriptedRand
 {
@@ -20,9 +20,9 @@ public:
 	FScriptedRand& operator=(const FScriptedRand&) = delete;
 
 	void Give(std::initializer_list<int> Values);
-	/** The value of every call from now on that is told no other. */
+	/** The value of every call from now on without a scripted one. */
 	void GiveAlways(int Value);
-	/** The runtime's own values again. */
+	/** Goes back to the runtime's own values. */
 	void Reset();
 
 	/** How often rand() was called in this process. */

@@ -23,7 +23,7 @@
 namespace Flitmark
 {
 
-/** A comment of a document that a test writes. */
+/** A comment of a test's document. */
 struct FTestComment
 {
 	/** Seconds of media time. */
@@ -33,7 +33,7 @@ struct FTestComment
 	int32 Mode = 0;
 };
 
-/** The first of the lanes that list a comment, and how many do; INDEX_NONE for none. */
+/** The first of the lanes that list a comment, and how many there are; INDEX_NONE if none. */
 struct FLaneRun
 {
 	int32 First = INDEX_NONE;
@@ -43,7 +43,7 @@ struct FLaneRun
 
 std::ostream& operator<<(std::ostream& Stream, const FLaneRun& Run);
 
-/** A stage of 1920 x 1080 after its preroll, with sizes that are written in the comments' texts. */
+/** A stage of 1920 x 1080 after its preroll; the comments' texts specify their sizes. */
 class FStageFixture : public testing::Test
 {
 protected:
@@ -57,19 +57,19 @@ protected:
 	FStageFixture(const FStageFixture&) = delete;
 	FStageFixture& operator=(const FStageFixture&) = delete;
 
-	/** A new stage in place of the present one; without its preroll. */
+	/** Replaces the stage with a new one, before its preroll. */
 	void Rebuild(const FStageOptions& InOptions);
 	FStageOptions MakeOptions(FVector2f CanvasSize);
 
 	static std::string WriteDocument(const std::vector<FTestComment>& Comments);
 	void Load(const std::vector<FTestComment>& Comments);
-	/** Seconds of media time, and one frame without time there. */
+	/** Sets the media time, in seconds, and runs one frame of no length there. */
 	void GoTo(double Seconds);
-	/** Frames of the given length. */
+	/** Runs frames of the given length. */
 	void RunFrames(int32 Count, float DeltaTime);
 
 	static FDanmakuData MakeData(const char* Content, EDanmakuMode Mode = EDanmakuMode::SCROLL);
-	/** A comment widget that is on the canvas and in no lane: not the manager's. */
+	/** A comment widget on the canvas but in no lane: not the manager's. */
 	UUI_DanmakuNode* MakeNode(const FDanmakuData& Data, bool bPaused = false);
 
 	UDanmakuTrackManager* GetManager() const;
@@ -93,10 +93,10 @@ protected:
 	{
 		return Cast<T>(Stage->GetPanel().GetWidgetFromName(Name));
 	}
-	/** The value of a whole-number property. */
+	/** An integer property's value. */
 	static int32 GetInt(const UObject* Object, const TCHAR* Name);
 
-	/** Keeps an object of the test's own alive to the test's end. */
+	/** Keeps an object of the test alive until the test ends. */
 	template <class T>
 	T* Keep(T* Object)
 	{

@@ -26,7 +26,7 @@ bool IsSame(const FTextSize& InLeft, const FTextSize& InRight)
 
 } // namespace
 
-/** Threads meet the same texts in different orders in a fresh engine: caches fill in every possible way. */
+/** Threads meet the same texts in different orders in a fresh engine, so caches fill in every possible way. */
 TEST(Determinism, ThreadsAndOrdersDoNotMatter)
 {
 	const std::vector<std::u16string>& Samples = GetSamples();
@@ -40,7 +40,7 @@ TEST(Determinism, ThreadsAndOrdersDoNotMatter)
 			const float Size = Sizes[Round * InStep % 3];
 			const bool bSame =
 				IsSame(Fresh->Measure(Text, Size), GetEngine().Measure(Text, Size)) &&
-				IsSame(Fresh->Rasterise(Text, Size, {}, Scale), GetEngine().Rasterise(Text, Size, {}, Scale));
+				IsSame(Fresh->Rasterize(Text, Size, {}, Scale), GetEngine().Rasterize(Text, Size, {}, Scale));
 			Differences += bSame ? 0 : 1;
 		}
 	};

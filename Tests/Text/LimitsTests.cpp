@@ -45,7 +45,7 @@ TEST(Limits, BrokenTextIsMadeSound)
 	}
 	const std::u16string Controls = {0, 1, 7, 8, 0x1b, 0x7f, 0x90};
 	EXPECT_EQ(GetEngine().Measure(Controls, 24.0F).Width, 0.0);
-	EXPECT_EQ(GetEngine().Rasterise(Controls, 24.0F, {}, OneToOne).Width, 0);
+	EXPECT_EQ(GetEngine().Rasterize(Controls, 24.0F, {}, OneToOne).Width, 0);
 }
 
 TEST(Limits, LongTextsAreCutAndSaySo)
@@ -59,7 +59,7 @@ TEST(Limits, LongTextsAreCutAndSaySo)
 	EXPECT_TRUE(LongSize.bCut);
 	EXPECT_EQ(LongSize.Width, FullSize.Width);
 	EXPECT_NEAR(FullSize.Width, static_cast<double>(Most) * 32.0, 100.0);
-	const FSprite Sprite = GetEngine().Rasterise(Long, 24.0F, {}, OneToOne);
+	const FSprite Sprite = GetEngine().Rasterize(Long, 24.0F, {}, OneToOne);
 	EXPECT_TRUE(Sprite.bCut);
 	EXPECT_NEAR(Sprite.Width, FullSize.Width, 4.0);
 
@@ -75,7 +75,7 @@ TEST(Limits, ManyLinesAreCutAndSaySo)
 	const FTextSize More = GetEngine().Measure(Lines + u"\n\nx", 24.0F);
 	EXPECT_TRUE(More.bCut);
 	EXPECT_EQ(More.Height, FTextLimits::MaxLines * 40.0);
-	EXPECT_TRUE(GetEngine().Rasterise(u"x" + Lines + u"\nx", 24.0F, {}, OneToOne).bCut);
+	EXPECT_TRUE(GetEngine().Rasterize(u"x" + Lines + u"\nx", 24.0F, {}, OneToOne).bCut);
 }
 
 TEST(Limits, SpritesAreBounded)
@@ -111,7 +111,7 @@ TEST(Limits, SpritesAreBounded)
 	};
 	for (const FCase& Case : Cases)
 	{
-		const FSprite Sprite = GetEngine().Rasterise(Case.Text, Case.Points, {}, Case.Scale);
+		const FSprite Sprite = GetEngine().Rasterize(Case.Text, Case.Points, {}, Case.Scale);
 		SCOPED_TRACE(ToNarrow(Case.Text.substr(0, 4)) + std::to_string(Case.Points));
 		EXPECT_EQ(Sprite.Width > 0, Case.bPainted);
 		EXPECT_EQ(Sprite.bCut, Case.bCut);

@@ -72,7 +72,7 @@ TEST(Measure, HeightIsThatOfTheLines)
 	EXPECT_DOUBLE_EQ(GetEngine().Measure(u"\n\n", Size).Width, 0.0);
 }
 
-/** Lanes of 15.12 canvas units are what the overlay stacks comments in. */
+/** The overlay stacks comments in lanes of 15.12 canvas units. */
 TEST(Measure, UsualSizesFitLanes)
 {
 	struct FCase
@@ -159,7 +159,7 @@ TEST(Measure, EmojiSequencesAreOneEmoji)
 	}
 }
 
-/** What is summed from single characters must be what shaping the whole gives: measuring and painting rely on it. */
+/** The sum over single characters must equal the shaped width of the whole: measuring and painting rely on it. */
 TEST(Measure, SummedAdvancesAreTheShapedOnes)
 {
 	struct FRange
@@ -179,7 +179,7 @@ TEST(Measure, SummedAdvancesAreTheShapedOnes)
 		std::u16string Text;
 		for (auto Count = 1 + Random() % 12; Count != 0; --Count)
 		{
-			// Neighbours of the same range most of the time: there kerning would be.
+			// Mostly neighbors from the same range, where there would be kerning.
 			const FRange& Range =
 				Ranges[(static_cast<unsigned>(Round) + (Random() % 4 == 0 ? Random() : 0)) % std::size(Ranges)];
 			Text += static_cast<char16_t>(Range.First + Random() % (Range.Last - Range.First + 1U));

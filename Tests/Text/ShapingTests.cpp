@@ -61,13 +61,13 @@ TEST(Shaping, FallbackFindsEveryScript)
 	}
 }
 
-/** Of the last planes, which fonts leave alone, unlike the private characters of the first. */
+/** From the last planes, which fonts leave unused, unlike the first plane's private-use characters. */
 TEST(Shaping, WhatNoFontHasIsDrawnOncePerCharacter)
 {
 	EXPECT_EQ(GetGlyphs(u"\U0010fffd\U0010fffd\U000ffffd"), (std::vector<uint32>{0, 0, 0}));
 }
 
-/** Of characters that are drawn by a glyph each, the order on screen can be told by the glyphs. */
+/** If each character is drawn with one glyph, the glyphs show the order on the screen. */
 TEST(Shaping, DirectionsAreOrderedAsTheyAreRead)
 {
 	constexpr std::pair<std::u16string_view, std::u16string_view> Cases[] = {

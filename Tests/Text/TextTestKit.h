@@ -13,7 +13,7 @@
 namespace Flitmark
 {
 
-/** The locale orders the fonts; what single glyphs and kerning are expected to be needs one order. */
+/** The font order depends on the locale; the expected glyphs and kerning need a fixed one. */
 inline const int LocaleIsSet = setenv("LC_ALL", "C.UTF-8", 1);
 
 inline std::unique_ptr<FTextEngine> MakeEngine(const FTextOptions& InOptions)
@@ -62,7 +62,7 @@ inline std::string ToNarrow(std::u16string_view InText)
 	return Text;
 }
 
-/** Comments in many languages, with emoji, marks and both directions. */
+/** Comments in many languages, with emoji, combining marks and both directions. */
 inline const std::vector<std::u16string>& GetSamples()
 {
 	static const std::vector<std::u16string> Samples = {
@@ -85,7 +85,7 @@ inline const std::vector<std::u16string>& GetSamples()
 	return Samples;
 }
 
-/** Where a sprite's pixels of some alpha lie, from the comment's corner; Right and Bottom are exclusive. */
+/** Where a sprite's pixels with some alpha are, from the comment's corner; Right and Bottom are exclusive. */
 struct FInk
 {
 	int32 Left = INT32_MAX;

@@ -26,7 +26,7 @@ TEST(VisibleText, ShowsWhatATerminalWouldActOn)
 		 "\\u009b2J"},
 		{"txt.\u202e3pm", "txt.\\u202e3pm"},
 		{"\u2066\u2028", "\\u2066\\u2028"},
-		// Not UTF-8: stray and missing bytes, longer than needed, half of a pair, beyond the last character.
+		// Not UTF-8: stray and missing bytes, overlong forms, half a surrogate pair, beyond the last character.
 		{"\x9b"
 		 "2J",
 		 "\\x9b2J"},

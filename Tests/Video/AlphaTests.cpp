@@ -38,8 +38,8 @@ class AlphaFormats : public testing::TestWithParam<AVPixelFormat>
 };
 
 /**
- * Premultiplied with its alpha, a picture is what it adds to anything below it: new = sprite + old x (1 - sprite's alpha).
- * The test computes that for each sample by itself, from one sprite of one color.
+ * Premultiplied by its alpha, a picture is what it adds to whatever is below it: new = sprite + old x (1 - sprite's
+ * alpha). The test computes that separately for each sample, from one sprite of one color.
  */
 TEST_P(AlphaFormats, BlendingKeepsWhatIsSeenOverAnything)
 {
@@ -66,7 +66,7 @@ TEST_P(AlphaFormats, BlendingKeepsWhatIsSeenOverAnything)
 		ForEachSample(*Frame, Layout,
 					  [&](size_t InIndex, uint8* InSample, const FPixelRect& InPixels)
 					  {
-						  // Alpha is constant over the pixels of a sample, and nothing in the left half of the picture.
+						  // Alpha is constant over a sample's pixels, and 0 in the left half of the picture.
 						  const bool bNothing = InPixels.X < Width / 2;
 						  const double Value = InIndex == 3 ? (bNothing ? 0.0 : Maximum / 4.0)
 															: static_cast<int32>(Random() >> 8) % (1 << Layout.Depth);
@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(All, AlphaFormats,
 										 AV_PIX_FMT_YUVA422P10, AV_PIX_FMT_YUVA444P, AV_PIX_FMT_YUVA444P10),
 						 [](const auto& InInfo) { return av_get_pix_fmt_name(InInfo.param); });
 
-/** A chroma sample under the edge of a comment gets the comment's color, not a mixture with what is transparent. */
+/** A chroma sample under the edge of a comment gets the comment's color, not a mix with the transparent pixels. */
 TEST(AlphaBlender, ChromaOfAnEdgeIsNotDiluted)
 {
 	FFramePtr Frame = MakeFrame();

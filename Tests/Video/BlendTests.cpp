@@ -111,7 +111,7 @@ class BlendFormats : public testing::TestWithParam<FFormatCase>
 {
 };
 
-/** The comment's share of one component, in code values, by the definition of the colour space; and its alpha. */
+/** The comment's share of one component, in code values, by the definition of the color space; and its alpha. */
 std::pair<double, double> ExpectedInk(const FSprite& InSprite, size_t InPixel, const FFormatCase& InCase, int32 InDepth,
 									  int32 InComponent)
 {
@@ -132,7 +132,7 @@ std::pair<double, double> ExpectedInk(const FSprite& InSprite, size_t InPixel, c
 	return {InComponent == 0 ? Luma : Chroma * (bFull ? Full : 224.0 * Unit) + 128.0 * Unit * Alpha, Alpha};
 }
 
-/** What a plane's sample should be after blending, straight from the definition. */
+/** A plane's sample as it should be after blending, straight from the definition. */
 double ExpectedSample(const AVFrame& InBefore, const FPlacedSprite& InPlaced, const FFormatCase& InCase, int32 InPlane,
 					  int32 InX, int32 InY)
 {
@@ -308,9 +308,9 @@ struct FColorCase
 	int32 Y, Cb, Cr;
 };
 
-TEST(Blend, ColoursAreThoseOfTheMatrixAndRange)
+TEST(Blend, ColorsAreThoseOfTheMatrixAndRange)
 {
-	// Code values of the colour bars' primaries, as the recommendations' own tables have them.
+	// Code values of the color bars' primaries, from the recommendations' own tables.
 	constexpr AVColorSpace None = AVCOL_SPC_UNSPECIFIED;
 	constexpr FColorCase Cases[] = {
 		{AVCOL_SPC_BT709, AVCOL_RANGE_MPEG, 64, 255, 255, 255, 235, 128, 128},
@@ -353,13 +353,13 @@ TEST(Blend, ANewSpriteAtADeadOnesAddressIsSeen)
 	{
 		return std::shared_ptr<const FSprite>(&Storage, [](const FSprite*) {});
 	};
-	for (const uint8 Grey : {uint8{0}, uint8{255}})
+	for (const uint8 Gray : {uint8{0}, uint8{255}})
 	{
-		std::fill(Storage.Pixels.begin(), Storage.Pixels.end(), Grey);
+		std::fill(Storage.Pixels.begin(), Storage.Pixels.end(), Gray);
 		std::fill(Storage.Pixels.begin() + 3, Storage.Pixels.begin() + 4, uint8{255});
 		const FPlacedSprite Placed{Borrow(), 0.0, 0.0};
 		Blender->Blend(*Frame, {&Placed, 1});
-		EXPECT_EQ(SampleAt(*Frame, 0, 0, 0), Grey == 0 ? 16 : 235);
+		EXPECT_EQ(SampleAt(*Frame, 0, 0, 0), Gray == 0 ? 16 : 235);
 	}
 }
 

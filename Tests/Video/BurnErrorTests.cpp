@@ -146,7 +146,7 @@ TEST(BurnErrors, AFullDiskIsSaidAndLeavesNothing)
 	ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &Before), 0);
 	const auto OldHandler = std::signal(SIGXFSZ, SIG_IGN);
 	const std::string Input = PlainVideo();
-	// Within the pictures, and within the index at the very end.
+	// In the middle of the pictures, and in the index at the very end.
 	for (const rlim_t Limit : {rlim_t{20'000}, rlim_t{100}})
 	{
 		const FTestFolder Folder;
@@ -170,7 +170,7 @@ TEST(BurnErrors, AFullDiskIsSaidAndLeavesNothing)
 	std::signal(SIGXFSZ, OldHandler);
 }
 
-TEST(BurnErrors, CancellingLeavesNothingAndKeepsAnEarlierOutput)
+TEST(BurnErrors, CancelingLeavesNothingAndKeepsAnEarlierOutput)
 {
 	const FTestFolder Folder;
 	FBurnOptions Options;
@@ -184,12 +184,12 @@ TEST(BurnErrors, CancellingLeavesNothingAndKeepsAnEarlierOutput)
 	{
 		Cancel = Progress.Last.Frames == 7;
 	};
-	EXPECT_EQ(Burn(Options, Overlay, Progress, Cancel).Outcome, EVideoOutcome::Cancelled);
+	EXPECT_EQ(Burn(Options, Overlay, Progress, Cancel).Outcome, EVideoOutcome::Canceled);
 	EXPECT_EQ(Progress.Last.Frames, 7);
 	EXPECT_EQ(Folder.CountFiles(), 1u);
 	EXPECT_EQ(std::filesystem::file_size(Options.Output), 7u);
 	Options.From = 1.0;
-	EXPECT_EQ(Burn(Options, Overlay, Progress, std::atomic<bool>(true)).Outcome, EVideoOutcome::Cancelled);
+	EXPECT_EQ(Burn(Options, Overlay, Progress, std::atomic<bool>(true)).Outcome, EVideoOutcome::Canceled);
 	EXPECT_EQ(Folder.CountFiles(), 1u);
 }
 

@@ -19,10 +19,10 @@ struct FTimesCase
 	std::string (*Make)();
 	const char* Output;
 
-	/** What the container's clock may round away, microseconds. */
+	/** How much the container's clock may round, in microseconds. */
 	int64 Slack;
 
-	/** What the output's times are less, microseconds. */
+	/** How much earlier the output's times are, in microseconds. */
 	int64 Shift;
 };
 
@@ -87,7 +87,7 @@ TEST_P(BurnTimes, FramesAndCopiedPacketsKeepTheirs)
 	EXPECT_EQ(Folder.CountFiles(), 1u);
 }
 
-// Broadcast streams begin anywhere; MPEG-TS stores audio's and video's times in ninety thousandths.
+// Broadcast streams start at any time; MPEG-TS stores audio and video times in 1/90000 s.
 INSTANTIATE_TEST_SUITE_P(Containers, BurnTimes,
 						 testing::Values(FTimesCase{"plain", &PlainVideo, "o.mp4", 0, 0},
 										 FTimesCase{"toMkv", &UnevenMp4, "o.mkv", 1000, 0},
@@ -164,7 +164,7 @@ TEST(Burn, WithoutCommentsEveryFrameStaysAsItWas)
 						   { return SamePicture(*InOne, *InOther); }));
 }
 
-/** A red box in the left top corner of the upright picture, nothing else. */
+/** A red box in the top-left corner of the upright picture, nothing else. */
 class FCornerBox final : public IOverlaySource
 {
 public:
@@ -192,7 +192,7 @@ TEST(Burn, CommentsStandUprightInATurnedVideo)
 		const FVideoResult Result = BurnQuietly(Options, Overlay);
 		ASSERT_TRUE(Result.IsDone()) << Result.Error;
 		EXPECT_EQ(Overlay.Shape.Width, Angle % 180 == 0 ? 96 : 64);
-		// The ffmpeg command turns what it reads as players do.
+		// ffmpeg rotates its input as players do.
 		const auto Frames = ReadFrames(MakeVideo("upright" + Name + ".mkv", "-i " + Options.Output + " -c:v ffv1"));
 		ASSERT_EQ(Frames[0]->width, Overlay.Shape.Width);
 		for (int32 Index = 0; Index < 96 * 64; ++Index)

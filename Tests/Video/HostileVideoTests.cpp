@@ -26,7 +26,7 @@ std::string BytesOf(const std::string& InPath)
 std::string WithTimeBase(const FTestFolder& InFolder, uint32 InScale, uint32 InRate)
 {
 	std::string Bytes = BytesOf(MakeVideo("plain.avi", "-i " + PlainVideo() + " -an -c:v mpeg4"));
-	// The fifth number of the stream's header, behind the chunk's name and size.
+	// The fifth number of the stream header, after the chunk's name and size.
 	const size_t Place = Bytes.find("strh") + 8 + 20;
 	std::memcpy(Bytes.data() + Place, &InScale, sizeof(InScale));
 	std::memcpy(Bytes.data() + Place + sizeof(InScale), &InRate, sizeof(InRate));
@@ -80,7 +80,7 @@ TEST(HostileVideo, ALongGapIsAJumpAndNoStepOfTheOverlay)
 	}
 }
 
-TEST(HostileVideo, NothingIsReadOnceCancelled)
+TEST(HostileVideo, NothingIsReadOnceCanceled)
 {
 	std::atomic<bool> Cancel = false;
 	std::string Error;
@@ -95,7 +95,7 @@ TEST(HostileVideo, NothingIsReadOnceCancelled)
 	EXPECT_EQ(ScanFrameTimes(PlainVideo(), INT64_MAX, Error, &Cancel), std::nullopt);
 }
 
-/** Whatever its name says, a list of other files brings none of them into the picture. */
+/** Whatever its name, a list of other files must not bring any of them into the picture. */
 TEST(HostileVideo, OnlyTheFileNamedIsOpened)
 {
 	const FTestFolder Folder;
@@ -124,7 +124,7 @@ TEST(HostileVideo, OnlyTheFileNamedIsOpened)
 			EXPECT_FALSE(std::filesystem::exists(ShotOptions.Output) || std::filesystem::exists(Options.Output));
 		}
 	}
-	// FFmpeg itself would refuse the absolute name in the first list, but not this one.
+	// FFmpeg itself would refuse the absolute path in the first list, but not this one.
 	std::filesystem::copy_file(Other, Folder.File("other.ts"));
 	FBurnOptions Options;
 	Options.Input = Folder.File("film.mp4");
@@ -185,7 +185,7 @@ TEST(HostileVideo, InterlacedFramesStayInterlacedOrItIsSaid)
 		MakeVideo("fields.mpg", "-f lavfi -i testsrc2=s=160x120:r=50 -t 1 -vf interlace=scan=bff -c:v mpeg2video "
 								"-flags +ildct+ilme -pix_fmt yuv420p -q:v 2");
 	for (const auto& [Name, Codec, bKept] :
-		 {std::tuple("out.mp4", "libx264", true), {"out.mov", "prores_ks", true}, {"out.mp4", "libx265", false}})
+		 {std::tuple("out.mp4", "libx264", true), {"out.mov", "prores_ks", true}, {"out.mkv", "libvpx-vp9", false}})
 	{
 		SCOPED_TRACE(Codec);
 		const FTestFolder Folder;
@@ -203,7 +203,7 @@ TEST(HostileVideo, InterlacedFramesStayInterlacedOrItIsSaid)
 			std::ranges::all_of(Frames, [](const FFramePtr& InFrame)
 								{ return InFrame->interlaced_frame != 0 && !InFrame->top_field_first; });
 		EXPECT_EQ(bFields, bKept);
-		EXPECT_EQ(Progress.Messages.find("is interlaced, but libx265") == std::string::npos, bKept)
+		EXPECT_EQ(Progress.Messages.find("is interlaced, but libvpx-vp9") == std::string::npos, bKept)
 			<< Progress.Messages;
 	}
 }

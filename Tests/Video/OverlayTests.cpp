@@ -19,7 +19,7 @@ namespace Flitmark::Testing
 namespace
 {
 
-/** A half transparent box near the left, an opaque one near the bottom right, and none for some time. */
+/** A half-transparent box near the left, an opaque one near the bottom right, and none for some time. */
 class FTwoBoxes final : public IOverlaySource
 {
 public:
@@ -67,7 +67,7 @@ struct FOverCase
 	const char* Output;
 	const char* Codec;
 
-	/** How the ffmpeg command reads it, lays it over a video, and what comes out. */
+	/** How ffmpeg reads it and lays it over a video, and the output's format. */
 	const char* Reader;
 	const char* Filter;
 	const char* Format;
@@ -81,7 +81,7 @@ class OverVideos : public testing::TestWithParam<FOverCase>
 {
 };
 
-/** The ffmpeg command lays the overlay over the video; a test picture has no two parts that are alike. */
+/** ffmpeg lays the overlay over the video; no two parts of the test picture are alike. */
 TEST_P(OverVideos, TheOverlayGivesWhatABurnGives)
 {
 	const FOverCase& Case = GetParam();
@@ -126,7 +126,7 @@ TEST_P(OverVideos, TheOverlayGivesWhatABurnGives)
 	EXPECT_NE(Expected, Raw("v.raw", "-i " + Burned.Input + " -pix_fmt " + Case.Format)) << "nothing was burned";
 }
 
-// Rounding twice is off by 2; what loses nothing else shows that. ProRes and VP9 smear edges a little.
+// Rounding twice may be off by 2, which is all that lossless formats show. ProRes and VP9 smear edges a little.
 INSTANTIATE_TEST_SUITE_P(
 	All, OverVideos,
 	testing::Values(
@@ -200,7 +200,7 @@ TEST(DrawOverlay, FollowsUnevenFramesAndParts)
 	}
 }
 
-/** Each blank frame of such an encoder has the bytes of the first; the frames around them have their own. */
+/** Such an encoder's blank frames all have the first one's bytes; the frames around them have their own. */
 TEST(DrawOverlay, BlankFramesAreEncodedOnce)
 {
 	for (const char* Codec : {"qtrle", "prores_aw", "prores_ks"})
@@ -243,7 +243,7 @@ TEST(DrawOverlay, VideosForPlayersHoldBlankFramesAndTheirLength)
 	FTestProgress Progress;
 	ASSERT_TRUE(DrawQuietly(Options, Boxes, Progress).IsDone());
 	EXPECT_EQ(Progress.Last.Frames, 80);
-	// Comments until 0.5 s, then a frame a second, and the last one.
+	// Comments until 0.5 s, then one frame per second, and the last one.
 	auto Times = TimesOf(ReadPackets(Options.Output)["video"]);
 	Times.erase(Times.begin(), Times.begin() + 10);
 	EXPECT_EQ(Times, (std::vector<int64>{500'000, 1'500'000, 2'500'000, 3'500'000, 3'950'000}));
@@ -295,7 +295,7 @@ TEST(DrawOverlay, LeavesNoHalfFileWhenCanceled)
 		{
 			Cancel = Progress.Last.Frames >= 40;
 		};
-		EXPECT_EQ(DrawOverlay(Options, Endless, Progress, Cancel).Outcome, EVideoOutcome::Cancelled);
+		EXPECT_EQ(DrawOverlay(Options, Endless, Progress, Cancel).Outcome, EVideoOutcome::Canceled);
 		for (const auto& Entry : std::filesystem::directory_iterator(Folder.File("")))
 		{
 			EXPECT_EQ(Entry.path().extension(), ".png") << Entry.path();

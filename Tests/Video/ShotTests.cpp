@@ -40,7 +40,7 @@ TEST(Shot, GivesTheSamePixelsAsABurn)
 		const FTestFolder Folder;
 		FBurnOptions Options;
 		Options.Input = Input;
-		// A turn is kept by the .mov container only, which holds lossless 8-bit H.264.
+		// Only the .mov container, which can hold lossless 8-bit H.264, keeps a rotation.
 		const bool bTurned = Input == Turned;
 		Options.Output = Folder.File(bTurned ? "burnt.mov" : "burnt.mkv");
 		Options.Codec = bTurned ? "libx264" : "ffv1";

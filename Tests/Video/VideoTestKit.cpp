@@ -94,7 +94,7 @@ std::shared_ptr<const FSprite> MakeBox(int32 InWidth, int32 InHeight, uint8 InRe
 void FMovingBox::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FPlacedSprite>& OutSprites)
 {
 	Times.push_back(InTicks);
-	// The count of steps goes in too: steps of another division would end elsewhere.
+	// The number of steps counts too: a different division into steps would end elsewhere.
 	Way += InDeltaSeconds * 40.0 + 0.25;
 	if (bVisible)
 	{

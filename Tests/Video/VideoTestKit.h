@@ -14,7 +14,7 @@
 namespace Flitmark::Testing
 {
 
-/** A folder that is gone with the test. */
+/** A folder that is removed with the test. */
 class FTestFolder
 {
 public:
@@ -28,25 +28,25 @@ private:
 };
 
 /**
- * Makes a video by the ffmpeg command, once per program and name (whose ending says the container); gives its path.
- * InArguments: what stands between the inputs' "-y" and the output.
+ * Makes a video with ffmpeg, once per program and name (whose extension selects the container); returns its path.
+ * InArguments: the arguments between "-y" and the output.
  */
 std::string MakeVideo(const std::string& InName, const std::string& InArguments);
 
-/** A text file beside those videos. */
+/** A text file next to these videos. */
 std::string MakeText(const std::string& InName, const std::string& InText);
 
 /** Two seconds of a test picture with sound, H.264 with B-frames. */
 std::string PlainVideo();
 
-/** Frames at uneven distances. */
+/** Frames at uneven intervals. */
 std::string UnevenVideo();
 
-/** A sprite of one colour, multiplied by alpha already. */
+/** A sprite of one color, already premultiplied. */
 std::shared_ptr<const FSprite> MakeBox(int32 InWidth, int32 InHeight, uint8 InRed, uint8 InGreen, uint8 InBlue,
 									   uint8 InAlpha = 255);
 
-/** A box that moves by the time steps it is given, so that a step left out or doubled shows. Records its calls. */
+/** A box that moves with the time steps it is given, so that a missing or repeated step shows. Records its calls. */
 class FMovingBox final : public IOverlaySource
 {
 public:
@@ -60,7 +60,7 @@ public:
 	bool bVisible = true;
 };
 
-/** Collects messages; calls OnEach after each frame. */
+/** Collects messages; calls OnEach after every frame. */
 class FTestProgress final : public IBurnProgress
 {
 public:
@@ -72,14 +72,14 @@ public:
 	std::function<void()> OnEach;
 };
 
-/** Burns without ever cancelling. */
+/** Burns without ever canceling. */
 FVideoResult BurnQuietly(const FBurnOptions& InOptions, IOverlaySource& InOverlay, FTestProgress& InProgress);
 FVideoResult BurnQuietly(const FBurnOptions& InOptions, IOverlaySource& InOverlay);
 
 /** One packet of a file: its time in microseconds, and a checksum of its bytes. */
 using FPacketMark = std::pair<int64, uint32>;
 
-/** The packets of each stream by the stream's kind ("video", "audio", "subtitle"), in order of time. */
+/** Each stream's packets by the stream's kind ("video", "audio", "subtitle"), in time order. */
 std::map<std::string, std::vector<FPacketMark>> ReadPackets(const std::string& InPath);
 
 /** The times of packets. */
@@ -88,7 +88,7 @@ std::vector<int64> TimesOf(const std::vector<FPacketMark>& InPackets);
 /** All frames of a file's video. */
 std::vector<FFramePtr> ReadFrames(const std::string& InPath);
 
-/** A sample of a frame's plane, 8 or 16 bits. */
+/** A sample of a frame's plane, with 8 or 16 bits. */
 int32 SampleAt(const AVFrame& InFrame, int32 InPlane, int32 InX, int32 InY);
 
 /** Whether all samples of two frames are the same. */

@@ -77,7 +77,7 @@ uint8 ReadDoubledDigit(TCHAR Digit)
 	return static_cast<uint8>(DigitValue(Digit) * 17);
 }
 
-/** 0 to 1 onto 0 to 255; no-number counts as 0. */
+/** Maps 0 to 1 onto 0 to 255; NaN counts as 0. */
 uint8 ToByte(float Value)
 {
 	return Value > 0.0f ? static_cast<uint8>(std::fmin(Value, 1.0f) * 255.0f + 0.5f) : uint8(0);

@@ -10,14 +10,14 @@ bool IsSeparator(TCHAR Character)
 	return Character == u'-' || Character == u':' || Character == u'.' || Character == u' ';
 }
 
-/** As C's atoi (blanks, one sign, digits, the rest ignored), but too large a number stays at int32's end. */
+/** Like C's atoi (blanks, one sign, digits, the rest ignored), but clamped to int32's range. */
 int32 ReadNumber(const TCHAR* Begin, const TCHAR* End)
 {
 	while (Begin != End && *Begin >= u'\t' && *Begin <= u'\r')
 	{
 		++Begin;
 	}
-	// The other sign parts the numbers, so it never gets here.
+	// The minus sign is a separator, so it never gets here.
 	if (Begin != End && *Begin == u'+')
 	{
 		++Begin;
@@ -30,7 +30,7 @@ int32 ReadNumber(const TCHAR* Begin, const TCHAR* End)
 	return static_cast<int32>(Number);
 }
 
-/** Splits at the separators; returns the count of numbers, or MaxParts + 1 for more than that. */
+/** Splits at the separators; returns how many numbers there are, or MaxParts + 1 if there are more than MaxParts. */
 int32 SplitNumbers(const FString& Text, int32 (&OutParts)[MaxParts])
 {
 	const TCHAR* At = *Text;

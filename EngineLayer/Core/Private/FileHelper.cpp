@@ -48,7 +48,7 @@ bool FFileHelper::LoadFileToString(FString& Result, const TCHAR* Filename)
 		return false;
 	}
 	const std::string Bytes{std::istreambuf_iterator<char>(Stream), {}};
-	// An engine's string holds no more either.
+	// The engine's strings can't hold more either.
 	if (Stream.bad() || Bytes.size() > static_cast<std::size_t>(MAX_int32))
 	{
 		return false;

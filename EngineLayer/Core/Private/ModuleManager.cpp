@@ -20,7 +20,7 @@ std::string ToNarrow(FName Name)
 	return Narrow;
 }
 
-/** The folder of the layer's own library: modules are built and installed beside it. */
+/** The folder of the layer's own library; modules are built and installed next to it. */
 std::string GetLayerDirectory()
 {
 	Dl_info Info{};
@@ -90,7 +90,7 @@ IModuleInterface* FModuleManager::LoadModule(FName InModuleName, std::string& Ou
 	IModuleInterface* Interface = Initialize != nullptr ? Initialize() : nullptr;
 	if (Interface == nullptr)
 	{
-		OutError = FileName + " is no module: its InitializeModule is missing or gives nothing";
+		OutError = FileName + " is not a module: its InitializeModule is missing or returns nothing";
 		dlclose(Library);
 		return nullptr;
 	}
@@ -127,7 +127,7 @@ bool FModuleManager::UnloadModule(FName InModuleName, std::string& OutError)
 	Modules.erase(Found);
 	Module.Interface->PreUnloadCallback();
 	Module.Interface->ShutdownModule();
-	// Its code is the library's.
+	// Its code lives in the library.
 	Module.Interface.reset();
 	dlclose(Module.Library);
 	return true;

@@ -7,12 +7,12 @@
 namespace
 {
 
-/** Every text that was ever a name; never shrinks. */
+/** Every text ever used as a name; never shrinks. */
 struct FNameTable
 {
 	std::mutex Mutex;
 	std::deque<FString> Texts{FString(TEXT("None"))};
-	/** Upper-cased text to its place. */
+	/** From uppercase text to its index. */
 	std::unordered_map<std::u16string, int32> Places{{u"NONE", 0}};
 };
 

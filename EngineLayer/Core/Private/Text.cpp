@@ -10,7 +10,7 @@
 namespace
 {
 
-/** Unicode's White_Space property; none of it lies beyond the first plane. */
+/** Unicode's White_Space property; it has no characters beyond the first plane. */
 constexpr bool IsWhitespace(TCHAR Character)
 {
 	return (Character >= 0x0009 && Character <= 0x000D) || Character == 0x0020 || Character == 0x0085 ||
@@ -33,7 +33,7 @@ private:
 	FString String;
 };
 
-/** A string that depends on the culture: made when it is asked for and the culture changed since. */
+/** A string that depends on the culture; rebuilt on demand after the culture changes. */
 class FCultureText : public ITextData
 {
 public:
@@ -52,7 +52,7 @@ private:
 	virtual FString Build() const = 0;
 
 	FString String;
-	/** The manager's never is 0. */
+	/** The manager's revision is never 0. */
 	uint32 Revision = 0;
 };
 
@@ -107,7 +107,9 @@ private:
 	int64 Value;
 };
 
-/** The argument that "{12}" at the start of Pattern names, and where the pattern goes on; null for anything else. */
+/**
+ * The argument that "{12}" at the start of Pattern refers to, and where the pattern continues; null for anything else.
+ */
 const FText* ReadArgument(std::u16string_view Pattern, const FFormatOrderedArguments& Arguments, std::size_t& OutLength)
 {
 	const std::size_t Close = Pattern.find(u'}');

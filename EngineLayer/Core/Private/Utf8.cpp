@@ -9,7 +9,7 @@ namespace
 {
 constexpr TCHAR ReplacementCharacter = 0xFFFD;
 
-/** Copies the ASCII characters at the source's begin, whole blocks of 16 where there is such a thing. */
+/** Copies the ASCII characters at the start of the source, in blocks of 16 where SIMD is available. */
 void CopyAscii(const uint8*& Source, const uint8* SourceEnd, TCHAR*& Target, const TCHAR* TargetEnd)
 {
 #ifdef __SSE2__
@@ -33,7 +33,7 @@ void CopyAscii(const uint8*& Source, const uint8* SourceEnd, TCHAR*& Target, con
 	}
 }
 
-/** Decodes characters of three bytes, which most of a CJK text is made of, as long as they are valid. */
+/** Decodes three-byte characters, which make up most of a CJK text, for as long as they are valid. */
 void CopyTriples(const uint8*& Source, const uint8* SourceEnd, TCHAR*& Target, const TCHAR* TargetEnd)
 {
 	while (SourceEnd - Source >= 3 && Target < TargetEnd && (Source[0] & 0xF0) == 0xE0 && (Source[1] & 0xC0) == 0x80 &&
@@ -52,12 +52,12 @@ void CopyTriples(const uint8*& Source, const uint8* SourceEnd, TCHAR*& Target, c
 struct FLead
 {
 	int32 Continuations;
-	/** Which second bytes make a character: this rules out overlong forms, surrogates and what is beyond U+10FFFF. */
+	/** The range of valid second bytes: rules out overlong forms, surrogates, and anything beyond U+10FFFF. */
 	uint8 SecondFirst;
 	uint8 SecondLast;
 };
 
-/** Table 3-7 of the Unicode standard; no continuations for bytes that begin nothing. */
+/** Table 3-7 of the Unicode standard; no continuations for bytes that can't start a character. */
 FLead ClassifyLead(uint8 Lead)
 {
 	if (Lead < 0xC2 || Lead > 0xF4)
@@ -111,17 +111,17 @@ void DecodeCharacter(const uint8*& Source, const uint8* SourceEnd, TCHAR*& Targe
 std::u16string DecodeUtf8(const uint8* Bytes, std::size_t Size)
 {
 	std::u16string Units;
-	// A byte makes one unit at most; of a large text's memory only what is written to is taken.
+	// A byte yields at most one unit. Pages of a large string that are never written to take no memory.
 	Units.reserve(Size);
 	PreferLargePages(Units.data(), Units.capacity() * sizeof(TCHAR));
 	const uint8* Source = Bytes;
 	const uint8* const End = Bytes + Size;
-	// By way of a block that stays in the cache: cheaper than to fill the whole string with zeros first.
+	// Through a block that stays in the cache: cheaper than filling the whole string with zeros first.
 	TCHAR Block[4096];
 	while (Source != End)
 	{
 		TCHAR* Target = Block;
-		// A character takes two units at most.
+		// A character takes at most two units.
 		const TCHAR* const TargetEnd = Block + 4096 - 2;
 		while (Source != End && Target < TargetEnd)
 		{

@@ -4,5 +4,5 @@
 
 #include <string>
 
-/** UTF-8 bytes as UTF-16; each of the longest wrong pieces of bytes becomes one U+FFFD. */
+/** UTF-8 bytes as UTF-16; each maximal invalid subpart becomes one U+FFFD. */
 std::u16string DecodeUtf8(const uint8* Bytes, std::size_t Size);

@@ -11,7 +11,7 @@ struct FSlot
 	int32 Serial = 0;
 };
 
-// Never destroyed: objects that nobody collected belong to the table to the very end.
+// Never destroyed: objects that were never collected stay in the table to the very end.
 std::vector<FSlot>& Slots = *new std::vector<FSlot>();
 std::vector<int32> FreeSlots;
 

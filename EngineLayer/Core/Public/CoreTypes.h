@@ -17,7 +17,9 @@ using TCHAR = char16_t;
 #define TEXT_PASTE(Literal) u##Literal
 #define TEXT(Literal) TEXT_PASTE(Literal)
 
-/** Libraries hide their symbols by default, so that a missing export breaks the build here as it would in the engine. */
+/**
+ * Libraries hide their symbols by default, so that a missing export breaks the build here as it would in the engine.
+ */
 #define DLLEXPORT __attribute__((visibility("default")))
 #define DLLIMPORT __attribute__((visibility("default")))
 #define ENGINELAYER_API DLLEXPORT

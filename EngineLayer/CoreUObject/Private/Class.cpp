@@ -24,7 +24,7 @@ FName NameFromUtf8(std::string_view Text)
 	return FName(FStringView(FromUtf8(Text)));
 }
 
-/** Flags of a new class record: its own and what it takes over from its base. */
+/** Flags of a new class record: its own and those inherited from its base. */
 uint32 WithInherited(uint32 Flags, const UClass* Super)
 {
 	return Flags | (Super != nullptr ? Super->GetClassFlags() & CLASS_Inherit : 0u);
@@ -123,7 +123,7 @@ void FProperty::CopyValue(UObject* To, const UObject* From) const
 	case EPropertyGenKind::Struct:
 	case EPropertyGenKind::MulticastDelegate:
 	case EPropertyGenKind::Array:
-		// None is editable in any class: nothing asks for a copy.
+		// No class has an editable one, so nothing asks for a copy.
 		return;
 	}
 }

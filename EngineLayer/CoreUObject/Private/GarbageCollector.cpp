@@ -15,7 +15,7 @@ std::vector<FGCObject*>& GetHolders()
 	return Holders;
 }
 
-/** The objects between two bounds of a list of references, whatever the references' static type is. */
+/** The objects in a range of references, whatever their static type. */
 struct FReferenceRange
 {
 	UObject* const* Begin;
@@ -129,7 +129,8 @@ void FGarbageCollector::Collect(EObjectFlags KeepFlags)
 	MarkRoots(KeepFlags);
 	FollowReferences();
 	const std::vector<UObject*> Unreached = TakeUnreached();
-	// Every destruction begins before the first object is freed: an object may still look at another one's memory.
+	// Every destruction begins before the first object is freed, because an object may still look at another one's
+	// memory.
 	for (UObject* Object : Unreached)
 	{
 		Object->ConditionalBeginDestroy();

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-/** One collection: mark from the roots, then end what was not reached. */
+/** One collection: mark from the roots, then destroy what was not reached. */
 class FGarbageCollector final : public FReferenceCollector
 {
 public:

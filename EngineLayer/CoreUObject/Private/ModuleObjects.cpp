@@ -6,7 +6,10 @@
 namespace
 {
 
-/** Whether an object is of one of the classes, or the record of a class made on top of one; defaults go with a class. */
+/**
+ * Whether an object is an instance of one of the classes, or the record of a class derived from one. Default objects go
+ * with their class.
+ */
 bool DependsOn(const UObject& Object, const std::vector<UClass*>& Classes)
 {
 	if (Object.GetClass() != nullptr)
@@ -19,7 +22,7 @@ bool DependsOn(const UObject& Object, const std::vector<UClass*>& Classes)
 		   std::ranges::any_of(Classes, [&](const UClass* Each) { return Record.IsChildOf(Each); });
 }
 
-/** A module's code must not go while objects live on it. */
+/** A module's code must not go away while objects need it. */
 bool ReleasePackageObjects(const std::string& PackageName, std::string& OutError)
 {
 	CollectGarbage();

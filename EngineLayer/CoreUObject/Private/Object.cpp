@@ -117,7 +117,7 @@ UObject* StaticConstructObject_Internal(UClass* Class, UObject* Outer, FName Nam
 		const FObjectInitializer Initializer(Storage, Class, Outer, ObjectName, Flags);
 		Class->Construct(Initializer);
 	}
-	// Single inheritance only: the object's base lies at its start.
+	// Single inheritance only: the base is at the start of the object.
 	UObject* Object = static_cast<UObject*>(Storage);
 	if ((Flags & RF_ClassDefaultObject) == 0)
 	{

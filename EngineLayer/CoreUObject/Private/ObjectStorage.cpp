@@ -16,9 +16,12 @@ namespace
 {
 
 constexpr std::size_t CacheLine = 64;
-/** Blocks of one size are taken from the system so many bytes at a time. */
+/** Bytes to take from the system at a time for blocks of one size. */
 constexpr std::size_t SlabSize = 64 * 1024;
-/** Larger objects are rare: each is the system's. Under the address sanitizer all are, which then sees a late use. */
+/**
+ * Larger objects are rare and come straight from the system. Under the address sanitizer all do, so that it sees any
+ * use after free.
+ */
 constexpr std::size_t LargestKept = OBJECT_STORAGE_KEEPS_BLOCKS ? 2048 : 0;
 
 struct FFreeBlock
@@ -26,7 +29,7 @@ struct FFreeBlock
 	FFreeBlock* Next;
 };
 
-/** Free blocks by size in cache lines. Slabs stay to the process's end, as the class records do. */
+/** Free blocks by size in cache lines. Like class records, slabs live until the process ends. */
 std::array<FFreeBlock*, LargestKept / CacheLine + 1> FreeBlocks{};
 
 constexpr std::size_t CountLines(std::size_t Size)
@@ -48,7 +51,7 @@ void Refill(std::size_t Lines)
 {
 	const std::size_t BlockSize = Lines * CacheLine;
 	std::byte* Slab = static_cast<std::byte*>(TakeFromSystem(SlabSize));
-	// The last first, so that they are handed out in the order in which they lie.
+	// In reverse, so that they are handed out in memory order.
 	for (std::size_t Index = SlabSize / BlockSize; Index-- > 0;)
 	{
 		FFreeBlock* Block = reinterpret_cast<FFreeBlock*>(Slab + Index * BlockSize);

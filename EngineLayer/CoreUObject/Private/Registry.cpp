@@ -12,8 +12,7 @@ namespace
 {
 
 /**
- * What the libraries announced, in the order in which they were loaded, and the class records of the layer itself,
- * which live to the process's end.
+ * What the libraries registered, in load order, and the layer's own class records, which live until the process ends.
  */
 struct FRegistry
 {
@@ -29,7 +28,7 @@ FRegistry& GetRegistry()
 	return Registry;
 }
 
-/** The type behind Storage, made on the first call. */
+/** The type in Storage, built on the first call. */
 template <class T, class MakeType>
 T* GetOrMake(T*& Storage, std::vector<std::unique_ptr<T>>& Owner, MakeType&& Make)
 {
@@ -55,7 +54,7 @@ UClass* ConstructUClass(UClass*& OutClass, const FClassParams& Params)
 {
 	if (OutClass == nullptr)
 	{
-		// Before the record itself: a class's base is always made first.
+		// Before the record itself: a class's base is always built first.
 		UClass* Super = Params.SuperGetter != nullptr ? Params.SuperGetter() : nullptr;
 		GetOrMake(OutClass, GetRegistry().Classes, [&] { return std::make_unique<UClass>(Params, Super); });
 	}
@@ -135,7 +134,7 @@ UClass* FindClassByName(std::string_view InCppName)
 	UECodeGen_Private::FRegistry& Registry = UECodeGen_Private::GetRegistry();
 	for (const UECodeGen_Private::FCompiledInInfo* Info : Registry.Infos)
 	{
-		// Builds those that nobody asked for yet.
+		// Builds those that have not been asked for yet.
 		std::for_each(Info->Classes, Info->Classes + Info->NumClasses, [](const auto& Each) { Each.Getter(); });
 	}
 	const auto Found =

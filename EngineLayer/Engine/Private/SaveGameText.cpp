@@ -24,7 +24,7 @@ std::string ToUtf8(const FString& Text)
 	return std::string(Converted.Get(), static_cast<std::size_t>(Converted.Length()));
 }
 
-/** Whether UTF-8 or a line can't hold the unit as it is. */
+/** Whether the unit must be escaped because UTF-8 or a line can't hold it. */
 bool NeedsEscape(std::u16string_view Text, std::size_t Place)
 {
 	const TCHAR Unit = Text[Place];
@@ -39,7 +39,7 @@ bool NeedsEscape(std::u16string_view Text, std::size_t Place)
 	return Unit < 0x20 || Unit == u'"' || Unit == u'\\';
 }
 
-/** In quotes, what can't stand for itself as "\uXXXX". */
+/** In quotes, with units that need escaping as "\uXXXX". */
 std::string Quote(const FString& Text)
 {
 	constexpr char16_t Digits[] = u"0123456789ABCDEF";
@@ -79,7 +79,7 @@ std::optional<T> ParseNumber(std::string_view Text, int32 Base = 10)
 	return Result.ec == std::errc() && Result.ptr == Text.data() + Text.size() ? std::optional(Value) : std::nullopt;
 }
 
-/** The unit that the escape at the start of Text stands for. */
+/** The unit encoded by the escape at the start of Text. */
 std::optional<TCHAR> ParseEscape(std::u16string_view Text)
 {
 	constexpr std::size_t Length = 6;
@@ -181,7 +181,7 @@ bool ReadValue(const FProperty& Property, UObject& Object, std::string_view Text
 	}
 }
 
-/** Takes the next line off the text, less its end. */
+/** Removes and returns the next line, without its line ending. */
 std::string_view TakeLine(std::string_view& Rest)
 {
 	const std::size_t End = std::min(Rest.find('\n'), Rest.size());
@@ -209,7 +209,7 @@ bool WriteProperties(const UClass* Class, const UObject& Object, std::string& Te
 							   });
 }
 
-/** A line "Name=Value"; each name stands once. */
+/** A line "Name=Value"; each name appears once. */
 bool ReadProperty(std::string_view Line, USaveGame& SaveGame, std::set<std::string_view>& Seen)
 {
 	const std::size_t Equals = Line.find('=');

@@ -2,14 +2,14 @@
 
 #include "GameFramework/SaveGame.h"
 
-/** How a save game is written; UGameplayStatics says what its text looks like. */
+/** Writes a save game as text; UGameplayStatics describes the format. */
 namespace SaveGameText
 {
 
-/** False for a property of a kind that is not kept. */
+/** False if a property is of a kind that can't be saved. */
 bool Write(const USaveGame& SaveGame, TArray<uint8>& OutData);
 
-/** Null for what is no whole record of a known class. */
+/** Null unless it is a complete record of a known class. */
 USaveGame* Read(const TArray<uint8>& Data);
 
 } // namespace SaveGameText

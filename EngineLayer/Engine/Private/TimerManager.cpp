@@ -40,7 +40,7 @@ void FTimerManager::Clear(FTimer& Timer)
 		ByOwner.erase(Entry);
 	}
 	Timer.bCleared = true;
-	// Its code may be unloaded before the list is cleaned.
+	// Its code may be unloaded before the list is cleaned up.
 	Timer.Delegate = FTimerDelegate();
 	--NumAlive;
 }
@@ -95,7 +95,7 @@ void FTimerManager::Tick(float DeltaTime)
 	for (std::size_t Index = 0; Index < NumAtStart; ++Index)
 	{
 		Timers[Index].Elapsed += static_cast<double>(DeltaTime);
-		// A long frame may hold several periods of a looping timer.
+		// A long frame may span several periods of a looping timer.
 		while (!Timers[Index].bCleared && Timers[Index].Elapsed >= Timers[Index].Delay)
 		{
 			Fire(Index);
@@ -107,7 +107,7 @@ void FTimerManager::Tick(float DeltaTime)
 
 void FTimerManager::DropCleared()
 {
-	// Dropping costs a walk over the list: wait until half of it is to go.
+	// Removing entries means walking the list, so wait until half of them have ended.
 	if (!bTicking && Timers.size() - static_cast<std::size_t>(NumAlive) > Timers.size() / 2)
 	{
 		std::erase_if(Timers, [](const FTimer& Timer) { return Timer.bCleared; });

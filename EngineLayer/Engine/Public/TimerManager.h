@@ -10,15 +10,15 @@
 using FTimerDelegate = FSimpleDelegate;
 
 /**
- * The timers of a world. A timer adds up the frame times since it was set, in double, and fires in the first frame in
- * which the sum is not less than its delay; those of one frame fire in the order in which they were set.
+ * A world's timers. A timer adds up the frame times since it was set, in double, and fires in the first frame in which
+ * the sum is not less than its delay. Timers due in the same frame fire in the order in which they were set.
  */
 class ENGINELAYER_API FTimerManager
 {
 public:
 	/**
-	 * Sets a timer on a handle; one that the handle held is replaced. InRate: seconds; 0 or less sets none.
-	 * InFirstDelay: seconds to the first call; negative: the rate.
+	 * Sets a timer on a handle, replacing any that it held. InRate: seconds; 0 or less sets none. InFirstDelay: seconds
+	 * to the first call; if negative, the rate.
 	 */
 	template <class UserClass>
 	void SetTimer(FTimerHandle& InOutHandle, UserClass* InObj, void (UserClass::*InTimerMethod)(), float InRate,
@@ -29,11 +29,11 @@ public:
 	void SetTimer(FTimerHandle& InOutHandle, const FTimerDelegate& InDelegate, float InRate, bool InbLoop,
 				  float InFirstDelay = -1.f);
 
-	/** Ends the handle's timer, if there is one, and invalidates the handle. */
+	/** Cancels the handle's timer, if there is one, and invalidates the handle. */
 	void ClearTimer(FTimerHandle& InHandle);
 	bool TimerExists(FTimerHandle InHandle) const;
 
-	/** Ends every timer that is bound to the object. */
+	/** Cancels every timer bound to the object. */
 	template <class UserClass>
 	void ClearAllTimersForObject(const UserClass* Object)
 	{
@@ -43,7 +43,7 @@ public:
 	/** One frame. DeltaTime: seconds. Timers set in a callback start with the next frame. */
 	void Tick(float DeltaTime);
 
-	/** Timers that are set: for tests and figures. */
+	/** How many timers are set; for tests and statistics. */
 	int32 Num() const { return NumAlive; }
 
 private:
@@ -55,7 +55,7 @@ private:
 		double Delay = 0.0;
 		double Rate = 0.0;
 		bool bLoop = false;
-		/** Ended, and to be dropped from the list. */
+		/** Canceled, and still to be removed from the list. */
 		bool bCleared = false;
 		const void* Owner = nullptr;
 		FTimerDelegate Delegate;
@@ -69,7 +69,7 @@ private:
 
 	/** By ascending id. */
 	std::vector<FTimer> Timers;
-	/** The timers of an owner, by id. */
+	/** An owner's timers, by id. */
 	std::unordered_multimap<const void*, uint64> ByOwner;
 	uint64 LastId = 0;
 	int32 NumAlive = 0;

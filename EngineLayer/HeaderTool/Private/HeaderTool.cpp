@@ -8,7 +8,7 @@
 namespace
 {
 
-/** The path from the last folder that a module keeps headers in: "Public/UI_DanmakuNode.h". */
+/** The path from the innermost folder in which a module keeps headers: "Public/UI_DanmakuNode.h". */
 void SetPaths(FHeader& Header, const std::string& Path)
 {
 	const std::filesystem::path Full(Path);

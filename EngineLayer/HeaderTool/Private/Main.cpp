@@ -13,12 +13,12 @@ namespace
 constexpr const char* Usage =
 	R"(flitmark-header-tool --module NAME --package PACKAGE [--api MACRO] --output FOLDER [--uses HEADER]... HEADER...
 
-Reads the marks (UCLASS, UPROPERTY, UFUNCTION, UENUM, GENERATED_BODY, DECLARE_DYNAMIC_MULTICAST_DELEGATE...) of a module's
-headers and writes X.generated.h and X.gen.cpp of each header X.h into FOLDER, where their contents changed. Give all
-headers of a module in one run: its classes refer to each other; those of other modules that they refer to are named with
---uses. Faults are reported as FILE:LINE: message, and then nothing is written.
+Reads the reflection macros (UCLASS, UPROPERTY, UFUNCTION, UENUM, GENERATED_BODY, DECLARE_DYNAMIC_MULTICAST_DELEGATE...)
+in a module's headers and writes X.generated.h and X.gen.cpp for each header X.h into FOLDER, unless they are unchanged.
+Pass all headers of a module in one run, since its classes refer to each other; pass headers of other modules to which
+they refer with --uses. Faults are reported as FILE:LINE: message, and then nothing is written.
 
-Exit status: 0, 1 for a fault in a header or a file, 2 for wrong use.
+Exit status: 0, 1 for a fault in a header or a file, 2 for wrong usage.
 )";
 
 std::optional<std::string> ReadFile(const std::filesystem::path& Path)
@@ -29,7 +29,7 @@ std::optional<std::string> ReadFile(const std::filesystem::path& Path)
 	return Stream.is_open() && !std::filesystem::is_directory(Path) ? std::optional(Text.str()) : std::nullopt;
 }
 
-/** Leaves a file alone that has these contents, so that nothing is built again for it. */
+/** Leaves a file with these contents alone, so that nothing is rebuilt because of it. */
 bool WriteIfChanged(const std::filesystem::path& Path, const std::string& Text)
 {
 	if (ReadFile(Path) == Text)
@@ -76,7 +76,7 @@ int main(int Count, char** Arguments)
 		Argument = bUsed ? Arguments[++Index] : Argument;
 		if (Argument.starts_with("--"))
 		{
-			return FailUse("`" + Argument + "` is no option or lacks its value");
+			return FailUse("`" + Argument + "` is not an option or lacks its value");
 		}
 		else if (const std::optional<std::string> Text = ReadFile(Argument))
 		{

@@ -21,14 +21,14 @@ struct FType
 {
 	/** An enumerator of EPropertyGenKind. */
 	std::string Kind;
-	/** The type that a parameter is read as. */
+	/** The type as which a parameter is read. */
 	std::string CppName;
-	/** The class that an object or class reference is restricted to, or else the enumeration. */
+	/** The class to which an object or class reference is restricted, or else the enumeration. */
 	std::string Referred;
 	bool bObjectPtr = false;
 	bool bConst = false;
 	bool bReference = false;
-	/** What an array holds: one entry. */
+	/** An array's element type: one entry. */
 	std::vector<FType> Inner;
 };
 
@@ -41,23 +41,23 @@ struct FProperty : FDeclared
 	std::string Access;
 	/** Type and InnerFlags are set by the resolver. */
 	FType Type;
-	/** Of what an array holds. */
+	/** For an array's elements. */
 	std::vector<std::string> InnerFlags;
 
-	/** What a function returns, not a parameter. */
+	/** A return value rather than a parameter. */
 	bool IsResult() const { return !Flags.empty() && Flags.back() == "CPF_ReturnParm"; }
 };
 
 struct FFunction : FDeclared
 {
-	/** The result, where there is one, comes last. */
+	/** The return value, if any, comes last. */
 	std::vector<FProperty> Parameters;
 };
 
 struct FClass : FDeclared
 {
 	std::string Base;
-	/** The export macro in front of the name; empty if there is none. */
+	/** The export macro before the name; empty if there is none. */
 	std::string Api;
 	/** Line of GENERATED_BODY; 0 if there is none. */
 	int BodyLine = 0;

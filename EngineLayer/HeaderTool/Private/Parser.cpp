@@ -37,7 +37,7 @@ const FSpecifiers PropertySpecifiers{
 };
 
 constexpr std::string_view DelegateMacro = "DECLARE_DYNAMIC_MULTICAST_DELEGATE";
-/** What follows DelegateMacro, by the number of parameters. */
+/** The suffix after DelegateMacro, by the number of parameters. */
 constexpr std::array<std::string_view, 10> DelegateSuffixes = {
 	"",			  "_OneParam",	  "_TwoParams",	  "_ThreeParams", "_FourParams", "_FiveParams",
 	"_SixParams", "_SevenParams", "_EightParams", "_NineParams"};
@@ -86,7 +86,7 @@ public:
 	}
 
 private:
-	/** Starts a record at its mark: doc comment and place. */
+	/** Starts a record at its macro: doc comment and location. */
 	void Begin(FDeclared& Record) const
 	{
 		Record.Line = Now().Line;
@@ -176,7 +176,7 @@ private:
 	{
 		if (Class.BodyLine != 0 || !Class.Properties.empty() || !Class.Functions.empty())
 		{
-			Fail("GENERATED_BODY() must stand once, first in the class");
+			Fail("GENERATED_BODY() must come exactly once, first in the class");
 		}
 		Class.BodyLine = Now().Line;
 		++Pos;
@@ -334,7 +334,7 @@ private:
 		{
 			if (Accept("UMETA"))
 			{
-				// The engine keeps it with the enumeration: "SCROLL.DisplayName".
+				// The engine stores it with the enumeration: "SCROLL.DisplayName".
 				ReadMetaData(Enum, Enumerator.Name + ".");
 			}
 			else if (Now().IsMark())
@@ -383,7 +383,7 @@ private:
 	FHeader& Header;
 };
 
-/** The generated header declares what GENERATED_BODY stands for, so it must come after all others and before any mark. */
+/** The generated header defines what GENERATED_BODY expands to, so it must be included last and before any macro. */
 void CheckGeneratedInclude(const FTokenizedHeader& Tokenized, const FHeader& Header)
 {
 	const auto Mark = std::find_if(Tokenized.Tokens.begin(), Tokenized.Tokens.end(),
@@ -397,7 +397,7 @@ void CheckGeneratedInclude(const FTokenizedHeader& Tokenized, const FHeader& Hea
 	if (Includes.empty() || Includes.back().Path != Generated || Includes.back().Line > Mark->Line)
 	{
 		throw FHeaderError{Includes.empty() ? Mark->Line : Includes.back().Line,
-						   "`#include \"" + Generated + "\"` must be the last include, before the first mark"};
+						   "`#include \"" + Generated + "\"` must be the last include, before the first macro"};
 	}
 }
 

@@ -4,5 +4,5 @@
 
 #include <string_view>
 
-/** Reads the marked declarations of a header into Header, whose paths are set. Throws FHeaderError. */
+/** Reads a header's reflected declarations into Header, whose paths are already set. Throws FHeaderError. */
 void ParseHeader(std::string_view Source, FHeader& Header);

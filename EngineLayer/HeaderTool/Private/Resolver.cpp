@@ -7,7 +7,7 @@
 namespace
 {
 
-/** Classes of the engine that a module may derive from or refer to, as far as the layer has them. */
+/** The engine classes from which a module may derive or to which it may refer, as far as the layer has them. */
 const FSymbols EngineClasses{
 	{"UObject", {"", "UObject/Object.h"}},
 	{"USaveGame", {"UObject", "GameFramework/SaveGame.h"}},
@@ -74,7 +74,7 @@ public:
 	}
 
 private:
-	/** Where each name was declared, by its lower case: the engine's names have no case. */
+	/** Where each name was declared, keyed in lowercase, since the engine's names ignore case. */
 	using FNames = std::map<std::string, std::string>;
 
 	static std::string ToLower(std::string Text)
@@ -126,7 +126,7 @@ private:
 		}
 	}
 
-	/** The class and its bases, the class first; ends where a base is unknown or comes round. */
+	/** The class and its bases, the class first; stops at an unknown base or at a cycle. */
 	std::vector<std::string> GetBases(std::string Name) const
 	{
 		std::vector<std::string> Bases;
@@ -155,7 +155,7 @@ private:
 		Check(IsA(Class.Name, "UObject"), Class,
 			  "base `" + Class.Base + "` of `" + Class.Name + "` " +
 				  (Base == Symbols.end()
-					   ? "is no class known here: mark it with UCLASS() and give its header to the same run"
+					   ? "is not a known class: mark it with UCLASS() and give its header to the same run"
 					   : "does not derive from UObject: choose one that does"));
 		Class.Flags = {"CLASS_MatchedSerializers", "CLASS_Native"};
 		if (!Class.Api.empty())
@@ -179,7 +179,7 @@ private:
 		}
 	}
 
-	/** The names that a class of the module takes from those derived from it. */
+	/** The names that a class of the module denies the classes derived from it. */
 	void DeclareMembersOf(const std::string& Name, FNames& Names) const
 	{
 		for (const FHeader& Header : Headers)
@@ -239,10 +239,10 @@ private:
 		{
 			Check(Type.Kind == "Object" && IsA(Type.Referred, "UWidget"), Property,
 				  "`" + Property.Name +
-					  "` is a BindWidget but refers to no widget: give it a class derived from UWidget");
+					  "` is a BindWidget but does not refer to a widget: give it a class derived from UWidget");
 			Check(IsA(Class.Name, "UUserWidget"), Property,
 				  "`" + Property.Name + "` is a BindWidget in `" + Class.Name +
-					  "`, which is no user widget: derive that from UUserWidget");
+					  "`, which is not a user widget: derive that from UUserWidget");
 		}
 		ResolveEditing(Class, Property);
 		const bool bAssignable = std::ranges::find(Property.Flags, "CPF_BlueprintAssignable") != Property.Flags.end();
@@ -305,7 +305,7 @@ private:
 					!Parameter.IsResult() && std::ranges::find(Parameter.Flags, "CPF_OutParm") != Parameter.Flags.end();
 			}
 		}
-		// A delegate's signature has no native entry that could write to its parameters.
+		// A delegate's signature has no native entry point that could write to its parameters.
 		const bool bDelegate =
 			std::find(Function.Flags.begin(), Function.Flags.end(), "FUNC_Delegate") != Function.Flags.end();
 		if (bOut && !bDelegate)
@@ -335,7 +335,7 @@ private:
 		{
 			Parameter.MetaData["NativeConst"] = "";
 		}
-		// A constant reference to a string counts as a value.
+		// A const reference to a string counts as a value.
 		if (Type.bConst && Type.Kind != "String")
 		{
 			Parameter.Flags.push_back("CPF_ConstParm");

@@ -3,8 +3,8 @@
 #include "Symbols.h"
 
 /**
- * Gives every property its type and every record its flags, and checks what a header alone cannot show. Appends each fault
- * to Errors as "FILE:LINE: message". Used: headers of modules that this one uses. Returns what is known: the engine layer's
- * classes and those of all these headers.
+ * Sets every property's type and every record's flags, and checks what can't be checked in a single header. Appends
+ * each fault to Errors as "FILE:LINE: message". Used: headers of modules that this one uses. Returns all known symbols:
+ * the engine layer's classes and the types in all these headers.
  */
 FSymbols ResolveHeaders(std::vector<FHeader>& Headers, std::vector<FHeader>& Used, std::vector<std::string>& Errors);

@@ -2,10 +2,10 @@
 
 #include "Model.h"
 
-/** A type that the headers may refer to. */
+/** A type to which the headers may refer. */
 struct FSymbol
 {
-	/** Of a class; empty for UObject and for what is no class. */
+	/** A class's base; empty for UObject and for anything but a class. */
 	std::string Base;
 	/** The header that declares it. */
 	std::string Include;

@@ -14,13 +14,13 @@ void FTokenReader::RefuseMark() const
 {
 	if (IsOneOf(Now().Text, {"UPROPERTY", "UFUNCTION", "GENERATED_BODY"}))
 	{
-		Fail(Found() + " outside a UCLASS: mark the class around it with UCLASS() or remove this mark");
+		Fail(Found() + " outside a UCLASS: mark the class around it with UCLASS() or remove this macro");
 	}
 	if (Now().Is("UCLASS") || Now().Is("UENUM") || Now().Text.starts_with("DECLARE_DYNAMIC_MULTICAST_DELEGATE"))
 	{
-		Fail(Found() + " must stand at file scope: move it out of the brackets around it");
+		Fail(Found() + " must be at file scope: move it out of the brackets around it");
 	}
-	Fail(Found() + " is not served here: the marks are UCLASS, UENUM, UPROPERTY, UFUNCTION, GENERATED_BODY and "
+	Fail(Found() + " is not supported here: the macros are UCLASS, UENUM, UPROPERTY, UFUNCTION, GENERATED_BODY and "
 				   "DECLARE_DYNAMIC_MULTICAST_DELEGATE...; remove it");
 }
 
@@ -98,7 +98,7 @@ void FTokenReader::ReadSpecifiers(FDeclared& Record, const FSpecifiers& Known)
 			{
 				Names += (Names.empty() ? "" : ", ") + Each.first;
 			}
-			Fail(Found() + " is no specifier of " + Mark + " here: it takes " + Names);
+			Fail(Found() + " is not a specifier of " + Mark + " here: it takes " + Names);
 		}
 		const std::string& Name = Specifier->first;
 		if (std::find(Seen.begin(), Seen.end(), Name) != Seen.end())

@@ -16,11 +16,11 @@ struct FConditional
 {
 	int Line;
 	std::string Text;
-	/** The condition is the literal 0 or 1. */
+	/** Whether the condition is the literal 0 or 1. */
 	bool bKnown = false;
-	/** The present branch is read. */
+	/** Whether the current branch is read. */
 	bool bActive = true;
-	/** A branch was read, this one or an earlier one. */
+	/** Whether this branch or an earlier one was read. */
 	bool bTaken = true;
 
 	void Evaluate(const std::string& Condition)
@@ -82,7 +82,7 @@ public:
 	}
 
 private:
-	/** Steps over continued lines, which the language removes before anything else. */
+	/** Skips line continuations, which the language removes before anything else. */
 	std::size_t SkipSplices(std::size_t At) const
 	{
 		while (Source[At] == '\\' && Source[At + 1] == '\n')
@@ -116,7 +116,7 @@ private:
 
 	bool AtComment() const { return Peek() == '/' && (Peek(1) == '/' || Peek(1) == '*'); }
 
-	/** True in a branch that is certainly left out; there even a lone quote is fine. */
+	/** True in a branch that is certainly excluded, where even a lone quote is fine. */
 	bool IsSkipping() const
 	{
 		return std::any_of(Conditionals.begin(), Conditionals.end(),
@@ -297,7 +297,7 @@ private:
 		}
 	}
 
-	/** Continued lines are not removed in a raw literal. */
+	/** Line continuations stay in a raw literal. */
 	void ReadRawLiteral(FToken& Token)
 	{
 		Token.Kind = ETokenKind::Literal;
@@ -324,7 +324,7 @@ private:
 		if (Token.IsMark() && Unknown != Conditionals.end() && !IsSkipping())
 		{
 			throw FHeaderError{Token.Line, "`" + Token.Text + "` under `" + Unknown->Text +
-											   "`: marks may stand under no condition but `#if 0` and `#if 1`; move it "
+											   "`: macros may be under no condition but `#if 0` and `#if 1`; move it "
 											   "out (against double inclusion use `#pragma once`)"};
 		}
 		if (std::all_of(Conditionals.begin(), Conditionals.end(),

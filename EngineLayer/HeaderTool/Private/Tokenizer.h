@@ -12,7 +12,7 @@ inline bool IsOneOf(std::string_view Text, std::initializer_list<std::string_vie
 	return std::find(Others.begin(), Others.end(), Text) != Others.end();
 }
 
-/** Thrown where a header cannot be read on; caught in GenerateReflection, which names the file. */
+/** Thrown when the rest of a header can't be read; caught in GenerateReflection, which names the file. */
 struct FHeaderError
 {
 	int Line;
@@ -31,16 +31,16 @@ enum class ETokenKind
 struct FToken
 {
 	ETokenKind Kind = ETokenKind::End;
-	/** A literal's is its content. */
+	/** For a literal, its content. */
 	std::string Text;
 	int Line = 0;
-	/** The comment right above, with its marks; one at the end of the line before belongs to that line. */
+	/** The comment right above, with its delimiters. A comment at the end of the previous line belongs to that line. */
 	std::string Comment;
-	/** Of an opening bracket: index of the closing one. */
+	/** For an opening bracket, the index of the closing one. */
 	std::size_t Match = 0;
 
 	bool Is(std::string_view Other) const { return Kind != ETokenKind::Literal && Text == Other; }
-	/** True for a word that only this tool gives a meaning. */
+	/** Whether it is a word that means something only to this tool. */
 	bool IsMark() const;
 };
 
@@ -58,7 +58,8 @@ struct FTokenizedHeader
 };
 
 /**
- * Splits a header into tokens with matched brackets. `#if 0` and what `#if 1` leaves out are skipped; of any other condition,
- * which only the compiler knows, the first branch is read and a mark in any branch is refused. Throws FHeaderError.
+ * Splits a header into tokens with matched brackets. Skips what `#if 0` and `#if 1` exclude. For any other condition,
+ * which only the compiler can evaluate, it reads the first branch and refuses a macro in any branch. Throws
+ * FHeaderError.
  */
 FTokenizedHeader TokenizeHeader(std::string_view Source);

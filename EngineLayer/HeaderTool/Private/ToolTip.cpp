@@ -17,7 +17,7 @@ void RemoveAll(std::string& Text, std::string_view Mark)
 	}
 }
 
-/** Takes off what a line of a block comment begins with: a star and the space after it. */
+/** Strips the start of a block comment's line: a star and the space after it. */
 void RemoveStar(std::string& Line)
 {
 	const std::size_t Star = Line.find_first_not_of(' ');
@@ -47,7 +47,7 @@ std::string FormatToolTip(const std::string& Comment)
 	{
 		RemoveAll(Text, Mark);
 	}
-	// A block's first line begins behind the mark, so its indentation is no measure.
+	// A block's first line begins after the delimiter, so its indentation does not count.
 	Text.erase(0, bBlock ? Text.find_first_not_of(' ') : 0);
 	std::vector<std::string> Lines;
 	std::size_t Indent = std::string::npos;

@@ -3,7 +3,7 @@
 #include <string>
 
 /**
- * What the editor shows of a documentation comment: without its marks, leading stars and common indentation, without empty lines
- * at its ends. Empty for a comment that has no letter or digit (a separator line).
+ * What the editor shows of a documentation comment: no delimiters, leading stars or common indentation, and no blank
+ * lines at either end. Empty for a comment without letters or digits (a separator line).
  */
 std::string FormatToolTip(const std::string& Comment);

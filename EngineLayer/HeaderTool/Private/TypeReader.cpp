@@ -26,7 +26,7 @@ public:
 	{
 	}
 
-	/** None for what cannot be reflected; GetFault then says what is to be done. */
+	/** Empty if the type can't be reflected; GetFault then says what to do. */
 	std::optional<FType> Read()
 	{
 		std::optional<FType> Type = ReadOne(false);
@@ -123,7 +123,7 @@ private:
 		Type.Referred = Class;
 		if (Symbol == Symbols.end() || Symbol->second.Prefix != 'U')
 		{
-			Fault = "`" + Class + "` is no class known here: mark it with UCLASS() and give its header to the same run";
+			Fault = "`" + Class + "` is not a known class: mark it with UCLASS() and give its header to the same run";
 			return false;
 		}
 		return true;

@@ -4,5 +4,5 @@
 
 #include <optional>
 
-/** The type that the tokens of a declaration name; none where it cannot be reflected, and Fault says what to do instead. */
+/** The type that a declaration's tokens name. Empty if it can't be reflected; Fault then says what to do instead. */
 std::optional<FType> ReadType(const std::vector<FToken>& Spelling, const FSymbols& Symbols, std::string& Fault);

@@ -122,7 +122,7 @@ static UFunction* Z_Construct_UDelegateFunction_$1()
 				{Delegate.Name, Records.GetText(), Value});
 }
 
-/** The object that announces the header's types. */
+/** The object that registers the header's types. */
 std::string WriteRegistration(const FModuleInfo& Module, const FHeader& Header)
 {
 	FRecordWriter Records;
@@ -182,7 +182,9 @@ std::set<std::string> FindIncludes(const FHeader& Header, const FSymbols& Symbol
 	return Includes;
 }
 
-/** Makes an object through the constructor that the class declares, or through one of our own where it declares none. */
+/**
+ * Makes an object through the constructor that the class declares, or through one of our own where it declares none.
+ */
 std::string WriteConstructor(const FClass& Class)
 {
 	const bool bInitializer = Class.bInitializerConstructor || !Class.bDefaultConstructor;
@@ -262,7 +264,7 @@ std::string WriteGeneratedSource(const FModuleInfo& Module, const FHeader& Heade
 
 #include <cstddef>
 
-// Objects are no standard-layout types; every compiler we build with gives their members' offsets all the same.
+// Objects are not standard-layout types, but every compiler that we build with supports offsetof on them.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 using namespace UECodeGen_Private;

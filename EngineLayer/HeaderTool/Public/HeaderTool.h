@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-/** What the records say about the module that the headers belong to. */
+/** The records' data about the headers' module. */
 struct FModuleInfo
 {
 	/** "Flitmark". */
@@ -22,15 +22,18 @@ struct FTextFile
 
 struct FGenerated
 {
-	/** `X.generated.h` and `X.gen.cpp` of each header, in its order; Path is the plain name. Empty when a header is refused. */
+	/**
+	 * `X.generated.h` and `X.gen.cpp` for each header, in order; Path is just the file name. Empty if a header was
+	 * refused.
+	 */
 	std::vector<FTextFile> Files;
-	/** "FILE:LINE: message": what is wrong and how to mend it. */
+	/** "FILE:LINE: message": what is wrong and how to fix it. */
 	std::vector<std::string> Errors;
 };
 
 /**
- * Reads the marks of a module's headers, all in one go because classes refer to each other, and writes their records. Used:
- * headers of other modules that these refer to; nothing is written for them.
+ * Reads the macros in a module's headers, all at once because classes refer to each other, and writes their records.
+ * Used: headers of other modules to which these refer; nothing is written for them.
  */
 FGenerated GenerateReflection(const FModuleInfo& Module, const std::vector<FTextFile>& Headers,
 							  const std::vector<FTextFile>& Used = {});

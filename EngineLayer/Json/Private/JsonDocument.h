@@ -12,23 +12,23 @@
 #include <string_view>
 #include <vector>
 
-/** Orders names regardless of the case of ASCII letters. */
+/** Orders names, ignoring the case of ASCII letters. */
 struct FJsonNameLess
 {
 	bool operator()(std::u16string_view A, std::u16string_view B) const;
 };
 
 /**
- * The distinct member names of a document. Names come in the order in which they came before, both when a document is
- * read and when its members are asked for, so each name remembers its successor: that one is looked at first.
+ * A document's distinct member names. Names tend to recur in the same order, both when a document is read and when its
+ * members are looked up, so each name remembers its successor, which is tried first.
  */
 class FJsonNames
 {
 public:
-	/** Not the id of any name. */
+	/** No name has this id. */
 	static constexpr uint32 None = 0;
 
-	/** The name's id; it is added if it's new. The characters must stay; AddCopy is for those that don't. */
+	/** The name's id; adds the name if it's new. The characters must stay valid; use AddCopy for those that don't. */
 	uint32 Add(std::u16string_view Name);
 	uint32 AddCopy(std::u16string_view Name);
 	/** The name's id, or None. */
@@ -38,15 +38,15 @@ public:
 	{
 		std::u16string_view Text;
 		uint32 Successor = None;
-		/** The object in which the name was read last. */
+		/** The object in which the name was last read. */
 		uint32 LastObject = 0;
-		/** How far behind its object's word the member was found last. */
+		/** How far after its object's word the member was last found. */
 		uint32 LastPlace = 0;
 	};
 	FName& operator[](uint32 Id) { return Names[Id]; }
 
 private:
-	/** The successor of the name given last, if it's this name; else None. */
+	/** The successor of the last name returned, if it's this name; else None. */
 	uint32 Predict(std::u16string_view Name) const
 	{
 		const uint32 Id = Names[Last].Successor;
@@ -63,14 +63,14 @@ private:
 	/** The first one is None. */
 	std::vector<FName> Names = std::vector<FName>(1);
 	std::map<std::u16string_view, uint32, FJsonNameLess> Ids;
-	/** Names that don't stand in the text as they are. */
+	/** Names that don't appear verbatim in the text. */
 	std::deque<std::u16string> Copies;
 	uint32 Last = None;
 };
 
 /**
- * A document that was read: a tape of 8 bytes a value, in document order. A container's word is followed by those of
- * what it holds and tells where they end; strings and numbers stay in the text until they are asked for.
+ * A parsed document: a tape of 8 bytes per value, in document order. A container's word is followed by those of its
+ * contents and says where they end; strings and numbers stay in the text until they are asked for.
  */
 class FJsonDocument
 {
@@ -79,18 +79,18 @@ public:
 	{
 		/** Payload: an ELiteral. */
 		Literal,
-		/** A whole number; payload: that number as int32. */
+		/** A whole number; payload: its value as int32. */
 		Integer,
 		/** Any other number; payload: its offset in the text. */
 		Number,
-		/** Payload: offset in the text, behind the quote; there are no escapes. */
+		/** Payload: offset in the text, after the quote; there are no escapes. */
 		String,
-		/** Payload: offset among the decoded strings. */
+		/** Payload: offset in the decoded strings. */
 		DecodedString,
-		/** Payload, as of the other containers: the word behind the last one of the array. */
+		/** Payload, as for the other containers: the word after the container's last one. */
 		Array,
 		Object,
-		/** An object that holds no objects, not even in arrays, and whose names are all different. */
+		/** An object that contains no objects, not even in arrays, and whose names are all different. */
 		PlainObject,
 	};
 
@@ -101,21 +101,21 @@ public:
 		True,
 	};
 
-	/** An empty document on a text, to be built. */
+	/** An empty document for a text, still to be built. */
 	explicit FJsonDocument(std::shared_ptr<const FString> InText)
 		: Text(std::move(InText))
 	{
 	}
 
-	/** Reads a text; null if it isn't one JSON object or array: the outputs then say why and where in the text. */
+	/** Reads a text; null if it isn't one JSON object or array. The outputs then say why, and where in the text. */
 	static std::shared_ptr<FJsonDocument> Read(std::shared_ptr<const FString> Text, const char*& OutError,
 											   uint32& OutErrorOffset);
 
 	EJson GetType(uint32 Word) const;
 	bool IsObject(uint32 Word) const { return GetTag(Word) >= ETag::Object; }
-	/** The word of an object's member; 0, which no member has, if there is none. */
+	/** The word of an object's member; 0, which is never a member's, if there is none. */
 	uint32 FindMember(uint32 Object, std::u16string_view Name);
-	/** The first and the last-but-one word of what a container holds; go from one to the next with GetNext. */
+	/** The first word of a container's contents and the one past the last; step with GetNext. */
 	uint32 GetFirst(uint32 Container) const { return Container + 1; }
 	uint32 GetEnd(uint32 Container) const { return GetPayload(Container); }
 	uint32 GetNext(uint32 Word) const { return GetTag(Word) >= ETag::Array ? GetPayload(Word) : Word + 1; }
@@ -133,9 +133,9 @@ private:
 	const TCHAR* GetTextEnd() const { return **Text + Text->Len(); }
 
 	std::shared_ptr<const FString> Text;
-	/** A word: the tag in 3 bits, the id of the member's name in 29 (None for what isn't a member), 32 of payload. */
+	/** A word: 3 bits of tag, 29 for the id of the member's name (None for anything but a member), 32 of payload. */
 	std::vector<uint64> Tape;
 	FJsonNames Names;
-	/** Strings that had escapes, each after its length in two units, the lower first. */
+	/** Strings that had escapes, each after its length in two units, low unit first. */
 	std::u16string DecodedStrings;
 };

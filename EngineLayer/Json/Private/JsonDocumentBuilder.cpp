@@ -19,7 +19,7 @@ public:
 		, Stream(InStream)
 		, MaxDepth(InMaxDepth)
 	{
-		// Room for a value every 20 characters. What isn't written to takes address space only.
+		// Room for one value per 20 characters. What isn't written to takes only address space.
 		Document.Tape.reserve(static_cast<std::size_t>(Document.Text->Len()) / 20);
 		PreferLargePages(Document.Tape.data(), Document.Tape.capacity() * sizeof(uint64));
 	}
@@ -57,7 +57,8 @@ public:
 		PendingName = Stream.IsStringPlain()
 						  ? Document.Names.Add(std::u16string_view(Stream.GetStringBegin(), Stream.GetStringEnd()))
 						  : Document.Names.AddCopy(std::u16string_view(Decoded, Length));
-		// An object within makes its outer objects not plain anyway, so the last object to hold a name is enough.
+		// A nested object already makes its outer objects not plain, so it is enough to remember the last object with a
+		// name.
 		FOpenContainer& Object = Open.back();
 		uint32& LastObject = Document.Names[PendingName].LastObject;
 		Object.bPlain = Object.bPlain && LastObject != Object.Word + 1;
@@ -93,7 +94,7 @@ private:
 	bool AddLiteral(FJsonDocument::ELiteral Literal) { return Add(ETag::Literal, static_cast<uint32>(Literal)); }
 	bool AddNumber()
 	{
-		// Short whole numbers, most of all, are converted while the text is at hand.
+		// Short whole numbers, the most common kind, are converted while the text is in the cache.
 		constexpr std::ptrdiff_t MaxDigits = 9;
 		const TCHAR* const Begin = Stream.FindNumberBegin();
 		const TCHAR* const End = Stream.GetCurrent();
@@ -147,7 +148,7 @@ std::shared_ptr<FJsonDocument> ReadBy(const std::shared_ptr<const FString>& Text
 	FJsonDocumentBuilder Builder(*Document, Stream, MaxDepth);
 	rapidjson::GenericReader<rapidjson::UTF16<TCHAR>, rapidjson::UTF16<TCHAR>> Reader;
 	OutResult = Reader.Parse<Parser>(Stream, Builder);
-	// RapidJSON takes a NUL for the end.
+	// RapidJSON treats a NUL as the end.
 	if (!OutResult.IsError() && !Stream.IsAtEnd())
 	{
 		OutResult.Set(rapidjson::kParseErrorDocumentRootNotSingular, Stream.Tell());
@@ -159,7 +160,7 @@ std::shared_ptr<FJsonDocument> ReadBy(const std::shared_ptr<const FString>& Text
 std::shared_ptr<FJsonDocument> FJsonDocument::Read(std::shared_ptr<const FString> Text, const char*& OutError,
 												   uint32& OutErrorOffset)
 {
-	// RapidJSON's recursive parser is the faster one by a sixth, but only the iterative one is safe at any depth.
+	// RapidJSON's recursive parser is a sixth faster, but only the iterative one is safe at any depth.
 	constexpr std::size_t MaxRecursion = 64;
 	rapidjson::ParseResult Result;
 	std::shared_ptr<FJsonDocument> Document = ReadBy<rapidjson::kParseNoFlags>(Text, MaxRecursion, Result);

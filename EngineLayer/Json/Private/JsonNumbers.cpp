@@ -7,7 +7,7 @@
 
 namespace
 {
-/** More digits than these may not fit into a double exactly. */
+/** A double may be unable to hold more digits exactly. */
 constexpr int32 MaxExactDigits = 15;
 
 bool IsDigit(TCHAR Character)
@@ -21,13 +21,13 @@ bool IsNumberCharacter(TCHAR Character)
 		   Character == u'E';
 }
 
-/** Whether a number that no double holds is too large for one; otherwise it's too small. */
+/** For a number out of a double's range: whether it is too large; otherwise it's too small. */
 bool IsLarge(std::string_view Number)
 {
 	const std::size_t MantissaEnd = std::min(Number.find_first_of("eE"), Number.size());
 	const std::size_t First = Number.find_first_of("123456789");
 	const std::size_t Dot = std::min(Number.find('.'), MantissaEnd);
-	// The decimal exponent of the first digit that counts.
+	// The decimal exponent of the first significant digit.
 	int64 Exponent = static_cast<int64>(Dot) - static_cast<int64>(First);
 	if (MantissaEnd != Number.size())
 	{
@@ -89,7 +89,7 @@ double ParseDecimal(const TCHAR* Begin, const TCHAR* End)
 
 FString FormatDecimal(double Number)
 {
-	// The largest double has 309 digits before the dot.
+	// The largest double has 309 digits before the decimal point.
 	char Buffer[336];
 	const auto Result = std::to_chars(Buffer, Buffer + sizeof(Buffer), Number, std::chars_format::fixed, 6);
 	std::string_view Digits(Buffer, Result.ptr);

@@ -4,10 +4,10 @@
 #include "CoreTypes.h"
 
 /**
- * The decimal number that the text begins with (an optional '-', digits, fraction, exponent), as the nearest double;
+ * The decimal number at the start of the text (an optional '-', digits, fraction, exponent), as the nearest double;
  * infinity if it's too large for one, 0 if there is none.
  */
 double ParseDecimal(const TCHAR* Begin, const TCHAR* End);
 
-/** Six fractional digits, less trailing zeros (and the dot if none is left); "inf" for infinity. */
+/** Up to six fractional digits, without trailing zeros (or the dot if none are left); "inf" for infinity. */
 FString FormatDecimal(double Number);

@@ -7,7 +7,7 @@
 
 namespace
 {
-/** Line and character, both from 1, of an offset in a text. */
+/** The line and character, both from 1, of an offset in a text. */
 std::pair<uint32, uint32> Locate(const FString& Text, uint32 Offset)
 {
 	const std::u16string_view Before = FStringView(Text).substr(0, Offset);

@@ -77,7 +77,7 @@ public:
 	}
 	std::size_t Tell() const { return GetOffset(Rest == nullptr ? Current : StringBegin); }
 
-	/** To be called when RapidJSON is through with a string. */
+	/** Call this when RapidJSON is done with a string. */
 	void CloseString()
 	{
 		bInString = false;
@@ -87,13 +87,13 @@ public:
 			Rest = nullptr;
 		}
 	}
-	/** Whether the string last opened has no escapes, so that it can be taken out of the text. */
+	/** Whether the last opened string has no escapes, so that it can be read from the text. */
 	bool IsStringPlain() const { return bPlain; }
 	const TCHAR* GetStringBegin() const { return StringBegin; }
-	/** Of a plain string only. */
+	/** For a plain string only. */
 	const TCHAR* GetStringEnd() const { return StringEnd; }
 	const TCHAR* GetCurrent() const { return Current; }
-	/** First character of the number that ends where the stream stands. */
+	/** The first character of the number that ends at the stream's position. */
 	const TCHAR* FindNumberBegin() const
 	{
 		const TCHAR* At = Current;
@@ -136,7 +136,7 @@ private:
 	const TCHAR* Current;
 	const TCHAR* StringBegin = nullptr;
 	const TCHAR* StringEnd = nullptr;
-	/** Where the text goes on, while Current runs through Replaced; else null. */
+	/** Where the text continues while Current runs through Replaced; else null. */
 	const TCHAR* Rest = nullptr;
 	std::u16string Replaced;
 	bool bInString = false;

@@ -21,7 +21,7 @@ TArray<TSharedPtr<FJsonValue>> FJsonValueBlock::MakeArray(const std::shared_ptr<
 	{
 		++Count;
 	}
-	// Exactly, since values must stay where they are.
+	// Exact, since values must not move.
 	Block->Values.reserve(Count);
 	TArray<TSharedPtr<FJsonValue>> Elements;
 	Elements.Reserve(static_cast<int32>(Count));
@@ -61,7 +61,7 @@ bool FJsonValue::TryGetNumber(double& OutNumber) const
 
 bool FJsonValue::TryGetNumber(int64& OutNumber) const
 {
-	// 2^63 is the nearest double of int64's largest value and stands for it.
+	// 2^63 is the double nearest to int64's largest value and stands in for it.
 	constexpr double Limit = 9223372036854775808.0;
 	double Number = 0.0;
 	if (!TryGetNumber(Number) || !(Number >= -Limit && Number <= Limit))

@@ -4,8 +4,8 @@
 #include "JsonDocument.h"
 
 /**
- * The storage of values that are made at once: pointers to values and objects count the block, and the block keeps the
- * document.
+ * The storage of values made together: pointers to values and objects share ownership of the block, which keeps the
+ * document alive.
  */
 struct FJsonValueBlock : public std::enable_shared_from_this<FJsonValueBlock>
 {
@@ -19,7 +19,7 @@ struct FJsonValueBlock : public std::enable_shared_from_this<FJsonValueBlock>
 	/** The values in an array. */
 	static TArray<TSharedPtr<FJsonValue>> MakeArray(const std::shared_ptr<FJsonDocument>& Document, uint32 Array);
 
-	/** A pointer that counts this block. */
+	/** A pointer that shares ownership of this block. */
 	template <class ViewType>
 	TSharedPtr<ViewType> Share(ViewType& View)
 	{

@@ -4,7 +4,10 @@
 #include "UObject/Object.h"
 #include "UObject/ScriptDelegates.h"
 
-/** What a host's player reports of itself, and what it can be asked to do. Outlives the media player that reads it, or is taken away from it before. */
+/**
+ * What a host's player reports, and what it can be asked to do. Must outlive the media player that reads it, or be
+ * removed from it first.
+ */
 class ENGINELAYER_API IMediaSource
 {
 public:
@@ -14,7 +17,7 @@ public:
 	virtual bool IsPlaying() const = 0;
 	virtual const FString& GetUrl() const = 0;
 
-	/** Each is false where the source can't, or where it does so already. */
+	/** Each returns false if the source can't, or if it does so already. */
 	virtual bool Play() { return false; }
 	virtual bool Pause() { return false; }
 	virtual bool Seek([[maybe_unused]] const FTimespan& Time) { return false; }
@@ -22,7 +25,7 @@ public:
 
 DECLARE_DYNAMIC_MULTICAST_DELEGATE(FOnMediaPlayerMediaEvent);
 
-/** The media player as the module sees it: it reads the host's. Without one: time 0, not playing, no URL. */
+/** The media player as the module sees it: it reads the host's player. Without one: time 0, not playing, no URL. */
 class ENGINELAYER_API UMediaPlayer : public UObject
 {
 	DECLARE_LAYER_CLASS(UMediaPlayer, UObject)
@@ -43,7 +46,7 @@ public:
 	bool IsPlaying() const;
 	const FString& GetUrl() const;
 
-	/** False where it can't be done, or is so already; else the event is raised. */
+	/** False if it can't be done, or is so already; otherwise raises the event. */
 	bool Play();
 	bool Pause();
 	bool Seek(const FTimespan& Time);

@@ -122,7 +122,7 @@ void UPanelWidget::ConstructTree()
 void UPanelWidget::DestructTree()
 {
 	Super::DestructTree();
-	// A copy: what is torn down may take itself out.
+	// A copy: a widget may remove itself while it is torn down.
 	const TArray<TObjectPtr<UPanelSlot>> Children = Slots;
 	for (const TObjectPtr<UPanelSlot>& Each : Children)
 	{

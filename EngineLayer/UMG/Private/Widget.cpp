@@ -13,7 +13,7 @@ namespace
 
 IWidgetObserver* Observer = nullptr;
 
-/** The widget with the keyboard; there is one keyboard. */
+/** The widget with keyboard focus; there is only one keyboard. */
 FWeakObjectPtr FocusedWidget;
 
 } // namespace

@@ -107,7 +107,7 @@ const char* FWidgetBlueprintBuilder::FindFault(const UClass* InClass, FName InNa
 	const bool bRoot = InPanel.IsNone();
 	if (!bRoot && (Panel == Tree.end() || !Panel->Class->IsChildOf(UPanelWidget::StaticClass())))
 	{
-		return "is put into something that is no panel";
+		return "is put into something that is not a panel";
 	}
 	const auto IsInPanel = [&](const FWidgetTemplate& Each)
 	{

@@ -23,7 +23,7 @@ int32 FWidgetTeardown::TearDownLeft()
 	const std::vector<UWidget*> Widgets = std::exchange(Left, {});
 	for (UWidget* Widget : Widgets)
 	{
-		// One that found its way back into a tree stays.
+		// One that was put back into a tree stays.
 		if (Widget->IsConstructed() && Widget->GetParent() == nullptr)
 		{
 			Widget->DestructTree();

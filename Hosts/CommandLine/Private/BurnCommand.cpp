@@ -64,7 +64,7 @@ FBatchEnd BurnOne(const FBurnArguments& InArguments, const FStopSignals& InSigna
 	const FVideoResult Result =
 		Session->Library().Burn(MakeOptions(InArguments), *Session, Progress, InSignals.GetFlag());
 	Progress.Clear();
-	if (Result.Outcome == EVideoOutcome::Cancelled)
+	if (Result.Outcome == EVideoOutcome::Canceled)
 	{
 		return {EBatchState::Stopped, InArguments.Paint.Output + " was not written"};
 	}

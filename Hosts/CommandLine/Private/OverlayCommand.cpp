@@ -71,7 +71,7 @@ int RunOverlay(FDrawingArguments& InOutArguments)
 	{
 	case EVideoOutcome::Failed:
 		return PrintError(Result.Error);
-	case EVideoOutcome::Cancelled:
+	case EVideoOutcome::Canceled:
 		PrintNote("stopped; " + Options.Output + " was not finished");
 		return Signals.GetExitCode();
 	case EVideoOutcome::Done:

@@ -165,7 +165,7 @@ public:
 			{
 				continue;
 			}
-			const auto [Entry, bNew] = LastFirst.try_emplace(NormaliseSpace(Comment.Text), Index);
+			const auto [Entry, bNew] = LastFirst.try_emplace(NormalizeSpace(Comment.Text), Index);
 			const std::size_t First = Entry->second;
 			if (bNew || Comment.SpawnTicks - InOutComments[First].SpawnTicks > WindowTicks)
 			{

@@ -54,7 +54,7 @@ bool IsVisible(const FServiceComment& InComment)
 		   HasColor(InComment.Color) && HasText(InComment.Text);
 }
 
-std::string NormaliseSpace(std::string_view InText)
+std::string NormalizeSpace(std::string_view InText)
 {
 	std::string Text;
 	Text.reserve(InText.size());

@@ -11,8 +11,8 @@ namespace Flitmark
 ECommentKind ToListKind(std::string_view InMode);
 
 /**
- * Reads the comma-separated parameters of a list's entry into a comment: `seconds,mode,size,colour,sent,pool,sender,id`, or
- * `id,0,milliseconds,mode,size,colour,sent,pool,sender`. What is missing after the time stays as it is. False if the
+ * Reads the comma-separated parameters of a list's entry into a comment: `seconds,mode,size,color,sent,pool,sender,id`,
+ * or `id,0,milliseconds,mode,size,color,sent,pool,sender`. What is missing after the time stays as it is. False if the
  * time cannot be read.
  */
 bool ReadListParameters(std::string_view InParameters, FServiceComment& OutComment);

@@ -69,7 +69,7 @@ public:
 		}
 		if (bHasSize && !bHasColor)
 		{
-			// Zeros are not written. A size never is 0, so where there is one, a colour that is missing is black.
+			// Zeros are not written. A size never is 0, so where there is one, a color that is missing is black.
 			Comment.Color = 0xFF;
 		}
 		return Stream.ConsumedEntireMessage();

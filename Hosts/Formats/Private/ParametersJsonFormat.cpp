@@ -10,7 +10,7 @@ namespace Flitmark
 namespace
 {
 
-/** `p` is "seconds,mode,colour,user" or a list's parameters, `c` is "seconds,colour,mode,size,user,sent". */
+/** `p` is "seconds,mode,color,user" or a list's parameters, `c` is "seconds,color,mode,size,user,sent". */
 class FParametersSchema final : public IJsonSchema
 {
 public:

@@ -12,7 +12,7 @@ namespace Flitmark
 namespace
 {
 
-/** `[seconds, type, colour, author, text]`. */
+/** `[seconds, type, color, author, text]`. */
 class FRowsSchema final : public IJsonSchema
 {
 public:

@@ -90,7 +90,7 @@ void CountTexts(std::span<const FServiceComment> InComments, std::size_t InMost,
 	{
 		if (HasText(Comment.Text))
 		{
-			++Counts[NormaliseSpace(Comment.Text)];
+			++Counts[NormalizeSpace(Comment.Text)];
 		}
 	}
 	OutStats.NumTexts = static_cast<int64>(Counts.size());
@@ -120,7 +120,7 @@ void FindLongest(std::span<const FServiceComment> InComments, std::size_t InMost
 	{
 		if (HasText(Comment.Text))
 		{
-			Longest.emplace_back(CountCharacters(NormaliseSpace(Comment.Text)), &Comment);
+			Longest.emplace_back(CountCharacters(NormalizeSpace(Comment.Text)), &Comment);
 		}
 	}
 	std::ranges::stable_sort(Longest, std::ranges::greater(), &FEntry::first);
@@ -131,7 +131,7 @@ void FindLongest(std::span<const FServiceComment> InComments, std::size_t InMost
 		{
 			return;
 		}
-		std::string Text = NormaliseSpace(Comment->Text);
+		std::string Text = NormalizeSpace(Comment->Text);
 		if (Told.insert(Text).second)
 		{
 			OutStats.Longest.push_back({std::move(Text), NumCharacters, Comment->SpawnTicks});

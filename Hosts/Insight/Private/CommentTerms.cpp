@@ -92,7 +92,7 @@ public:
 
 	void Add(const FServiceComment& InComment)
 	{
-		const std::string Whole = NormaliseSpace(std::string_view(InComment.Text).substr(0, LongestLookedAt));
+		const std::string Whole = NormalizeSpace(std::string_view(InComment.Text).substr(0, LongestLookedAt));
 		const icu::UnicodeString Text = CutRuns(icu::UnicodeString::fromUTF8(Whole));
 		InThisComment.clear();
 		if (SaysSomething(Text) && Text.countChar32() <= LongestText)

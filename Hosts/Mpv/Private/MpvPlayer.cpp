@@ -61,6 +61,7 @@ constexpr FObserved Observed[] = {
 	{"mute", MPV_FORMAT_FLAG, TakeFlag<&FMpvState::bMuted>},
 	{"video-out-params/dw", MPV_FORMAT_INT64, TakeInt<&FMpvState::Width>},
 	{"video-out-params/dh", MPV_FORMAT_INT64, TakeInt<&FMpvState::Height>},
+	{"video-out-params/rotate", MPV_FORMAT_INT64, TakeInt<&FMpvState::Rotation>},
 	{"audio-params/samplerate", MPV_FORMAT_INT64, TakeInt<&FMpvState::SampleRate>},
 	{"media-title", MPV_FORMAT_STRING, TakeText<&FMpvState::Title>},
 	{"hwdec-current", MPV_FORMAT_STRING, TakeText<&FMpvState::HardwareDecoder>},
@@ -325,7 +326,11 @@ void FMpvPlayer::ProcessEvents()
 			Observer.OnSeeked();
 			continue;
 		case MPV_EVENT_PLAYBACK_RESTART:
-			Observer.OnArrived();
+			// The last reported position may be from before.
+			mpv_get_property_async(Handle.get(), 0, "time-pos", MPV_FORMAT_DOUBLE);
+			continue;
+		case MPV_EVENT_GET_PROPERTY_REPLY:
+			TakeArrival(*Event);
 			continue;
 		case MPV_EVENT_NONE:
 		case MPV_EVENT_SHUTDOWN:
@@ -350,6 +355,16 @@ void FMpvPlayer::TakeProperty(const mpv_event_property& InProperty, std::size_t 
 {
 	Observed[InIndex].Take(State, InProperty.format == MPV_FORMAT_NONE ? nullptr : InProperty.data);
 	bStateChanged = true;
+}
+
+void FMpvPlayer::TakeArrival(const mpv_event& InEvent)
+{
+	if (InEvent.error >= 0)
+	{
+		TakeDouble<&FMpvState::Position>(State, static_cast<const mpv_event_property*>(InEvent.data)->data);
+		bStateChanged = true;
+	}
+	Observer.OnArrived();
 }
 
 void FMpvPlayer::TakeLog(const mpv_event_log_message& InMessage)

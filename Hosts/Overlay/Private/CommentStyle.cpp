@@ -16,9 +16,9 @@ FCommentStyle FCommentStyle::Of(const UTextBlock& InText, double InScale)
 			InText.GetColorAndOpacity().GetSpecifiedColor().ToFColorSRGB()};
 }
 
-FSprite FCommentStyle::Rasterise(FTextEngine& InEngine, FTextScale InScale) const
+FSprite FCommentStyle::Rasterize(FTextEngine& InEngine, FTextScale InScale) const
 {
-	return InEngine.Rasterise(Text, Size, {Color.R, Color.G, Color.B, Color.A}, InScale);
+	return InEngine.Rasterize(Text, Size, {Color.R, Color.G, Color.B, Color.A}, InScale);
 }
 
 std::size_t FCommentStyleHash::operator()(const FCommentStyle& InStyle) const

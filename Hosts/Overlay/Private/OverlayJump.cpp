@@ -101,7 +101,7 @@ int64 FOverlayRunner::FindFirstSecond() const
 	int64 First = Second - LookBack(std::max(UsualWidth, CanvasWidth));
 	for (const FWideText& Wide : WideTexts)
 	{
-		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width) >= Second)
+		if (Wide.Second < First && Wide.Second + LookBack(Wide.Width * Settings.FontScale) >= Second)
 		{
 			First = Wide.Second;
 		}
@@ -116,6 +116,7 @@ void FOverlayRunner::BeginJump()
 	{
 		return;
 	}
+	ApplySettings();
 	if (!IsOpen())
 	{
 		// The jump is made up for when the comments are switched on.

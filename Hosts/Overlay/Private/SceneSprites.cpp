@@ -53,7 +53,7 @@ std::shared_ptr<const FSprite> FSceneSprites::Draw(const std::shared_ptr<const F
 		bCut = true;
 		return nullptr;
 	}
-	const auto Sprite = std::make_shared<const FSprite>(InStyle->Style.Rasterise(Engine, Scale));
+	const auto Sprite = std::make_shared<const FSprite>(InStyle->Style.Rasterize(Engine, Scale));
 	bCut = bCut || Sprite->bCut;
 	Bytes += CountBytes(*Sprite);
 	Drawn[InStyle->Id] = {InStyle, Sprite};

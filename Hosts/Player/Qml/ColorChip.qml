@@ -9,15 +9,20 @@ AbstractButton {
 	required property var mirror
 	readonly property color preset: "#" + mirror.name.slice(-6)
 
+	objectName: mirror.name
 	implicitWidth: 32
 	implicitHeight: 32
 	enabled: mirror.usable
 	focusPolicy: Qt.TabFocus
 	Accessible.role: Accessible.RadioButton
 	Accessible.name: text
-	Accessible.checkable: true
-	Accessible.checked: mirror.checked
-	onClicked: mirror.Toggle(!mirror.checked)
+	// The button's own state is what assistive technology hears of; it changes with a click, whatever comes of it.
+	checkable: true
+	checked: mirror.checked
+	onClicked: {
+		mirror.Toggle(!mirror.checked)
+		checked = Qt.binding(() => mirror.checked)
+	}
 	Keys.onReturnPressed: click()
 	Keys.onEnterPressed: click()
 

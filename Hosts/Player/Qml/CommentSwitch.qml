@@ -15,9 +15,13 @@ AbstractButton {
 	focusPolicy: Qt.TabFocus
 	Accessible.role: Accessible.CheckBox
 	Accessible.name: qsTr("Show comments")
-	Accessible.checkable: true
-	Accessible.checked: mirror.checked
-	onClicked: mirror.Toggle(!mirror.checked)
+	// The button's own state is what assistive technology hears of; it changes with a click, whatever comes of it.
+	checkable: true
+	checked: mirror.checked
+	onClicked: {
+		mirror.Toggle(!mirror.checked)
+		checked = Qt.binding(() => mirror.checked)
+	}
 	Keys.onReturnPressed: click()
 	Keys.onEnterPressed: click()
 

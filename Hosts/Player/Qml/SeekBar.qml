@@ -13,6 +13,12 @@ Item {
 	readonly property real buffered: Player.duration > 0 ? Math.min(1, Player.bufferedTo / Player.duration) : 0
 	readonly property bool touched: usable && (area.containsMouse || area.pressed || activeFocus)
 
+	// For assistive technology.
+	readonly property real value: Player.position
+	readonly property real minimumValue: 0
+	readonly property real maximumValue: Player.duration
+	readonly property real stepSize: 5
+
 	function timeAt(x) {
 		return Math.max(0, Math.min(1, x / width)) * Player.duration
 	}

@@ -12,10 +12,10 @@ QtObject {
 			title: qsTr("Playback"),
 			lines: [
 				{ keys: ["Space", "K"], text: qsTr("Play or pause"), run: () => Player.TogglePlaying() },
-				{ keys: ["Left", "Right"], text: qsTr("Back or forward 5 seconds"), runs: [() => Player.SeekBy(-5), () => Player.SeekBy(5)] },
-				{ keys: ["Shift+Left", "Shift+Right"], text: qsTr("Back or forward 1 second"), runs: [() => Player.SeekBy(-1), () => Player.SeekBy(1)] },
-				{ keys: ["Ctrl+Left", "Ctrl+Right"], text: qsTr("Back or forward 30 seconds"), runs: [() => Player.SeekBy(-30), () => Player.SeekBy(30)] },
-				{ keys: [",", "."], text: qsTr("Previous or next frame"), runs: [() => Player.StepFrame(false), () => Player.StepFrame(true)] },
+				{ keys: ["Left", "Right"], text: qsTr("Back or forward 5 seconds"), runs: [(name, repeat) => Player.SeekByKey(-5, repeat), (name, repeat) => Player.SeekByKey(5, repeat)], repeats: true },
+				{ keys: ["Shift+Left", "Shift+Right"], text: qsTr("Back or forward 1 second"), runs: [(name, repeat) => Player.SeekByKey(-1, repeat), (name, repeat) => Player.SeekByKey(1, repeat)], repeats: true },
+				{ keys: ["Ctrl+Left", "Ctrl+Right"], text: qsTr("Back or forward 30 seconds"), runs: [(name, repeat) => Player.SeekByKey(-30, repeat), (name, repeat) => Player.SeekByKey(30, repeat)], repeats: true },
+				{ keys: [",", "."], text: qsTr("Previous or next frame"), runs: [() => Player.StepFrame(false), () => Player.StepFrame(true)], repeats: true },
 				{ keys: ["Home", "End"], text: qsTr("Start or end"), runs: [() => Player.SeekTo(0), () => Player.SeekTo(Player.duration)] },
 				{ keys: ["0", "…", "9"], text: qsTr("Jump to 0% … 90%"), run: name => Player.SeekTo(Player.duration * Number(name) / 10), also: ["1", "2", "3", "4", "5", "6", "7", "8"] },
 				{ keys: ["[", "]"], text: qsTr("Slower or faster"), runs: [() => Player.ChangeSpeed(false), () => Player.ChangeSpeed(true)] },
@@ -25,7 +25,7 @@ QtObject {
 		{
 			title: qsTr("Sound"),
 			lines: [
-				{ keys: ["Up", "Down"], text: qsTr("Volume up or down"), runs: [() => Player.ChangeVolume(5), () => Player.ChangeVolume(-5)] },
+				{ keys: ["Up", "Down"], text: qsTr("Volume up or down"), runs: [() => Player.ChangeVolume(5), () => Player.ChangeVolume(-5)], repeats: true },
 				{ keys: ["M"], text: qsTr("Mute or unmute"), run: () => Player.muted = !Player.muted }
 			]
 		},
@@ -57,7 +57,7 @@ QtObject {
 		for (const group of groups) {
 			for (const line of group.lines) {
 				for (const [index, key] of line.keys.concat(line.also ?? []).entries())
-					found.set(key, { run: line.runs ? line.runs[index] : line.run, always: line.always || key.startsWith("F1") })
+					found.set(key, { run: line.runs ? line.runs[index] : line.run, repeats: line.repeats ?? false, always: line.always || key.startsWith("F1") })
 			}
 		}
 		return found
@@ -86,7 +86,8 @@ QtObject {
 		const found = table.get(name)
 		if (!found || (inText && !found.always))
 			return false
-		found.run(name)
+		if (!event.isAutoRepeat || found.repeats)
+			found.run(name, event.isAutoRepeat)
 		return true
 	}
 }

@@ -6,6 +6,10 @@ import Flitmark
 Slider {
 	id: root
 
+	// For assistive technology.
+	readonly property real minimumValue: from
+	readonly property real maximumValue: to
+
 	implicitHeight: 28
 	padding: 0
 

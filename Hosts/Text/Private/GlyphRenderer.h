@@ -6,8 +6,8 @@ namespace Flitmark
 {
 
 /**
- * Draws a glyph, unhinted. An empty image if the font has nothing to show. InOutline: factor on the outline's usual width.
- * Thread-safe.
+ * Draws a glyph, unhinted. An empty image if the font has nothing to show. InOutline: factor on the outline's usual
+ * width. Thread-safe.
  */
 FGlyphImage RenderGlyph(FT_Library InLibrary, const FFont& InFont, const FGlyphKey& InKey, double InOutline);
 

@@ -19,8 +19,8 @@ struct FRunStyle
 };
 
 /**
- * Whether a script is laid out one character at a time, without kerning or ligatures: ideographs, kana, Hangul, and what
- * has no script are on a grid, and kerning made for proportional kana would only disturb it.
+ * Whether a script is laid out one character at a time, without kerning or ligatures: ideographs, kana, Hangul, and
+ * what has no script are on a grid, and kerning made for proportional kana would only disturb it.
  */
 bool IsSetPlain(const FFont& InFont, hb_script_t InScript);
 

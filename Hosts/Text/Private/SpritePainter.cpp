@@ -112,7 +112,9 @@ struct FReach
 	double Bottom = std::numeric_limits<double>::infinity();
 };
 
-/** Decided before a glyph is drawn: drawing what is then dropped would cost the time and memory that the limits save. */
+/**
+ * Decided before a glyph is drawn: drawing what is then dropped would cost the time and memory that the limits save.
+ */
 FReach FindReach(std::span<const FShapedGlyph> InGlyphs, const FSpriteStyle& InStyle)
 {
 	const auto IsLeftOf = [](const FShapedGlyph& InLeft, const FShapedGlyph& InRight)

@@ -99,7 +99,7 @@ FTextSize FTextEngine::Measure(std::u16string_view InText, float InSizePoints)
 	return Size;
 }
 
-FSprite FTextEngine::Rasterise(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale)
+FSprite FTextEngine::Rasterize(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale)
 {
 	FSprite Sprite;
 	const FSpriteStyle Style = {GetEm(InSizePoints) * InScale.X, GetEm(InSizePoints) * InScale.Y, InColor};

@@ -93,7 +93,7 @@ FVideoResult FBurnRun::Burn(IOverlaySource& InOverlay)
 		return {};
 	}
 	// What reading reports once it was told to end is no failure.
-	return Error.empty() || Cancel ? FVideoResult{EVideoOutcome::Cancelled, {}} : FVideoResult::Fail(Error);
+	return Error.empty() || Cancel ? FVideoResult{EVideoOutcome::Canceled, {}} : FVideoResult::Fail(Error);
 }
 
 bool FBurnRun::Open()

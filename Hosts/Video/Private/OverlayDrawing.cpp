@@ -63,7 +63,7 @@ FVideoResult FOverlayDrawing::Draw(IOverlaySource& InOverlay)
 	{
 		return {};
 	}
-	return Error.empty() || Cancel ? FVideoResult{EVideoOutcome::Cancelled, {}} : FVideoResult::Fail(Error);
+	return Error.empty() || Cancel ? FVideoResult{EVideoOutcome::Canceled, {}} : FVideoResult::Fail(Error);
 }
 
 bool FOverlayDrawing::Open()

@@ -80,8 +80,8 @@ std::vector<AVPixelFormat> AllBlendable()
 AVPixelFormat WithChroma(AVPixelFormat InFormat)
 {
 	const AVPixFmtDescriptor* const Format = av_pix_fmt_desc_get(InFormat);
-	const bool bGrey = Format != nullptr && Format->nb_components <= 2 && (Format->flags & AV_PIX_FMT_FLAG_PAL) == 0;
-	return !bGrey ? InFormat : Format->comp[0].depth > 8 ? AV_PIX_FMT_YUV420P10 : AV_PIX_FMT_YUV420P;
+	const bool bGray = Format != nullptr && Format->nb_components <= 2 && (Format->flags & AV_PIX_FMT_FLAG_PAL) == 0;
+	return !bGray ? InFormat : Format->comp[0].depth > 8 ? AV_PIX_FMT_YUV420P10 : AV_PIX_FMT_YUV420P;
 }
 
 } // namespace

@@ -31,7 +31,7 @@ std::string FileObstacle(const std::string& InPath)
 					: std::string();
 }
 
-int IsCancelled(void* InCancel)
+int IsCanceled(void* InCancel)
 {
 	return static_cast<const std::atomic<bool>*>(InCancel)->load() ? 1 : 0;
 }
@@ -39,7 +39,7 @@ int IsCancelled(void* InCancel)
 AVIOInterruptCB InterruptBy(const std::atomic<bool>* InCancel)
 {
 	// FFmpeg hands the pointer back as it is.
-	return {InCancel != nullptr ? &IsCancelled : nullptr, const_cast<std::atomic<bool>*>(InCancel)};
+	return {InCancel != nullptr ? &IsCanceled : nullptr, const_cast<std::atomic<bool>*>(InCancel)};
 }
 
 std::string ReadError(const FVideoFile& InFile, const char* InWhat, int InCode)

@@ -92,8 +92,8 @@ bool UDanmakuTrack::CanAddScrollNode(const UUI_DanmakuNode* Node) const
 		return true;
 	}
 	const UUI_DanmakuNode* Last = Nodes.Last();
-	// The last comment may have left the canvas in this very frame and be torn down only after it; the newcomer stands
-	// on the same canvas.
+	// The last comment may have left the canvas in this very frame and not be torn down yet; the newcomer is on the
+	// same canvas.
 	const UPanelWidget* Canvas = Last->GetParent() != nullptr ? Last->GetParent() : Node->GetParent();
 	if (Canvas == nullptr)
 	{

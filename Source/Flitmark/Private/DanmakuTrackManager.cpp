@@ -15,7 +15,7 @@ constexpr double InverseTrackHeight = 0.06613756613756615;
 
 constexpr float PercentScale = 0.01f;
 
-/** A whole number of lanes; absurdly many are as many as can be counted. */
+/** A whole number of lanes; an absurdly large number is clamped. */
 int32 ToTrackCount(double Count)
 {
 	return Count < static_cast<double>(MAX_int32) ? static_cast<int32>(Count) : MAX_int32;
@@ -27,7 +27,7 @@ int32 ComputeTrackCount(const UUI_DanmakuNode* Node)
 	return ToTrackCount(FMath::CeilToDouble(Node->GetNodeSize().Y * InverseTrackHeight));
 }
 
-/** A random first lane for a run of TrackCount out of TrackNum lanes; 0 if the run does not fit. */
+/** A random first lane for a run of TrackCount lanes out of TrackNum; 0 if the run does not fit. */
 int32 DrawStartIndex(int32 TrackNum, int32 TrackCount)
 {
 	const int32 Last = TrackNum - TrackCount;
@@ -193,7 +193,7 @@ int32 UDanmakuTrackManager::ComputeTrackNum(int32 Area) const
 
 UUI_DanmakuNode* UDanmakuTrackManager::CreateNode(TSubclassOf<UUI_DanmakuNode> InClass) const
 {
-	// Reads as null where the class is none of a comment widget.
+	// Reads as null unless it is a comment widget's class.
 	UClass* Class = InClass.Get();
 	return IsValid(Class) ? CreateWidget<UUI_DanmakuNode>(CanvasPanel, Class) : nullptr;
 }
@@ -236,7 +236,7 @@ bool UDanmakuTrackManager::AddNodeToBottomTracks(UUI_DanmakuNode* Node, int32 St
 bool UDanmakuTrackManager::AddNodeToTracks(const TArray<TObjectPtr<UDanmakuTrack>>& Tracks, UUI_DanmakuNode* Node,
 										   int32 StartIndex, int32 TrackCount) const
 {
-	// The sum is made so that a comment of absurd height cannot overflow it.
+	// Written so that a comment of absurd height can't overflow the sum.
 	if (TrackCount > Tracks.Num() - StartIndex)
 	{
 		Node->RemoveFromParent();
@@ -322,7 +322,7 @@ void UDanmakuTrackManager::OnDanmakuNodeUserStarted(UUI_DanmakuNode* DanmakuNode
 	const TArray<TObjectPtr<UDanmakuTrack>>* Tracks = FindGroup(DanmakuNode);
 	if (Tracks == nullptr)
 	{
-		// The panel offers no such mode; a host that sends one gets what the schedule would give it.
+		// The panel offers no such mode; a host that sends one gets what the schedule would do.
 		DanmakuNode->RemoveFromParent();
 		return;
 	}

@@ -15,7 +15,7 @@
 namespace
 {
 
-/** Truncates toward zero; numbers beyond 32 bits become the nearest that fits. */
+/** Truncates toward zero, and clamps to 32 bits. */
 int32 ToInt32(double Number)
 {
 	if (!(Number > static_cast<double>(MIN_int32)))
@@ -25,7 +25,7 @@ int32 ToInt32(double Number)
 	return Number < static_cast<double>(MAX_int32) ? static_cast<int32>(Number) : MAX_int32;
 }
 
-/** The record of one comment object. Where the spawn time is missing or no number, the comment is due at second 0. */
+/** The record of one comment object. If the spawn time is missing or not a number, the comment is due at second 0. */
 FDanmakuData ReadComment(const FJsonObject& Comment)
 {
 	FDanmakuData Data;
@@ -44,7 +44,7 @@ FDanmakuData ReadComment(const FJsonObject& Comment)
 	return Data;
 }
 
-/** The second of the day that a media time lies in. */
+/** The second of the day in which a media time falls. */
 FTimespan ToLookupKey(const FTimespan& MediaTime)
 {
 	return FTimespan(MediaTime.GetHours(), MediaTime.GetMinutes(), MediaTime.GetSeconds());
@@ -176,7 +176,7 @@ TArray<FDanmakuData>& UUI_Danmaku::FindBucket(const FDanmakuData& InDanmakuData)
 
 bool UUI_Danmaku::EnsureTrackManager()
 {
-	// A class that no blueprint made has no canvas.
+	// A class without a blueprint has no canvas.
 	if (!DanmakuCanvasPanel)
 	{
 		return false;
@@ -207,7 +207,8 @@ bool UUI_Danmaku::HasLiveTrackManager() const
 void UUI_Danmaku::OnDanmakuSend(const FString&, const int64& InTime, const FString& InContent,
 								const EDanmakuMode& InMode, const int32& InFontSize, const FString& InFontColor)
 {
-	// Before the first laid-out frame there is nothing to show the comment on; after the overlay is gone, nobody sees it.
+	// Before the first laid-out frame there is nowhere to show the comment; after the overlay is gone, nobody would see
+	// it.
 	if (!HasLiveTrackManager())
 	{
 		return;

@@ -58,7 +58,7 @@ UButton* UUI_DanmakuBar::GetButton() const
 void UUI_DanmakuBar::NativePreConstruct()
 {
 	Super::NativePreConstruct();
-	// The designer runs this on classes whose widgets are not bound.
+	// The designer also calls this on classes whose widgets are not bound.
 	if (TextNum)
 	{
 		SetCounter(0);
@@ -70,11 +70,11 @@ void UUI_DanmakuBar::NativeConstruct()
 	Super::NativeConstruct();
 	if (!InputDanmakuText)
 	{
-		// A class that no blueprint made has no widgets.
+		// A class without a blueprint has no widgets.
 		return;
 	}
 	InputDanmakuText->SetText(FText::GetEmpty());
-	// Unique, because a widget that is removed and added back is constructed again.
+	// Unique, because a widget that is removed and added back gets constructed again.
 	InputDanmakuText->OnTextChanged.AddUniqueDynamic(this, &UUI_DanmakuBar::OnInputTextChanged);
 	SendDanmakuButton->OnClicked.AddUniqueDynamic(this, &UUI_DanmakuBar::OnSendDanmakuButtonClicked);
 	InputDanmakuText->OnTextCommitted.AddUniqueDynamic(this, &UUI_DanmakuBar::OnInputDanmakuTextCommitted);

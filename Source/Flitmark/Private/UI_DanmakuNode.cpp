@@ -40,7 +40,7 @@ void UUI_DanmakuNode::ApplyStyle()
 {
 	if (!NodeContentText)
 	{
-		// A class that no blueprint made has no text block; such a comment is empty.
+		// A class without a blueprint has no text block; its comments are empty.
 		return;
 	}
 	NodeContentText->SetText(FText::FromString(Data.Content));
@@ -56,8 +56,8 @@ void UUI_DanmakuNode::ComputeTiming()
 	RollDistance = static_cast<float>(CanvasWidth + NodeSize.X);
 	const double TimePerUnit = DrawZeroOrOne() * ExtraTimePerUnit + MinTimePerUnit;
 	RemainingTime = static_cast<float>(FMath::FloorToDouble(TimePerUnit * static_cast<double>(RollDistance)));
-	// A short way has no whole second: the speed is then infinite (not a number for no way at all), which lets every
-	// newcomer follow (or none); NativeTick never moves by it.
+	// A short distance takes no whole second. The speed is then infinite (NaN for a distance of zero), which lets every
+	// newcomer follow (or none); NativeTick never moves the comment by it.
 	RollSpeed = RollDistance / RemainingTime;
 }
 
@@ -138,7 +138,7 @@ void UUI_DanmakuNode::NativeTick(const FGeometry& MyGeometry, float InDeltaTime)
 		return;
 	}
 	RemainingTime -= InDeltaTime;
-	// Also where it is not a number.
+	// Also if it is NaN.
 	if (!(RemainingTime >= 0.f))
 	{
 		RemoveFromParent();
@@ -150,7 +150,7 @@ void UUI_DanmakuNode::NativeTick(const FGeometry& MyGeometry, float InDeltaTime)
 		return;
 	}
 	const double Step = InDeltaTime * RollSpeed;
-	// A frame without time and a comment without display time make no number: it stays where it is.
+	// A zero frame time and a zero display time yield NaN: the comment stays where it is.
 	if (FMath::IsFinite(Step))
 	{
 		const FVector2D Position = NodeCanvasPanelSlot->GetPosition();

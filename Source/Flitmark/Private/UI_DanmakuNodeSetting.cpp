@@ -10,10 +10,10 @@
 namespace
 {
 
-/** Seconds between the pointer's leaving and the panel's hiding. */
+/** Seconds from when the pointer leaves until the panel hides. */
 constexpr float HideDelay = 0.75f;
 
-/** Digits of a typed colour: RRGGBB. */
+/** Digits of a typed color: RRGGBB. */
 constexpr int32 MaxColorDigits = 6;
 
 constexpr bool IsHexDigit(TCHAR Character)
@@ -22,7 +22,7 @@ constexpr bool IsHexDigit(TCHAR Character)
 		   (Character >= TEXT('a') && Character <= TEXT('f'));
 }
 
-/** The first hexadecimal digits of a text, six at most. */
+/** A text's first hexadecimal digits, at most six. */
 FString FilterColorDigits(const FString& Text)
 {
 	FString Digits;
@@ -46,7 +46,7 @@ FString GetPresetDigits(const UCheckBox* Box)
 
 EDanmakuMode UUI_DanmakuNodeSetting::GetModel() const
 {
-	// Null where the engine skipped NativeOnInitialized, as it does without a player context.
+	// Null if the engine skipped NativeOnInitialized, as it does without a player context.
 	const FString Name = ModelSelect != nullptr ? ModelSelect->GetName() : FString();
 	if (Name.Equals(TEXT("Top"), ESearchCase::IgnoreCase))
 	{
@@ -98,7 +98,7 @@ void UUI_DanmakuNodeSetting::NativeOnInitialized()
 	SetVisibility(ESlateVisibility::Hidden);
 	if (InputColorText == nullptr)
 	{
-		// A class that no blueprint made has no widgets.
+		// A class without a blueprint has no widgets.
 		return;
 	}
 
@@ -158,7 +158,7 @@ void UUI_DanmakuNodeSetting::SelectInGroup(UCheckBox* Box, UCheckBox*& Selected,
 {
 	if (!bIsChecked)
 	{
-		// Only the selected box can be unchecked, and one of the group always is selected.
+		// Only the selected box can be unchecked, and one box of the group is always selected.
 		Box->SetIsChecked(true);
 		return;
 	}
@@ -242,7 +242,7 @@ void UUI_DanmakuNodeSetting::OnC_FFFFFFCheckStateChanged(bool)
 
 void UUI_DanmakuNodeSetting::OnInputColorTextChanged(const FText& InText)
 {
-	// The rewritten text rewrites to itself, so this settles even if setting it raised the event again.
+	// The rewritten text rewrites to itself, so this settles even if setting it raises the event again.
 	if (InText.IsEmptyOrWhitespace())
 	{
 		InputColorText->SetText(FText::FromString(TEXT("#")));

@@ -18,11 +18,11 @@ enum class EDanmakuMode : int32
 	TOP,
 	/** Stands in the lanes at the bottom. */
 	BOTTOM,
-	/** Has a lane group of its own, which the placement does not serve. */
+	/** Has its own lane group, which placement does not serve. */
 	REVERSE
 };
 
-/** One comment: a plain value, copied wherever it is handed on. */
+/** One comment: a plain value, copied wherever it is passed on. */
 struct FLITMARK_API FDanmakuData
 {
 	int32 DanmakuID = 0;
@@ -52,7 +52,7 @@ struct FLITMARK_API FDanmakuData
 	FString FontColor;
 };
 
-/** A lane group's data for host code; the module itself makes none. */
+/** A lane group's data, for host code; the module itself creates none. */
 struct FLITMARK_API FDanmakuTrackData
 {
 	/** Free for the host's use. */

@@ -6,8 +6,8 @@
 #include "DanmakuSave.generated.h"
 
 /**
- * The viewer's preferences, kept in one save slot. Every call goes to storage. Values are stored as they are given. Where
- * the slot cannot be read at all, loading gives the creation values: 24, 1.0 and true.
+ * The viewer's preferences, kept in one save slot. Every call goes to storage. Values are stored as given. If the slot
+ * cannot be read at all, loading returns the initial values: 24, 1.0 and true.
  */
 UCLASS()
 class FLITMARK_API UDanmakuSave : public USaveGame
@@ -18,7 +18,7 @@ public:
 	/** Points. */
 	static int32 LoadFontSize();
 	static float LoadSpeedScale();
-	/** Whether the overlay is switched on. */
+	/** Whether the overlay is on. */
 	static bool LoadIsOpend();
 
 	static void SaveFontSize(int32 InFontSize);
@@ -27,9 +27,9 @@ public:
 
 private:
 	static void CreateSlotIfNotExist();
-	/** Null where the slot is missing, cannot be read or holds another class. */
+	/** Null if the slot is missing, cannot be read, or holds another class. */
 	static UDanmakuSave* ReadRecord();
-	/** The slot's record, or one with the creation values where the slot still cannot be read. */
+	/** The slot's record, or one with the initial values if the slot still cannot be read. */
 	static UDanmakuSave* ReadOrMakeRecord();
 	static UDanmakuSave* MakeRecord();
 	static void WriteRecord(UDanmakuSave* Record);

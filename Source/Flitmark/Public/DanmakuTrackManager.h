@@ -12,8 +12,8 @@ class UUI_DanmakuNode;
 struct FDanmakuData;
 
 /**
- * Divides the canvas into lanes, one group a mode, and brings comments onto it: it makes a comment's widget, finds the
- * lanes it may stand in, and puts it there or takes it off again. Game thread only.
+ * Divides the canvas into lanes, one group per mode, and brings comments onto it: creates a comment's widget, finds
+ * lanes that it may occupy, and puts it there or takes it off again. Game thread only.
  */
 UCLASS()
 class FLITMARK_API UDanmakuTrackManager : public UObject
@@ -26,30 +26,32 @@ public:
 
 	UDanmakuTrackManager(const FObjectInitializer& ObjectInitializer);
 
-	/** Takes the canvas and makes its lanes; once. Classes: for comments of the schedule, and for the viewer's own. */
+	/**
+	 * Takes the canvas and creates its lanes; call it once. Classes: for scheduled comments, and for the viewer's own.
+	 */
 	void Init(UCanvasPanel* InCanvasPanel, TSubclassOf<UUI_DanmakuNode> InNodeClass,
 			  TSubclassOf<UUI_DanmakuNode> InNodeUserClass);
 
-	/** Shows a comment of the schedule if a lane is free; while paused nothing happens. */
+	/** Shows a scheduled comment if a lane is free; does nothing while paused. */
 	void SpawnDanmakuNode(const FDanmakuData& InDanmakuData);
 
-	/** Shows the viewer's own comment, over others where no lane is free; while paused it starts paused. */
+	/** Shows the viewer's own comment, on top of others if no lane is free; while paused, it starts out paused. */
 	void SpawnDanmakuNodeUser(const FDanmakuData& InDanmakuData);
 
 	/** How many scroll lanes there are. */
 	int32 GetTrackNum() const;
 
-	/** Stops every comment, and shows none of the schedule until Resume. */
+	/** Stops every comment, and shows no scheduled ones until Resume. */
 	void Pause();
 	void Resume();
 
-	/** Shows the canvas; bResume: resumes too. */
+	/** Shows the canvas; bResume: also resumes. */
 	void Open(bool bResume);
 
-	/** Hides the canvas, takes every comment off it, and pauses. */
+	/** Hides the canvas, removes every comment from it, and pauses. */
 	void Close();
 
-	/** Takes every comment that stands in a lane off the canvas. */
+	/** Removes every comment that is in a lane from the canvas. */
 	void Empty();
 
 	/** Has no effect. */
@@ -59,16 +61,19 @@ protected:
 	virtual void BeginDestroy() override;
 
 private:
-	/** Brings each group to the number of lanes that the canvas's present height has room for. */
+	/** Adjusts each group to the number of lanes that fit the canvas's current height. */
 	void UpdateLocalSize();
 	void ResizeGroup(TArray<TObjectPtr<UDanmakuTrack>>& Tracks, int32 Area, int32& TrackNum);
 	void AddTracks(TArray<TObjectPtr<UDanmakuTrack>>& Tracks, int32 Count);
 	int32 ComputeTrackNum(int32 Area) const;
 
-	/** A widget of the class on its way onto the canvas; null where the class does not fit. */
+	/** A new widget of the class for the canvas; null if the class does not fit. */
 	UUI_DanmakuNode* CreateNode(TSubclassOf<UUI_DanmakuNode> InClass) const;
 
-	/** Adds the comment to the lanes from StartIndex on and sets its position; false where the group ends before. */
+	/**
+	 * Adds the comment to the lanes from StartIndex on and sets its position; false if there are too few left in the
+	 * group.
+	 */
 	bool AddNodeToScrollTracks(UUI_DanmakuNode* Node, int32 StartIndex, int32 TrackCount);
 	bool AddNodeToTopTracks(UUI_DanmakuNode* Node, int32 StartIndex, int32 TrackCount);
 	bool AddNodeToBottomTracks(UUI_DanmakuNode* Node, int32 StartIndex, int32 TrackCount);
@@ -76,11 +81,11 @@ private:
 						 int32 TrackCount) const;
 	void FinishPlacement(UUI_DanmakuNode* Node, const FVector2D& Position) const;
 
-	/** The lanes that serve the comment's mode; null for a mode that is not served. */
+	/** The lanes for the comment's mode; null for a mode that is not served. */
 	const TArray<TObjectPtr<UDanmakuTrack>>* FindGroup(const UUI_DanmakuNode* Node) const;
-	/** Adds the comment to the group of its mode. */
+	/** Adds the comment to its mode's group. */
 	void AddNodeToGroup(UUI_DanmakuNode* Node, int32 StartIndex, int32 TrackCount);
-	/** Lets the comment into the first lane that takes it; false without one. */
+	/** Adds the comment to the first lane that accepts it; false if none does. */
 	bool AddNodeToFirstFree(UUI_DanmakuNode* Node, const TArray<TObjectPtr<UDanmakuTrack>>& Tracks, int32 TrackCount);
 
 	UFUNCTION()

@@ -15,8 +15,8 @@ class UUI_DanmakuNode;
 class UUI_DanmakuNodeSetting;
 
 /**
- * The overlay that a host places over its video. It owns the canvas, the schedule of comments and the lanes; every frame
- * it reads the media time and brings the comments of a new second onto the canvas. Game thread only.
+ * The overlay that a host places over its video. It owns the canvas, the schedule of comments and the lanes; every
+ * frame it reads the media time and brings the comments of a new second onto the canvas. Game thread only.
  */
 UCLASS()
 class FLITMARK_API UUI_Danmaku : public UUserWidget
@@ -25,24 +25,24 @@ class FLITMARK_API UUI_Danmaku : public UUserWidget
 
 public:
 	/**
-	 * Connects the player and, if given, the bar and the panel in which the viewer styles comments. Call it once: another
-	 * call binds the overlay to the bar's events again, so that each comment sent shows twice.
+	 * Connects the player and, if given, the bar and the panel in which the viewer styles comments. Call it once:
+	 * another call binds the overlay to the bar's events again, so that each comment sent shows twice.
 	 */
 	void Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuBar* InDanmakuBar, UUI_DanmakuNodeSetting* InDanmakuNodeSetting);
 
 	/**
-	 * Replaces the schedule by that of a comment document: a JSON object whose "datas" lists the comments. A text that
-	 * is none leaves the schedule empty. Ignored before the first frame with a laid-out canvas and a media player.
+	 * Replaces the schedule with a comment document's: a JSON object whose "datas" lists the comments. Any other text
+	 * leaves the schedule empty. Ignored before the first frame with a laid-out canvas and a media player.
 	 */
 	void LoadDanmaku(const FString& JsonString);
 
-	/** Takes every comment off the canvas; the schedule stays. Ignored before the first laid-out frame. */
+	/** Removes every comment from the canvas; the schedule stays. Ignored before the first laid-out frame. */
 	void Empty();
 
-	/** The video pauses: comments stand still, and none start. Ignored before the first laid-out frame. */
+	/** The video pauses: comments freeze, and none start. Ignored before the first laid-out frame. */
 	void Pause();
 
-	/** The video goes on. Ignored before the first laid-out frame. */
+	/** The video resumes. Ignored before the first laid-out frame. */
 	void Resume();
 
 protected:
@@ -51,13 +51,13 @@ protected:
 	virtual void NativeTick(const FGeometry& MyGeometry, float InDeltaTime) override;
 
 private:
-	/** Files a copy of the record under the whole second of its spawn time, behind those already there. */
+	/** Files a copy of the record under the whole second of its spawn time, after those already there. */
 	void AddDataToMap(const FDanmakuData& InDanmakuData);
 	/** Files the record itself. */
 	void AddDataToMap(FDanmakuData&& InDanmakuData);
 	TArray<FDanmakuData>& FindBucket(const FDanmakuData& InDanmakuData);
 
-	/** Makes the track manager once canvas and player are there; true while it lives. */
+	/** Creates the track manager once canvas and player are there; true while it exists. */
 	bool EnsureTrackManager();
 	bool HasLiveTrackManager() const;
 
@@ -67,8 +67,8 @@ private:
 					   const int32& InFontSize, const FString& InFontColor);
 
 	/**
-	 * The bar's check box: opens or closes the lanes and the bar. Before the first laid-out frame there are no lanes yet:
-	 * the bar follows at once, and the lanes start out closed if the box is unticked by then.
+	 * The bar's check box: opens or closes the lanes and the bar. Before the first laid-out frame there are no lanes
+	 * yet: the bar follows at once, and the lanes start out closed if the box is unchecked by then.
 	 */
 	UFUNCTION()
 	void OnOpenDanmakuButtonClicked(bool bIsChecked);
@@ -85,7 +85,7 @@ private:
 	UPROPERTY(EditDefaultsOnly, Category = "UI")
 	TSubclassOf<UUI_DanmakuNode> DanmakuNodeUserClass;
 
-	/** Key of the media second last processed; -1 tick is none. */
+	/** Key of the last media second processed; -1 tick if none. */
 	FTimespan LastSpawnSecond = FTimespan(0);
 
 	/** Comments by the whole second of their spawn time. */
@@ -100,6 +100,6 @@ private:
 	bool bIsTrackManagerCreated = false;
 	bool bIsPaused = false;
 
-	/** The viewer unticked the bar's check box before there were lanes to close. */
+	/** Whether the viewer unchecked the bar's check box before there were lanes to close. */
 	bool bIsSwitchedOffEarly = false;
 };

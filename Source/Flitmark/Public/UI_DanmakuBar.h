@@ -20,8 +20,8 @@ DECLARE_DYNAMIC_MULTICAST_DELEGATE_SixParams(FOnSendDanmakuSignature, const FStr
 											 const FString&, FontColor);
 
 /**
- * The strip of controls in which the viewer writes a comment, sends it, opens the style panel, and switches the overlay
- * on and off.
+ * The row of controls in which the viewer writes a comment, sends it, opens the style panel, and turns the overlay on
+ * and off.
  */
 UCLASS()
 class FLITMARK_API UUI_DanmakuBar : public UUserWidget
@@ -46,7 +46,7 @@ private:
 	UPROPERTY(meta = (BindWidget))
 	TObjectPtr<UButton> SendDanmakuButton;
 
-	/** The most 16-bit code units that a comment may have. */
+	/** The maximum length of a comment, in 16-bit code units. */
 	UPROPERTY(EditAnywhere, Category = "InputTextAndNumSetting")
 	int32 MaxNumOFInputTex = 100;
 
@@ -60,16 +60,16 @@ public:
 	/** Raised when the viewer sends a comment. */
 	FOnSendDanmakuSignature OnSendDanmaku;
 
-	/** Connects the player and the style panel, and hides the panel. A comment sent before has nowhere to go. */
+	/** Connects the player and the style panel, and hides the panel. A comment sent before this has nowhere to go. */
 	void Init(UMediaPlayer* InMediaPlayer, UUI_DanmakuNodeSetting* InDanmakuNodeSetting);
 
 	/** Enables the controls, with an empty field. */
 	void Open();
 
-	/** Disables the controls, all but the check box. */
+	/** Disables all controls but the check box. */
 	void Close();
 
-	/** The check box's event; it passes the new state, true when ticked. */
+	/** The check box's event; it passes the new state, true if checked. */
 	FOnCheckBoxComponentStateChanged& GetOpenDanmakuButtonClickedEvent() const;
 	FOnButtonClickedEvent& GetSendDanmakuButtonClickedEvent() const;
 	UButton* GetButton() const;
@@ -82,7 +82,7 @@ protected:
 
 private:
 	void EmptyInputText();
-	/** Shows how many code units are written, and how many may be. */
+	/** Shows how many code units are used, and how many are allowed. */
 	void SetCounter(int32 Count);
 
 	UFUNCTION()

@@ -28,7 +28,7 @@ private:
 	TObjectPtr<UTextBlock> NodeContentText;
 
 public:
-	/** Raised at the end of Init: the comment is measured and wants a place. */
+	/** Raised at the end of Init: the comment has been measured and needs a place. */
 	FOnDanmakuNodeStarted OnStarted;
 
 	/** Raised when the display time is over, after the comment has left the canvas. */
@@ -60,7 +60,7 @@ public:
 	/** The lanes in the order in which they were added. */
 	TArray<TObjectPtr<UDanmakuTrack>> GetUseTracks() const;
 
-	/** Freezes the comment: neither its time nor its position moves on. */
+	/** Freezes the comment: neither its time nor its position advances. */
 	void Pause();
 	void Resume();
 	bool IsPaused() const;

@@ -13,7 +13,7 @@ class UImage;
 class UWrapBox;
 
 /**
- * The pop-up panel in which the viewer chooses mode, size and colour of the comments they send. It hides 0.75 seconds
+ * The pop-up panel in which the viewer chooses mode, size and color of the comments they send. It hides 0.75 seconds
  * after the pointer has left it and the button that shows it.
  */
 UCLASS()
@@ -28,10 +28,10 @@ public:
 	/** Points. */
 	int32 GetFontSize() const;
 
-	/** "#RRGGBBAA", upper case. */
+	/** "#RRGGBBAA", uppercase. */
 	FString GetFontColor() const;
 
-	/** Shows the panel at once; a hide under way is cancelled. */
+	/** Shows the panel at once, canceling any pending hide. */
 	void SetVisible();
 
 	/** Hides the panel after its delay, counted from the last call. */
@@ -45,11 +45,11 @@ protected:
 
 private:
 	void CancelHide();
-	/** The rule of the mode and size boxes: exactly one of a group is checked. */
+	/** Keeps exactly one box of a group checked; for the mode and size boxes. */
 	static void SelectInGroup(UCheckBox* Box, UCheckBox*& Selected, bool bIsChecked);
-	/** The viewer picked a preset. Color: the box's colour text. */
+	/** The viewer picked a preset. Color: the box's color text. */
 	void SelectColor(UCheckBox* Box, const FString& Color);
-	/** Selects the preset whose digits these are; without one no preset stays checked. */
+	/** Selects the preset with these digits; if there is none, no preset stays checked. */
 	void ChangeSelectedColor(const FString& Color);
 
 	UFUNCTION()
@@ -132,7 +132,7 @@ private:
 	UPROPERTY(meta = (BindWidget))
 	UImage* DisplayColorImage = nullptr;
 
-	/** The hide under way. */
+	/** The pending hide. */
 	FTimerHandle HideTimerHandle;
 
 	UPROPERTY()
@@ -150,7 +150,7 @@ private:
 	UPROPERTY()
 	TArray<UCheckBox*> ColorCheckBoxes;
 
-	/** The preset selected last; unchecked while a typed colour is none of the presets. */
+	/** The last preset selected; unchecked while a typed color matches no preset. */
 	UPROPERTY()
 	UCheckBox* ColorSelect = nullptr;
 };

@@ -29,7 +29,7 @@ static FString GetCounter(const UUserWidget& Bar)
 	return FindPart<UTextBlock>(Bar, TEXT("TextNum"))->GetText().ToString();
 }
 
-/** As the viewer writes it. */
+/** As if the viewer had typed it. */
 static void Type(const UUserWidget& Bar, const FString& Text)
 {
 	UEditableText* Field = FindPart<UEditableText>(Bar, TEXT("InputDanmakuText"));

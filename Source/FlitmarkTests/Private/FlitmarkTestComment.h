@@ -5,7 +5,7 @@
 
 #include "FlitmarkTestComment.generated.h"
 
-/** A comment of a size that the test writes down, so that no font decides where it stands. */
+/** A comment whose size the test specifies, so that its place does not depend on a font. */
 UCLASS()
 class FLITMARKTESTS_API UFlitmarkTestComment : public UUI_DanmakuNode
 {

@@ -83,7 +83,7 @@ bool FFlitmarkLoaderSecondTest::RunTest(const FString&)
 		Shown = Shown + Test.GetShown(Index)->GetData().Content;
 	}
 	TestEqual(TEXT("the comments of second 0, in order"), Shown, FString(TEXT("abcd")));
-	// A text that is no document takes the schedule away.
+	// A text that is not a document clears the schedule.
 	FlitmarkTests::Play(Screen, Test, TEXT("{\"datas\":[{}]"));
 	TestEqual(TEXT("comments of a broken document"), Test.CountShown(), 0);
 	return true;

@@ -22,7 +22,7 @@ static UCheckBox& FindBox(const UUserWidget& Panel, const TCHAR* Name)
 	return *Cast<UCheckBox>(Panel.GetWidgetFromName(Name));
 }
 
-/** As the viewer ticks or unticks it. */
+/** As if the viewer had checked or unchecked it. */
 static void Tick(const UUserWidget& Panel, const TCHAR* Name, bool bChecked)
 {
 	UCheckBox& Box = FindBox(Panel, Name);
@@ -85,7 +85,7 @@ bool FFlitmarkPanelColorTest::RunTest(const FString&)
 		const TCHAR* Typed;
 		const TCHAR* Text;
 		const TCHAR* Color;
-		/** The preset that is checked; empty for none. */
+		/** The checked preset; empty for none. */
 		const TCHAR* Preset;
 	} Cases[] = {
 		{TEXT("#fe0302"), TEXT("#FE0302"), TEXT("#FE0302FF"), TEXT("C_FE0302")},
@@ -97,7 +97,7 @@ bool FFlitmarkPanelColorTest::RunTest(const FString&)
 		{TEXT("000"), TEXT("#000"), TEXT("#000000FF"), TEXT("")},
 		{TEXT("00"), TEXT("#00"), TEXT("#FFFFFFFF"), TEXT("")},
 		{TEXT("xyz"), TEXT("#"), TEXT("#FFFFFFFF"), TEXT("")},
-		// An emptied field keeps the preset: the rewrite to "#" raises no event.
+		// A cleared field keeps the preset: the rewrite to "#" raises no event.
 		{TEXT(""), TEXT("#"), TEXT("#FFFFFFFF"), TEXT("C_FFFFFF")},
 	};
 	for (const auto& Case : Cases)

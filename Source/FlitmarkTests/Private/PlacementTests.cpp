@@ -11,7 +11,7 @@ namespace FlitmarkTests
 
 constexpr double Pitch = 15.12;
 
-/** Canvas units: the engine keeps positions as floats. */
+/** In canvas units: the engine stores positions as floats. */
 constexpr double Tolerance = 1.e-3;
 
 } // namespace FlitmarkTests

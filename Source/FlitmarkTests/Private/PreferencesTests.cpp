@@ -6,7 +6,7 @@
 namespace FlitmarkTests
 {
 
-/** Puts back what the slot held. A slot that was missing now holds what loading any value would have put there. */
+/** Restores what the slot held. A slot that was missing now holds what loading any value would have put there. */
 class FKeptPreferences
 {
 public:

@@ -10,7 +10,7 @@ namespace FlitmarkTests
 
 constexpr double LanePitch = 15.12;
 
-/** Which lane a scrolling or a top comment stands in. */
+/** The lane of a scrolling or top comment. */
 static int32 GetLane(const UUI_DanmakuNode* Node)
 {
 	return FMath::RoundToInt32(Node->GetPosition().Y / LanePitch);
@@ -27,7 +27,7 @@ static bool Overlap(const UUI_DanmakuNode* First, const UUI_DanmakuNode* Second)
 	return !bBeside && !bAbove;
 }
 
-/** Whole seconds on the screen, short or long, for a way in canvas units. */
+/** Whole seconds on the screen, short or long, for a distance in canvas units. */
 static double GetSeconds(double Way, bool bLong)
 {
 	return FMath::FloorToDouble((bLong ? 0.0058 : 0.00406) * Way);
@@ -73,7 +73,7 @@ bool FFlitmarkReplayScrollTest::RunTest(const FString&)
 	int32 Placed = 0;
 	for (int32 Index = 0; Index < 160; ++Index)
 	{
-		// Widths of 60 to 654 units, heights of one to three lanes; more than fit, so that some find no place.
+		// Widths of 60 to 654 units, heights of one to three lanes; more comments than fit, so that some find no place.
 		for (int32 Each = 0; Each < (Index < 80 ? 4 : 0); ++Each)
 		{
 			const int32 Number = Index * 4 + Each;
@@ -122,7 +122,7 @@ bool FFlitmarkReplayCatchUpTest::RunTest(const FString&)
 	FTestOverlay Test(Screen);
 	for (int32 Index = 0; Index < 240; ++Index)
 	{
-		// All one lane high: a run of lanes is asked for by its first alone.
+		// All one lane high, because only the first lane of a run is checked.
 		if (Index < 160)
 		{
 			Test.Spawn(60.0 + Index * 37 % 199 * 3, 15.0, EDanmakuMode::SCROLL);

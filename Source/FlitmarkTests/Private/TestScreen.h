@@ -13,7 +13,7 @@ class UUI_DanmakuBar;
 class UUI_DanmakuNode;
 class UWorld;
 
-/** A world, and a window of 1920 x 1080 that nobody sees but that lays out and ticks what it shows. */
+/** A world, and an invisible window of 1920 x 1080 that lays out and ticks its contents. */
 class FTestScreen
 {
 public:
@@ -35,11 +35,11 @@ public:
 		return Widget;
 	}
 
-	/** Constructs the widget, as if it were on the screen. */
+	/** Constructs the widget as if it were on the screen. */
 	void Construct(UUserWidget& Widget);
 	/** Puts the widget in the window. */
 	void Show(UUserWidget& Widget);
-	/** Layout and ticks of what is shown; DeltaTime: seconds. */
+	/** Lays out and ticks what is shown; DeltaTime: seconds. */
 	void RunFrame(float DeltaTime);
 
 private:
@@ -50,7 +50,7 @@ private:
 	double Time = 0.0;
 };
 
-/** The ready-made overlay on a screen, with lanes, at second 0 of a video, and with comments of written sizes. */
+/** The ready-made overlay on a screen, with lanes, at second 0 of a video, and with comments of specified sizes. */
 class FTestOverlay
 {
 public:
@@ -60,9 +60,9 @@ public:
 	FTestOverlay(const FTestOverlay&) = delete;
 	FTestOverlay& operator=(const FTestOverlay&) = delete;
 
-	/** A comment of that size in canvas units; null where it found no place. */
+	/** A comment of that size, in canvas units; null if it found no place. */
 	UUI_DanmakuNode* Spawn(double InWidth, double InHeight, EDanmakuMode Mode, bool bViewers = false);
-	/** A comment on the canvas, in order of their coming; null beyond the last. */
+	/** A comment on the canvas, in order of appearance; null beyond the last. */
 	UUI_DanmakuNode* GetShown(int32 Index) const;
 	int32 CountShown() const;
 

@@ -14,7 +14,7 @@
 namespace FlitmarkWidgets
 {
 
-/** Puts a control into the bar's row; the one that fills it takes what the others leave. */
+/** Adds a control to the bar's row; the one that fills it gets the remaining room. */
 static void AddToRow(UHorizontalBox& Row, UWidget& Control, bool bFill = false)
 {
 	UHorizontalBoxSlot* Place = Row.AddChildToHorizontalBox(&Control);
@@ -48,7 +48,7 @@ void UFlitmarkBar::InitializeNativeClassData()
 	Field.SetFont(FieldFont);
 	Field.SetHintText(LOCTEXT("WriteAComment", "Write a comment"));
 	Field.SetMinimumDesiredWidth(160.f);
-	// The viewer goes on writing after a comment is sent.
+	// The viewer can keep typing after a comment is sent.
 	Field.SetClearKeyboardFocusOnCommit(false);
 
 	UTextBlock& Counter = MakeBound<UTextBlock>(*this, TEXT("TextNum"));

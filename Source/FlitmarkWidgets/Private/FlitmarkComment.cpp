@@ -12,6 +12,6 @@ void UFlitmarkComment::InitializeNativeClassData()
 	// Slate units.
 	Outlined.OutlineSettings.OutlineSize = 2;
 	Content.SetFont(Outlined);
-	// The text alone: a comment is measured by it, and cheap to make.
+	// Just the text: it is what gets measured, and it keeps comments cheap to create.
 	WidgetTree->RootWidget = &Content;
 }

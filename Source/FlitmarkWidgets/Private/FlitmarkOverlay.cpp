@@ -9,7 +9,7 @@
 UFlitmarkOverlay::UFlitmarkOverlay(const FObjectInitializer& ObjectInitializer)
 	: Super(ObjectInitializer)
 {
-	// In the constructor, so that a blueprint starts with them.
+	// Set in the constructor, so that blueprints start with them.
 	SetVisibility(ESlateVisibility::HitTestInvisible);
 	const auto SetCommentClass = [this](const TCHAR* Name, UClass* CommentClass)
 	{
@@ -24,7 +24,7 @@ UFlitmarkOverlay::UFlitmarkOverlay(const FObjectInitializer& ObjectInitializer)
 
 void UFlitmarkOverlay::RestartSecond()
 {
-	// Which second was processed last is the base's own affair; being constructed is what resets it.
+	// The last processed second is private to the base; only construction resets it.
 	UUI_Danmaku::NativeConstruct();
 }
 

@@ -17,7 +17,7 @@
 namespace FlitmarkWidgets
 {
 
-/** Puts a control and the label over it into the panel's column. */
+/** Adds a control, with a label above it, to the panel's column. */
 static void AddToColumn(UVerticalBox& Column, UTextBlock& Label, UWidget& Control)
 {
 	Column.AddChildToVerticalBox(&Label)->SetPadding(FMargin(0.f, 6.f, 0.f, 4.f));
@@ -46,7 +46,7 @@ static UImage& MakeSwatch(UUserWidget& Owner, const TCHAR* HexColor)
 	return Swatch;
 }
 
-/** The color in use, and the field that takes any other. */
+/** The current color, and a field for any other. */
 static UHorizontalBox& MakeColorRow(UUserWidget& Owner)
 {
 	UImage& Shown = MakeBound<UImage>(Owner, TEXT("DisplayColorImage"));

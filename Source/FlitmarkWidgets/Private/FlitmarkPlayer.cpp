@@ -18,7 +18,7 @@
 namespace FlitmarkWidgets
 {
 
-/** Lays a widget over those before it, over all of the screen. */
+/** Adds a widget on top of the others, filling the screen. */
 static UOverlaySlot* AddToScreen(UOverlay& Screen, UWidget& Widget)
 {
 	UOverlaySlot* Place = Screen.AddChildToOverlay(&Widget);
@@ -53,7 +53,7 @@ void UFlitmarkPlayer::InitializeNativeClassData()
 	AddToScreen(Screen, *Video);
 	UClass* const UsedOverlay = OverlayClass ? OverlayClass.Get() : UFlitmarkOverlay::StaticClass();
 	Overlay = Tree.ConstructWidget<UUI_Danmaku>(UsedOverlay, TEXT("Overlay"));
-	// Whatever class it is of: it eats no clicks.
+	// Whatever its class, it must not swallow clicks.
 	Overlay->SetVisibility(ESlateVisibility::HitTestInvisible);
 	AddToScreen(Screen, *Overlay);
 	if (PanelClass)
@@ -102,7 +102,7 @@ void UFlitmarkPlayer::Disconnect()
 	}
 	if (Bar)
 	{
-		// Initialized once more, the overlay subscribes once more.
+		// A second initialization would subscribe the overlay twice.
 		Bar->GetOpenDanmakuButtonClickedEvent().RemoveAll(Overlay);
 		Bar->OnSendDanmaku.RemoveAll(Overlay);
 		Bar->OnSendDanmaku.RemoveAll(this);
@@ -166,7 +166,7 @@ bool UFlitmarkPlayer::LoadCommentsFromFile(const FString& Path)
 
 bool UFlitmarkPlayer::HasLanes() const
 {
-	// The one thing that tells: before it has lanes, the overlay ignores what it is told.
+	// The only way to tell: an overlay without lanes ignores every call.
 	const FObjectProperty* Manager = FindFProperty<FObjectProperty>(UUI_Danmaku::StaticClass(), TEXT("TrackManager"));
 	return Overlay && Manager != nullptr && Manager->GetObjectPropertyValue_InContainer(Overlay) != nullptr;
 }
@@ -239,7 +239,7 @@ void UFlitmarkPlayer::SetCommentsVisible(bool bInVisible)
 	}
 	else if (Overlay)
 	{
-		// A hidden overlay is not ticked: what flew would fly on from where it was.
+		// A hidden overlay is not ticked: its comments would resume from where they were.
 		ClearComments();
 		Overlay->SetVisibility(bInVisible ? ESlateVisibility::HitTestInvisible : ESlateVisibility::Hidden);
 	}
@@ -271,7 +271,7 @@ void UFlitmarkPlayer::OnPlaybackSuspended()
 
 void UFlitmarkPlayer::OnSeekCompleted()
 {
-	// Until now the media player told the old time, and the overlay may have brought comments of the old place.
+	// Until now the media player reported the old time, and the overlay may have shown comments for the old position.
 	ClearComments();
 	if (UFlitmarkOverlay* ReadyMade = Cast<UFlitmarkOverlay>(Overlay))
 	{

@@ -6,7 +6,7 @@
 class UBorder;
 class UTextBlock;
 
-/** What the classes that build their own widget trees share. */
+/** Shared by the classes that build their own widget trees. */
 namespace FlitmarkWidgets
 {
 
@@ -17,12 +17,12 @@ constexpr float LabelSize = 12.f;
 UWidgetTree& EnsureTree(UUserWidget& Owner);
 
 /**
- * Sets Owner's reflected member of the widget's name, as the engine does for a blueprint's tree. By reflection: the base
- * classes keep the members private.
+ * Sets Owner's reflected member with the widget's name, as the engine does for a blueprint's tree. Uses reflection
+ * because the base classes keep these members private.
  */
 void BindWidget(UUserWidget& Owner, UWidget& Widget);
 
-/** Makes a widget of the tree and binds it to the member of that name. */
+/** Makes a widget in the tree and binds it to the member of that name. */
 template <class WidgetT>
 WidgetT& MakeBound(UUserWidget& Owner, FName Name)
 {
@@ -31,7 +31,7 @@ WidgetT& MakeBound(UUserWidget& Owner, FName Name)
 	return *Made;
 }
 
-/** A widget of the tree that no member is bound to. */
+/** Makes a widget in the tree that is not bound to a member. */
 template <class WidgetT>
 WidgetT& Make(UUserWidget& Owner)
 {
@@ -43,7 +43,7 @@ UTextBlock& MakeLabel(UUserWidget& Owner, const FText& Text);
 /** A dark, translucent background. */
 UBorder& MakeBackground(UUserWidget& Owner);
 
-/** A light frame around a field: the engine writes black by default. */
+/** A light frame around a field, since the engine's text is black by default. */
 UBorder& MakeFieldFrame(UUserWidget& Owner, UWidget& Field);
 
 } // namespace FlitmarkWidgets

@@ -6,8 +6,8 @@
 #include "FlitmarkComment.generated.h"
 
 /**
- * A comment that needs no widget blueprint: white text with a dark outline, which reads on any picture. Size and color come
- * from the comment. A blueprint based on this class brings a tree of its own, with a text block "NodeContentText".
+ * A comment that needs no widget blueprint: white text with a dark outline, legible on any picture. Size and color come
+ * from the comment. A blueprint based on this class provides its own tree, with a text block "NodeContentText".
  */
 UCLASS(Blueprintable, meta = (DisplayName = "Flitmark Comment"))
 class FLITMARKWIDGETS_API UFlitmarkComment : public UUI_DanmakuNode

@@ -10,9 +10,9 @@ enum class EFlitmarkCommentMode : uint8
 {
 	/** From right to left. */
 	Scroll,
-	/** Standing at the top. */
+	/** Fixed at the top. */
 	Top,
-	/** Standing at the bottom. */
+	/** Fixed at the bottom. */
 	Bottom,
 	/** No comment is shown this way yet. */
 	Reverse

@@ -6,12 +6,12 @@
 #include "FlitmarkOverlay.generated.h"
 
 /**
- * The overlay with a canvas and comment classes of its own, so that it needs no widget blueprint. It takes no clicks. A
- * blueprint based on this class brings a tree of its own, with a canvas panel "DanmakuCanvasPanel", and inherits the two
+ * The overlay with a built-in canvas and comment classes, so that it needs no widget blueprint. It takes no clicks. A
+ * blueprint based on this class provides its own tree, with a canvas panel "DanmakuCanvasPanel", and inherits the two
  * comment classes.
  *
- * An overlay that leaves the screen is over, also when it is added again: hide it instead. The engine neither paints nor
- * ticks what is far outside the clip rectangle: call Empty after the canvas has shrunk a lot.
+ * An overlay that leaves the screen stops working, even if it is added again: hide it instead. The engine neither
+ * paints nor ticks what is far outside the clip rectangle: call Empty after the canvas has shrunk a lot.
  */
 UCLASS(Blueprintable, meta = (DisplayName = "Flitmark Overlay"))
 class FLITMARKWIDGETS_API UFlitmarkOverlay : public UUI_Danmaku
@@ -22,8 +22,8 @@ public:
 	UFlitmarkOverlay(const FObjectInitializer& ObjectInitializer);
 
 	/**
-	 * Makes the comments of the present second of the video due again: those of a document that was loaded within it would
-	 * be missed. Raises a blueprint's Construct event again.
+	 * Makes the comments of the video's current second due again; without this, those of a document loaded during that
+	 * second would be missed. Raises a blueprint's Construct event again.
 	 */
 	void RestartSecond();
 

@@ -15,19 +15,19 @@ class UUI_Danmaku;
 class UUI_DanmakuBar;
 class UUI_DanmakuNodeSetting;
 
-/** The viewer has sent a comment. Time: of the video. FontSize: points. */
+/** The viewer has sent a comment. Time: the video's. FontSize: points. */
 DECLARE_DYNAMIC_MULTICAST_DELEGATE_SixParams(FOnFlitmarkCommentSent, const FString&, VideoURL, FTimespan, Time,
 											 const FString&, Text, EFlitmarkCommentMode, Mode, int32, FontSize,
 											 FLinearColor, Color);
 
 /**
- * A video with comments in one widget: put it on the screen, then call Open and LoadComments, in either order. It holds the
- * picture, the overlay over it, the bar below it, and the panel that the bar shows. Sound needs a media sound component of
- * yours. Game thread only.
+ * A video with comments in one widget: put it on the screen, then call Open and LoadComments, in either order. It holds
+ * the picture, the overlay on top, the bar below, and the panel that the bar opens. For sound, add a media sound
+ * component. Game thread only.
  *
- * A blueprint based on this class brings a tree of its own, with a widget "Overlay" and, where it wants them, "Video",
- * "Bar" and "Panel". Once off the screen the overlay is over, and this widget with it: hide it instead. The panel's delayed
- * hide runs on the world's timers, which stand while the game is paused.
+ * A blueprint based on this class provides its own tree, with a widget "Overlay" and, optionally, "Video", "Bar" and
+ * "Panel". Once off the screen, the overlay stops working, and so does this widget: hide it instead. The panel's
+ * delayed hide runs on the world's timers, which stop while the game is paused.
  */
 UCLASS(Blueprintable, meta = (DisplayName = "Flitmark Player"))
 class FLITMARKWIDGETS_API UFlitmarkPlayer : public UUserWidget
@@ -38,36 +38,36 @@ public:
 	UFlitmarkPlayer(const FObjectInitializer& ObjectInitializer);
 
 	/**
-	 * Shows what the media player plays, and flies comments to its time. Open a media with the media player as usual, before
-	 * or after. InMediaTexture: the media player's texture; one is made without it.
+	 * Shows what the media player plays, with comments in sync. Open media with the media player as usual, before or
+	 * after. InMediaTexture: the media player's texture; if null, one is created.
 	 */
 	UFUNCTION(BlueprintCallable, Category = "Flitmark")
 	void Open(UMediaPlayer* InMediaPlayer, UMediaTexture* InMediaTexture = nullptr);
 
 	/**
-	 * Replaces the comments by those of a document's text, starting with the present second of the video. Before the first
+	 * Replaces the comments with those of a document's text, starting with the video's current second. Before the first
 	 * frame on the screen, or before Open, the document is kept until then.
 	 */
 	UFUNCTION(BlueprintCallable, Category = "Flitmark")
 	void LoadComments(const FString& Document);
 
-	/** The same from a text file; false, with nothing changed, where it cannot be read. */
+	/** The same from a text file; false, with nothing changed, if it cannot be read. */
 	UFUNCTION(BlueprintCallable, Category = "Flitmark")
 	bool LoadCommentsFromFile(const FString& Path);
 
-	/** The video and the comments go on. */
+	/** Resumes the video and the comments. */
 	UFUNCTION(BlueprintCallable, Category = "Flitmark")
 	void Play();
 
-	/** The video and the comments stand still. */
+	/** Pauses the video and the comments. */
 	UFUNCTION(BlueprintCallable, Category = "Flitmark")
 	void Pause();
 
-	/** Goes to a time of the video; comments of the old place leave. */
+	/** Seeks the video; the old position's comments are removed. */
 	UFUNCTION(BlueprintCallable, Category = "Flitmark")
 	void Seek(FTimespan Time);
 
-	/** Takes the comments off that are on the screen; later ones fly. For a canvas that has shrunk a lot. */
+	/** Removes the comments now on the screen; later ones still appear. For a canvas that has shrunk a lot. */
 	UFUNCTION(BlueprintCallable, Category = "Flitmark")
 	void ClearComments();
 
@@ -78,11 +78,11 @@ public:
 	UFUNCTION(BlueprintPure, Category = "Flitmark")
 	bool AreCommentsVisible() const;
 
-	/** For whoever stores or forwards comments; the viewer's own is on the screen already. */
+	/** For storing or forwarding comments; the viewer's own is already on the screen. */
 	UPROPERTY(BlueprintAssignable, Category = "Flitmark")
 	FOnFlitmarkCommentSent OnCommentSent;
 
-	/** What the widget is made of, where no blueprint brings a tree. Without a class there is no bar, or no panel. */
+	/** What the widget is made of, unless a blueprint provides a tree. Without a class there is no bar, or no panel. */
 	UPROPERTY(EditAnywhere, Category = "Flitmark")
 	TSubclassOf<UUI_Danmaku> OverlayClass;
 
@@ -109,14 +109,14 @@ protected:
 	virtual void NativeTick(const FGeometry& MyGeometry, float InDeltaTime) override;
 
 private:
-	/** Lets go of the media player before, so that nothing is subscribed twice. */
+	/** Releases the previous media player first, so that nothing is subscribed twice. */
 	void Disconnect();
 	void Connect();
 	void ShowVideo(UMediaTexture* InMediaTexture);
 
-	/** Whether the overlay was laid out and connected, so that it takes documents. */
+	/** Whether the overlay is laid out and connected, so that it accepts documents. */
 	bool HasLanes() const;
-	/** Hands the overlay what was held back. */
+	/** Passes on to the overlay what was held back. */
 	void HandOver();
 
 	UFUNCTION()
@@ -138,10 +138,10 @@ private:
 	UPROPERTY(Transient)
 	TObjectPtr<UMediaTexture> MediaTexture;
 
-	/** A document that the overlay does not take yet. */
+	/** A document that the overlay does not accept yet. */
 	FString HeldDocument;
 	bool bHoldsDocument = false;
 	bool bIsPaused = false;
-	/** The overlay has been told whether it is paused. */
+	/** Whether the overlay already knows if it is paused. */
 	bool bHasLanes = false;
 };

@@ -5,7 +5,7 @@
 
 #include "FlitmarkViewerComment.generated.h"
 
-/** The viewer's own comment. It looks like any other, and is a class of its own so that a game can tell it apart. */
+/** The viewer's own comment. It looks like any other, but has its own class so that a game can tell it apart. */
 UCLASS(Blueprintable, meta = (DisplayName = "Flitmark Viewer Comment"))
 class FLITMARKWIDGETS_API UFlitmarkViewerComment : public UFlitmarkComment
 {

@@ -1,4 +1,4 @@
-/** A library that hands out no module. */
+/** A library that does not provide a module. */
 int NoEntry()
 {
 	return 0;

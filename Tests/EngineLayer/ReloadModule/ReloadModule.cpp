@@ -5,7 +5,7 @@
 
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
-/** A module's class, which leaves traces of its code wherever a module's may: a default object, a timer, a text. */
+/** A module's class that leaves traces of its code wherever a module can: a default object, a timer, a text. */
 class UReloadProbe : public USaveGame
 {
 public:

@@ -5,7 +5,7 @@
 
 #include <cstddef>
 
-// Objects are no standard-layout types; every compiler we build with gives their members' offsets all the same.
+// Objects are not standard-layout types, but every compiler that we build with supports offsetof on them.
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 
 using namespace UECodeGen_Private;

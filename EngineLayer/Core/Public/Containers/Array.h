@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-/** A list in one block: a thin name over the standard vector. */
+/** A list in one block: a thin wrapper around the standard vector. */
 template <class ElementType>
 class TArray
 {
@@ -32,7 +32,7 @@ public:
 	{
 		if (IsFull())
 		{
-			// It may be one of the array's own.
+			// The item may be one of the array's own.
 			ElementType Copy(Item);
 			Grow();
 			Data.push_back(std::move(Copy));
@@ -64,13 +64,13 @@ public:
 	void SetNum(int32 Count) { Data.resize(static_cast<std::size_t>(Count)); }
 
 	void RemoveAt(int32 Index) { Data.erase(Data.begin() + Index); }
-	/** Removes every entry equal to the item, keeping the order of the rest; gives how many. */
+	/** Removes every entry equal to the item, keeping the order of the rest; returns how many. */
 	int32 Remove(const ElementType& Item) { return static_cast<int32>(std::erase(Data, Item)); }
 	bool Contains(const ElementType& Item) const { return std::ranges::find(Data, Item) != Data.end(); }
 
-	/** Removes all and gives the storage back. */
+	/** Removes all entries and frees the storage. */
 	void Empty() { std::vector<ElementType>().swap(Data); }
-	/** Removes all and keeps the storage. */
+	/** Removes all entries and keeps the storage. */
 	void Reset() { Data.clear(); }
 
 	auto begin() { return Data.begin(); }
@@ -80,7 +80,7 @@ public:
 
 private:
 	bool IsFull() const { return Data.size() == Data.capacity(); }
-	/** As the engine does: room for 4 first, then by 3/8 and 16, so that a list of a few dozen is moved once or twice. */
+	/** Grows as the engine does: to 4 first, then by 3/8 plus 16, so a list of a few dozen moves only once or twice. */
 	void Grow()
 	{
 		const std::size_t Needed = Data.size() + 1;

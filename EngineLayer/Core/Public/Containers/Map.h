@@ -7,8 +7,8 @@
 #include <vector>
 
 /**
- * Keys to values by hash. A key type brings its GetTypeHash. The elements lie in one block, and a small table of places
- * leads to them, so that a look-up among thousands stays in the cache. Adding and removing may move every element.
+ * A hash map. A key type provides its GetTypeHash. The elements lie in one block, indexed by a small table, so a lookup
+ * among thousands stays in the cache. Adding and removing may move every element.
  */
 template <class KeyType, class ValueType>
 class TMap
@@ -41,7 +41,7 @@ public:
 		return Elements.back().Value;
 	}
 	ValueType& Add(const KeyType& Key, ValueType Value) { return FindOrAdd(Key) = std::move(Value); }
-	/** Gives how many were removed; the cost grows with the number of elements. */
+	/** Returns how many were removed; the cost grows with the number of elements. */
 	int32 Remove(const KeyType& Key)
 	{
 		const uint32 Place = Places.empty() ? 0 : Places[FindPlace(Key)];
@@ -52,7 +52,7 @@ public:
 		}
 		return Place != 0 ? 1 : 0;
 	}
-	/** Removes all and gives the storage back. */
+	/** Removes all entries and frees the storage. */
 	void Empty()
 	{
 		std::vector<FElement>().swap(Elements);
@@ -66,7 +66,7 @@ private:
 		ValueType Value;
 	};
 
-	/** Where the key's place stands in the table, or would stand. */
+	/** The key's position in the table, or where it would go. */
 	std::size_t FindPlace(const KeyType& Key) const
 	{
 		const std::size_t Mask = Places.size() - 1;
@@ -87,6 +87,9 @@ private:
 	}
 
 	std::vector<FElement> Elements;
-	/** By hash: the element's number, from 1 on; 0 for none. A power of two of them, at most half of them in use. */
+	/**
+	 * By hash: the element's number, from 1; 0 for none. The size is a power of two, with at most half of the entries
+	 * in use.
+	 */
 	std::vector<uint32> Places;
 };

@@ -18,7 +18,7 @@ constexpr bool IsLowSurrogate(const uint32 Codepoint)
 }
 } // namespace StringConv
 
-/** UTF-8 bytes as UTF-16; each of the longest wrong pieces of bytes becomes one U+FFFD, as Unicode recommends. */
+/** UTF-8 bytes as UTF-16. Each maximal invalid subpart becomes one U+FFFD, as Unicode recommends. */
 class FUTF8ToTCHAR
 {
 public:
@@ -56,6 +56,6 @@ private:
 	std::string Converted;
 };
 
-// Good up to the end of the full expression only.
+// Valid only until the end of the full expression.
 #define TCHAR_TO_UTF8(Text) (FTCHARToUTF8(Text).Get())
 #define UTF8_TO_TCHAR(Text) (FUTF8ToTCHAR(Text).Get())

@@ -15,7 +15,7 @@ enum Type
 };
 }
 
-/** Characters of somebody else, UTF-16. */
+/** A view of UTF-16 characters that someone else owns. */
 class ENGINELAYER_API FStringView : public std::u16string_view
 {
 public:
@@ -32,8 +32,8 @@ public:
 };
 
 /**
- * A UTF-16 string: a thin name over the standard one. Lengths are in 16-bit code units. It may hold any code unit, half
- * of a surrogate pair and NUL included.
+ * A UTF-16 string: a thin wrapper around the standard one. Lengths are in 16-bit code units. It may hold any code unit,
+ * including NUL and half a surrogate pair.
  */
 class ENGINELAYER_API FString
 {
@@ -76,7 +76,7 @@ public:
 	TCHAR operator[](int32 Index) const { return Data[static_cast<std::size_t>(Index)]; }
 	operator FStringView() const { return FStringView(std::u16string_view(Data)); }
 
-	/** The standard string beneath, for the layer and the hosts. */
+	/** The underlying standard string, for the layer and the hosts. */
 	const std::u16string& GetStd() const { return Data; }
 
 	FString& operator+=(FStringView Other)
@@ -93,9 +93,9 @@ public:
 
 	FString Left(int32 Count) const { return Mid(0, Count); }
 	FString Mid(int32 Start, int32 Count = MAX_int32) const;
-	/** The string less its first Count characters. */
+	/** The string without its first Count characters. */
 	FString RightChop(int32 Count) const { return Mid(Count > 0 ? Count : 0); }
-	/** Upper case of the ASCII letters; others stay. */
+	/** Uppercases ASCII letters; others stay. */
 	FString ToUpper() const;
 
 	bool Equals(const FString& Other, ESearchCase::Type SearchCase = ESearchCase::CaseSensitive) const
@@ -105,10 +105,10 @@ public:
 
 	/** A number in decimal digits. */
 	static FString FromInt(int32 Number);
-	/** A sign at most, digits and at most one dot, and not empty: what the engine reads as a number. */
+	/** What the engine reads as a number: not empty, an optional sign, digits, and at most one dot. */
 	bool IsNumeric() const;
 
-	/** As the engine compares strings: ASCII letters regardless of their case. */
+	/** As the engine compares strings: ignores the case of ASCII letters. */
 	friend bool operator==(const FString& A, const FString& B) { return A.Equals(B, ESearchCase::IgnoreCase); }
 	friend FString operator+(FString A, FStringView B)
 	{

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-/** Names one subscription. */
+/** Identifies one subscription. */
 class FDelegateHandle
 {
 public:
@@ -31,9 +31,9 @@ template <class Signature>
 class TMulticastDelegate;
 
 /**
- * Subscribers that are called one after the other, in reverse order of subscription, as the engine does. Objects are
- * held weakly: one that is gone is skipped, and dropped later. Subscribing and unsubscribing inside a call is sound; who
- * joins inside a call is first called at the next.
+ * Calls its subscribers one by one, in reverse order of subscription, as the engine does. Objects are held weakly: one
+ * that is gone is skipped, and dropped later. Subscribing and unsubscribing inside a call is safe; a subscriber added
+ * inside a call is first called by the next one.
  */
 template <class... ArgumentTypes>
 class TMulticastDelegate<void(ArgumentTypes...)>
@@ -50,7 +50,7 @@ public:
 		return FDelegateHandle(Binding.Id);
 	}
 
-	/** The subscriber must unsubscribe before its end. */
+	/** The subscriber must unsubscribe before it is destroyed. */
 	template <class UserClass, class MethodClass>
 	FDelegateHandle AddRaw(UserClass* Object, void (MethodClass::*Method)(ArgumentTypes...))
 	{
@@ -156,7 +156,7 @@ private:
 
 	std::vector<FBinding> Bindings;
 	uint64 LastId = 0;
-	/** How many broadcasts are under way, one inside the other. */
+	/** How many nested broadcasts are under way. */
 	int32 Depth = 0;
 };
 

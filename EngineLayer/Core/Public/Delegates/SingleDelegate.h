@@ -7,7 +7,7 @@
 #include <functional>
 #include <utility>
 
-/** A callback without parameters, bound to an object that it holds weakly, or to none. */
+/** A callback without parameters, bound to a weakly held object or to none. */
 class FSimpleDelegate
 {
 public:
@@ -25,7 +25,7 @@ public:
 		Delegate.OwnerAddress = Object;
 		return Delegate;
 	}
-	/** The function is not called any more once the object is gone. */
+	/** The function is no longer called once the object is gone. */
 	template <class UserClass, class FunctorType>
 	static FSimpleDelegate CreateWeakLambda(UserClass* Object, FunctorType&& Functor)
 	{
@@ -37,7 +37,7 @@ public:
 	}
 
 	bool IsBound() const { return (Function || Call != nullptr) && (OwnerAddress == nullptr || Owner.IsValid()); }
-	/** The object it is bound to, only to be compared; null without one. */
+	/** The object it is bound to, for comparison only; null if there is none. */
 	const void* GetOwnerAddress() const { return OwnerAddress; }
 	bool ExecuteIfBound() const
 	{
@@ -58,13 +58,13 @@ private:
 		(static_cast<MethodClass*>(Delegate.Object)->*Called)();
 	}
 
-	/** For a method; nothing that would need the subscriber's code to be let go of: its module may be unloaded by then. */
+	/** For a method. Destroying it must not need the subscriber's code, whose module may be unloaded by then. */
 	void (*Call)(const FSimpleDelegate&) = nullptr;
 	void* Object = nullptr;
 	alignas(void*) std::byte Method[2 * sizeof(void*)] = {};
 	/** For a functor. */
 	std::function<void()> Function;
 	FWeakObjectPtr Owner;
-	/** Only compared, never followed. */
+	/** Only compared, never dereferenced. */
 	const void* OwnerAddress = nullptr;
 };

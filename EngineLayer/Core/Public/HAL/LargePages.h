@@ -7,8 +7,8 @@
 #endif
 
 /**
- * Asks for large pages behind a large block of memory, before it's written to: they spare most of the cost of getting
- * memory from the system. A wish only: nothing but speed depends on it.
+ * Asks for large pages for a large block of memory before it is written to; this saves most of the cost of getting
+ * memory from the system. Only a hint: nothing but speed depends on it.
  */
 inline void PreferLargePages([[maybe_unused]] void* Memory, [[maybe_unused]] std::size_t Size)
 {

@@ -3,7 +3,7 @@
 #include "Containers/UnrealString.h"
 #include "CoreTypes.h"
 
-/** The culture that texts are shown in. Game thread. */
+/** The culture in which texts are shown. Game thread. */
 class ENGINELAYER_API FInternationalization
 {
 public:
@@ -14,9 +14,9 @@ public:
 	 * changes, for a language whose numbers the layer does not know how to write.
 	 */
 	bool SetCurrentCulture(const FString& InCultureName);
-	/** "en-US" until it is set. */
+	/** "en-US" by default. */
 	const FString& GetCurrentCultureName() const { return CultureName; }
-	/** What parts a number's groups of three digits. */
+	/** Separates a number's groups of three digits. */
 	TCHAR GetGroupSeparator() const { return GroupSeparator; }
 
 private:

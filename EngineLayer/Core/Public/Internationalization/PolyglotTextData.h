@@ -22,7 +22,7 @@ public:
 	/** The source text that was translated. */
 	const FString& GetNativeString() const { return NativeString; }
 
-	/** InCulture: serves the cultures below it too, "zh" also "zh-Hant-TW". */
+	/** InCulture: covers the cultures below it too: "zh" also covers "zh-Hant-TW". */
 	void AddLocalizedString(const FString& InCulture, const FString& InLocalizedString)
 	{
 		LocalizedStrings.insert_or_assign(InCulture.GetStd(), InLocalizedString);

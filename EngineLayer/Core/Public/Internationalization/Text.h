@@ -11,17 +11,17 @@ class FFormatArgumentValue;
 class FTextFormat;
 typedef TArray<FFormatArgumentValue> FFormatOrderedArguments;
 
-/** What an FText reads its string from. */
+/** The source of an FText's string. */
 class ENGINELAYER_API ITextData
 {
 public:
 	virtual ~ITextData() = default;
 
-	/** In the present culture; the reference holds until the culture or its translations change. */
+	/** In the current culture; the reference is valid until the culture or its translations change. */
 	virtual const FString& GetDisplayString() = 0;
 };
 
-/** A text that is shown to a person. Copies share the string. */
+/** A text shown to people. Copies share the string. */
 class ENGINELAYER_API FText
 {
 public:
@@ -30,25 +30,25 @@ public:
 	static FText FromString(FString&& InString);
 	static FText GetEmpty() { return FText(); }
 
-	/** A text known by namespace and key, which reads as its source where the culture has no translation. */
+	/** A text identified by namespace and key; reads as its source where the culture has no translation. */
 	static FText AsLocalizable_Advanced(const TCHAR* InNamespace, const TCHAR* InKey, const TCHAR* InString);
 
-	/** A number's digits, grouped as the present culture groups them. */
+	/** A number's digits, grouped as in the current culture. */
 	static FText AsNumber(int32 Val) { return AsNumber(static_cast<int64>(Val)); }
 	static FText AsNumber(int64 Val);
 
 	/**
-	 * The format with "{0}", "{1}" replaced by the arguments; what names no argument stays as it is written. A backtick
-	 * takes the meaning from a brace or backtick behind it. Formats anew when the culture changes.
+	 * The format with "{0}", "{1}" replaced by the arguments; a placeholder without an argument stays as written. A
+	 * backtick escapes the brace or backtick after it. Formatted again when the culture changes.
 	 */
 	static FText Format(FTextFormat Fmt, const FFormatOrderedArguments& InArguments);
 	template <class... ArgumentTypes>
 	static FText Format(FTextFormat Fmt, ArgumentTypes... Arguments);
 
-	/** In the present culture; the reference holds until the text ends or the culture changes. */
+	/** In the current culture; the reference is valid until the text is destroyed or the culture changes. */
 	const FString& ToString() const;
 	bool IsEmpty() const { return ToString().IsEmpty(); }
-	/** True for an empty text and one of Unicode's white space alone. */
+	/** True for an empty text and for one with nothing but Unicode white space. */
 	bool IsEmptyOrWhitespace() const;
 
 private:
@@ -77,7 +77,7 @@ private:
 	FText Text;
 };
 
-/** What stands in a format's place: a text, or a number, which is written as FText::AsNumber writes it. */
+/** The value for a placeholder: a text, or a number, which is written as by FText::AsNumber. */
 class FFormatArgumentValue
 {
 public:

@@ -6,18 +6,18 @@
 #include <string>
 #include <utility>
 
-/** The translations that a host brought. Game thread. */
+/** The translations that a host registered. Game thread. */
 class ENGINELAYER_API FTextLocalizationManager
 {
 public:
 	static FTextLocalizationManager& Get();
 
-	/** Takes the place of an earlier registration of the same namespace and key. Texts already made take it up. */
+	/** Replaces an earlier registration of the same namespace and key. Existing texts pick it up. */
 	void RegisterPolyglotTextData(const FPolyglotTextData& InPolyglotTextData);
 
 	/**
-	 * The text's string in the present culture, or else in the nearest culture above it; null without one, and where
-	 * another source text was translated than InSource.
+	 * The text's string in the current culture, or else in the nearest culture above it; null if there is none, or if
+	 * the translation was made from a source text other than InSource.
 	 */
 	const FString* FindDisplayString(const FString& InNamespace, const FString& InKey, const FString& InSource) const;
 

@@ -3,7 +3,7 @@
 #include "CoreTypes.h"
 #include "Containers/UnrealString.h"
 
-/** An 8-bit sRGB colour; alpha is linear coverage. */
+/** An 8-bit sRGB color; alpha is linear coverage. */
 struct FColor
 {
 	uint8 B;
@@ -23,11 +23,11 @@ struct FColor
 	constexpr bool operator==(const FColor&) const = default;
 
 	/**
-	 * Reads RGB, RRGGBB (both opaque) or RRGGBBAA, with or without a leading '#'. Any other count of digits gives a
-	 * colour of four zeros; a character that is no hexadecimal digit counts as 0.
+	 * Reads RGB, RRGGBB (both opaque) or RRGGBBAA, with or without a leading '#'. Any other number of digits yields a
+	 * color of four zeros; a character that is not a hexadecimal digit counts as 0.
 	 */
 	static ENGINELAYER_API FColor FromHex(const FString& HexString);
-	/** RRGGBBAA, upper case. */
+	/** RRGGBBAA, uppercase. */
 	ENGINELAYER_API FString ToHex() const;
 
 	static ENGINELAYER_API const FColor White;
@@ -35,7 +35,7 @@ struct FColor
 	static ENGINELAYER_API const FColor Transparent;
 };
 
-/** A linear colour of floats; 0 to 1 is what a display shows. */
+/** A linear color of floats; 0 to 1 is what a display shows. */
 struct FLinearColor
 {
 	float R;
@@ -55,7 +55,7 @@ struct FLinearColor
 		, A(InA)
 	{
 	}
-	/** Through the sRGB table; alpha as it is. */
+	/** Through the sRGB table; alpha is kept as is. */
 	FLinearColor(const FColor& Color)
 		: R(sRGBToLinearTable[Color.R])
 		, G(sRGBToLinearTable[Color.G])
@@ -65,7 +65,7 @@ struct FLinearColor
 	}
 	constexpr bool operator==(const FLinearColor&) const = default;
 
-	/** Nearest 8-bit colour, each component clamped to 0 to 1; undoes the constructor from FColor exactly. */
+	/** Nearest 8-bit color, each component clamped to 0 to 1; the exact inverse of the constructor from FColor. */
 	ENGINELAYER_API FColor ToFColorSRGB() const;
 
 	static ENGINELAYER_API const FLinearColor White;

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-/** Arithmetic helpers. Conversions to integers hold at the type's ends, and give 0 for no-number. */
+/** Arithmetic helpers. Conversions to integers clamp to the type's range and return 0 for NaN. */
 struct FMath
 {
 	template <typename T>
@@ -43,7 +43,7 @@ struct FMath
 	static int32 TruncToInt32(double F) { return ToInteger<int32>(F); }
 	static int32 FloorToInt32(double F) { return ToInteger<int32>(std::floor(F)); }
 	static int32 CeilToInt32(double F) { return ToInteger<int32>(std::ceil(F)); }
-	/** Nearest integer, halves upwards. */
+	/** Nearest integer, halves rounded up. */
 	static int32 RoundToInt32(double F) { return ToInteger<int32>(std::floor(F + 0.5)); }
 	static int64 TruncToInt64(double F) { return ToInteger<int64>(F); }
 	static int64 FloorToInt64(double F) { return ToInteger<int64>(std::floor(F)); }
@@ -52,7 +52,7 @@ private:
 	template <typename IntegerType>
 	static IntegerType ToInteger(double F)
 	{
-		// -Min is a power of two, so a double holds it; Max itself it may not hold.
+		// -Min is a power of two, so a double can hold it; it may be unable to hold Max.
 		constexpr double Low = static_cast<double>(std::numeric_limits<IntegerType>::min());
 		if (F >= Low && F < -Low)
 		{

@@ -22,32 +22,32 @@ struct EAutomationTestFlags
 	};
 };
 
-/** One test of the engine's kind. It registers itself for as long as it lives. */
+/** One engine-style test. It is registered for as long as it lives. */
 class ENGINELAYER_API FAutomationTestBase
 {
 public:
-	/** InName: of its class. */
+	/** InName: its class's name. */
 	FAutomationTestBase(const FString& InName, bool bInComplexTask);
 	virtual ~FAutomationTestBase();
 	FAutomationTestBase(const FAutomationTestBase&) = delete;
 	FAutomationTestBase& operator=(const FAutomationTestBase&) = delete;
 
 	virtual uint32 GetTestFlags() const = 0;
-	/** Dotted, as a person picks the test. */
+	/** The dotted name by which people pick the test. */
 	FString GetTestFullName() const { return GetBeautifiedTestName(); }
 
-	/** Runs the test; false where it said so or noted an error. */
+	/** Runs the test; false if it returned false or recorded an error. */
 	bool Execute();
 	const TArray<FString>& GetErrors() const { return Errors; }
 
 	void AddError(const FString& InError, int32 StackOffset = 0);
 
-	/** Each notes an error that begins with What, and gives false, where the values differ. */
+	/** Each records an error that begins with What, and returns false, if the values differ. */
 	bool TestTrue(const TCHAR* What, bool Value);
 	bool TestFalse(const TCHAR* What, bool Value) { return TestTrue(What, !Value); }
 	bool TestEqual(const TCHAR* What, int32 Actual, int32 Expected);
 	bool TestEqual(const TCHAR* What, double Actual, double Expected, double Tolerance = 1.e-4);
-	/** Regardless of case. */
+	/** Ignores case. */
 	bool TestEqual(const TCHAR* What, const FString& Actual, const FString& Expected);
 	bool TestNotNull(const TCHAR* What, const void* Pointer);
 	bool TestNull(const TCHAR* What, const void* Pointer);
@@ -60,7 +60,7 @@ private:
 	TArray<FString> Errors;
 };
 
-/** Every test of the loaded libraries, in order of registration. */
+/** Every test in the loaded libraries, in order of registration. */
 ENGINELAYER_API const std::vector<FAutomationTestBase*>& GetAutomationTests();
 
 #define IMPLEMENT_SIMPLE_AUTOMATION_TEST(TClass, PrettyName, TFlags)                                                   \

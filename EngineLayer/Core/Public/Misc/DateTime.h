@@ -26,9 +26,9 @@ struct FDateTime
 										 int32 Millisecond);
 
 	/**
-	 * Reads "year.month.day-hour.minute.second[.millisecond]": six or seven numbers parted by any run of '-', ':', '.'
-	 * and space. A number is read as far as its digits go. Returns false, with OutDateTime untouched, for any other
-	 * count of numbers and for parts that make no date.
+	 * Reads "year.month.day-hour.minute.second[.millisecond]": six or seven numbers separated by any run of '-', ':',
+	 * '.' and spaces. A number is read as far as its digits go. Returns false, with OutDateTime untouched, for any
+	 * other count of numbers and for parts that do not form a date.
 	 */
 	static ENGINELAYER_API bool Parse(const FString& DateTimeString, FDateTime& OutDateTime);
 

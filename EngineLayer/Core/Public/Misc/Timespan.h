@@ -3,7 +3,7 @@
 #include "CoreTypes.h"
 #include "Math/UnrealMathUtility.h"
 
-/** Tick counts of the units that a time span is made of; a tick is 100 nanoseconds. */
+/** Ticks in each unit of a time span; a tick is 100 nanoseconds. */
 namespace ETimespan
 {
 inline constexpr int64 TicksPerMillisecond = 10'000;
@@ -13,7 +13,7 @@ inline constexpr int64 TicksPerHour = 60 * TicksPerMinute;
 inline constexpr int64 TicksPerDay = 24 * TicksPerHour;
 } // namespace ETimespan
 
-/** A difference of two times: a signed count of ticks of 100 nanoseconds. */
+/** The difference between two times: a signed count of 100-nanosecond ticks. */
 struct FTimespan
 {
 	constexpr FTimespan() = default;
@@ -35,7 +35,7 @@ struct FTimespan
 	constexpr FTimespan& operator-=(const FTimespan& Other) { return *this = *this - Other; }
 
 	constexpr int64 GetTicks() const { return Ticks; }
-	/** Whole days; as all of these, towards zero. */
+	/** Whole days; truncated toward zero, like all of these. */
 	constexpr int32 GetDays() const { return static_cast<int32>(Ticks / ETimespan::TicksPerDay); }
 	/** The hours part, -23 to 23. */
 	constexpr int32 GetHours() const { return static_cast<int32>(Ticks / ETimespan::TicksPerHour % 24); }
@@ -49,7 +49,7 @@ struct FTimespan
 	}
 	constexpr bool IsZero() const { return Ticks == 0; }
 
-	/** Rounded to the nearest tick, halves upwards; what int64 can't hold gives its nearest end. */
+	/** Rounded to the nearest tick, halves up; clamped to int64's range. */
 	static FTimespan FromSeconds(double Seconds)
 	{
 		return FTimespan(FMath::FloorToInt64(Seconds * static_cast<double>(ETimespan::TicksPerSecond) + 0.5));
@@ -60,7 +60,7 @@ struct FTimespan
 
 	friend constexpr uint32 GetTypeHash(const FTimespan& Timespan)
 	{
-		// Ticks are often whole seconds, so their low bits say nothing: spread them before folding.
+		// Ticks are often whole seconds, so their low bits carry little information: mix before folding.
 		const uint64 Mixed = static_cast<uint64>(Timespan.Ticks) * 0x9E3779B97F4A7C15ull;
 		return static_cast<uint32>(Mixed >> 32);
 	}

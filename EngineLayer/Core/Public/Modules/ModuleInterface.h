@@ -17,7 +17,7 @@ public:
 	virtual bool IsGameModule() const { return false; }
 };
 
-/** A module without a behaviour of its own. */
+/** A module with no behavior of its own. */
 class FDefaultModuleImpl : public IModuleInterface
 {
 };

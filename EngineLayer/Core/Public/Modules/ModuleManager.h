@@ -15,26 +15,26 @@ public:
 	FModuleManager(const FModuleManager&) = delete;
 	FModuleManager& operator=(const FModuleManager&) = delete;
 
-	/** Where to look for libraries, before the folder of the layer's own library. InDirectory: UTF-8. */
+	/** Where to look for libraries before looking in the folder of the layer's own library. InDirectory: UTF-8. */
 	void AddBinariesDirectory(const std::string& InDirectory);
 
-	/** The module, loaded and started unless it is already; null with OutError set where that fails. */
+	/** The module, loaded and started if it isn't yet; null with OutError set if that fails. */
 	IModuleInterface* LoadModule(FName InModuleName, std::string& OutError);
 	IModuleInterface* LoadModule(FName InModuleName);
-	/** Null for a module that is not loaded. */
+	/** Null if the module is not loaded. */
 	IModuleInterface* GetModule(FName InModuleName) const;
 	bool IsModuleLoaded(FName InModuleName) const { return GetModule(InModuleName) != nullptr; }
 
 	/**
-	 * Shuts the module down and unloads its library, after the garbage of its classes was collected. False with
-	 * OutError set, and the module stays loaded, where objects of its classes are still in use.
+	 * Collects garbage, then shuts the module down and unloads its library. False with OutError set, and the module
+	 * stays loaded, if objects of its classes are still in use.
 	 */
 	bool UnloadModule(FName InModuleName, std::string& OutError);
 	bool UnloadModule(FName InModuleName);
 
-	/** Ends what is left of a package's objects; false with the reason where some are still in use. */
+	/** Destroys a package's remaining objects; false with the reason if some are still in use. */
 	using FReleaseObjects = bool (*)(const std::string& PackageName, std::string& OutError);
-	/** The object system hooks itself in: this folder stands below it. */
+	/** The object system hooks itself in, since this folder must not depend on it. */
 	static void SetReleaseObjects(FReleaseObjects InReleaseObjects);
 
 private:
@@ -52,7 +52,7 @@ private:
 	std::vector<FLoadedModule> Modules;
 };
 
-/** A module's library hands out a module object, which its caller owns. */
+/** A module's library returns a module object, which the caller owns. */
 #define IMPLEMENT_MODULE(ModuleImplClass, ModuleName)                                                                  \
 	extern "C" DLLEXPORT IModuleInterface* InitializeModule()                                                          \
 	{                                                                                                                  \

@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-/** A counted reference that may be empty: a thin name over the standard one. */
+/** A counted reference that may be empty: a thin wrapper around the standard one. */
 template <class ObjectType>
 class TSharedPtr : public std::shared_ptr<ObjectType>
 {

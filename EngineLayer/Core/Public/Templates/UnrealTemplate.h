@@ -3,7 +3,7 @@
 #include <type_traits>
 #include <utility>
 
-/** Lets the value's content be taken. */
+/** Allows the value to be moved from. */
 template <class T>
 constexpr std::remove_reference_t<T>&& MoveTemp(T&& Object)
 {

@@ -4,8 +4,8 @@
 #include "CoreTypes.h"
 
 /**
- * A name out of the process-wide table: compared by number, regardless of the case of ASCII letters. A trailing number
- * ("Node_12") is kept apart from the text, so that numbering objects makes no strings.
+ * A name in the process-wide table: compared by index, ignoring the case of ASCII letters. A trailing number
+ * ("Node_12") is stored apart from the text, so numbering objects creates no strings.
  */
 class ENGINELAYER_API FName
 {
@@ -13,7 +13,7 @@ public:
 	constexpr FName() = default;
 	FName(const TCHAR* InText);
 	explicit FName(FStringView InText);
-	/** Base's text with "_Number" behind it. */
+	/** Base's text followed by "_Number". */
 	constexpr FName(FName InBase, int32 InNumber)
 		: Index(InBase.Index)
 		, Number(InNumber + 1)
@@ -41,9 +41,9 @@ private:
 	{
 	}
 
-	/** Place in the table; 0 is "None". */
+	/** Index in the table; 0 is "None". */
 	int32 Index = 0;
-	/** The number plus 1; 0 where there is none. */
+	/** The number plus 1; 0 for no number. */
 	int32 Number = 0;
 };
 

@@ -5,8 +5,8 @@
 class UObject;
 
 /**
- * The table of all living objects. A slot is used again after its object's end, with another serial number, by which
- * weak pointers know that their object is gone.
+ * The table of all live objects. A slot is reused after its object is gone, with a new serial number, which tells weak
+ * pointers that their object is gone.
  */
 class ENGINELAYER_API FObjectSlots
 {
@@ -16,20 +16,20 @@ public:
 	static int32 GetSerial(int32 Index);
 	/** Null for an empty slot. */
 	static UObject* Get(int32 Index);
-	/** Slots in use or free; walk them by index. */
+	/** The number of slots, in use or free; iterate by index. */
 	static int32 Num();
-	/** Objects alive. */
+	/** Live objects. */
 	static int32 NumAlive();
 };
 
-/** Knows an object without keeping it alive. */
+/** Refers to an object without keeping it alive. */
 class ENGINELAYER_API FWeakObjectPtr
 {
 public:
 	FWeakObjectPtr() = default;
 	FWeakObjectPtr(const UObject* Object);
 
-	/** Null where the object is gone or its destruction has begun. */
+	/** Null if the object is gone or its destruction has begun. */
 	UObject* Get() const;
 	bool IsValid() const { return Get() != nullptr; }
 	friend bool operator==(const FWeakObjectPtr&, const FWeakObjectPtr&) = default;

@@ -2,7 +2,7 @@
 
 #include "UObject/Class.h"
 
-/** A class that is T or a subclass of it. Reads as null where it holds any other. */
+/** A class that is T or a subclass of it. Reads as null if it holds any other. */
 template <class T>
 class TSubclassOf
 {

@@ -28,7 +28,7 @@ public:
 	FMetaData() = default;
 	explicit FMetaData(const UECodeGen_Private::FMetaDataList& InList);
 
-	/** Null without such a key. */
+	/** Null if there is no such key. */
 	const FString* Find(std::string_view InKey) const;
 	const std::map<std::string, FString, std::less<>>& GetAll() const { return Values; }
 
@@ -56,7 +56,7 @@ public:
 	UClass* GetReferencedClass() const;
 	/** The name of an enumeration, a structure or a delegate; empty for other kinds. */
 	FString GetTypeName() const;
-	/** What an array holds; else null. */
+	/** An array's element; else null. */
 	const FProperty* GetInner() const { return Inner.get(); }
 	uint32 GetOffset() const { return Offset; }
 
@@ -89,7 +89,7 @@ private:
 	FMetaData MetaData;
 };
 
-/** A reflected function of a class, or a delegate's signature. */
+/** A class's reflected function, or a delegate's signature. */
 class ENGINELAYER_API UFunction
 {
 public:
@@ -99,13 +99,16 @@ public:
 	FString GetName() const { return Name.ToString(); }
 	uint32 GetFunctionFlags() const { return Flags; }
 	bool HasAnyFunctionFlags(uint32 InFlags) const { return (Flags & InFlags) != 0; }
-	/** Without the result. */
+	/** Excluding the return value. */
 	const std::vector<FProperty>& GetParameters() const { return Parameters; }
-	/** Null for a function without a result. */
+	/** Null for a function that returns nothing. */
 	const FProperty* GetReturnProperty() const { return Result.get(); }
 	const FMetaData& GetMetaData() const { return MetaData; }
 
-	/** Calls it; one pointer to a value of the right type for each parameter. OutResult: for what it returns, if anything. */
+	/**
+	 * Calls it with one pointer to a value of the right type for each parameter. OutResult: receives the return value,
+	 * if any.
+	 */
 	void Invoke(UObject* Context, const void* const* InParameters, void* OutResult = nullptr) const;
 
 private:
@@ -140,18 +143,18 @@ public:
 	}
 	bool HasAnyClassFlags(uint32 InFlags) const { return (ClassFlags & InFlags) != 0; }
 	uint32 GetClassFlags() const { return ClassFlags; }
-	/** With its prefix, as it stands in the code. */
+	/** With its prefix, as in the code. */
 	const std::string& GetCppName() const { return CppName; }
 	const FMetaData& GetMetaData() const { return MetaData; }
 
-	/** Of this class alone, in order of declaration. */
+	/** Those of this class alone, in order of declaration. */
 	const std::vector<std::unique_ptr<FProperty>>& GetOwnProperties() const { return Properties; }
 	const std::vector<std::unique_ptr<UFunction>>& GetOwnFunctions() const { return Functions; }
-	/** Of this class or a base; null without one. */
+	/** From this class or a base; null if there is none. */
 	FProperty* FindPropertyByName(FName InName) const;
 	UFunction* FindFunctionByName(FName InName) const;
 
-	/** The object whose values new objects start with; made when first asked for. */
+	/** The object whose values new objects start with; made on demand. */
 	UObject* GetDefaultObject();
 	template <class T>
 	T* GetDefaultObject()
@@ -162,10 +165,10 @@ public:
 	uint32 GetPropertiesSize() const { return Size; }
 
 protected:
-	/** A class made at run time on top of a native one. */
+	/** A class made at run time from a native one. */
 	UClass(FName InName, UClass* InSuper);
 
-	/** What is left to do for an object that was just constructed, such as taking over edited defaults. */
+	/** Finishes an object that was just constructed, for example by copying edited defaults. */
 	virtual void PostConstruct(UObject& Object);
 
 private:
@@ -189,11 +192,11 @@ private:
 	void (*Construct)(const FObjectInitializer&);
 	std::vector<std::unique_ptr<FProperty>> Properties;
 	std::vector<std::unique_ptr<UFunction>> Functions;
-	/** The bases' too. */
+	/** Including those of the bases. */
 	std::vector<FReferenceToken> References;
 	FMetaData MetaData;
 	UObject* DefaultObject = nullptr;
-	/** Numbers the objects that were made without a name. */
+	/** Numbers objects made without a name. */
 	int32 NextObjectNumber = 0;
 };
 
@@ -223,7 +226,7 @@ private:
 template <class EnumType>
 UEnum* StaticEnum();
 
-/** What a library announced under one package name. */
+/** What a library registered under one package name. */
 struct FPackageContents
 {
 	std::vector<UClass*> Classes;
@@ -231,13 +234,16 @@ struct FPackageContents
 	std::vector<UFunction*> Delegates;
 };
 
-/** Everything announced under the package, built where it was not yet; sorted by name. Empty for a package not loaded. */
+/**
+ * Everything registered under the package, built if necessary and sorted by name. Empty for a package that is not
+ * loaded.
+ */
 ENGINELAYER_API FPackageContents FindPackageContents(std::string_view InPackageName);
 
-/** The native class of that name, prefix included; null for one that no loaded library has. */
+/** The native class of that name, prefix included; null if no loaded library has it. */
 ENGINELAYER_API UClass* FindClassByName(std::string_view InCppName);
 
-/** Gives a class of the layer itself its record; in the class's .cpp. */
+/** Gives one of the layer's own classes its record; goes in the class's .cpp. */
 #define IMPLEMENT_LAYER_CLASS_FLAGS(TClass, InName, InFlags)                                                           \
 	UClass* TClass::StaticClass()                                                                                      \
 	{                                                                                                                  \

@@ -6,8 +6,8 @@
 #include "UObject/Script.h"
 
 /**
- * What the header tool's `X.gen.cpp` files describe a module's types with. The records are constant data; the registry
- * builds UClass, UFunction, UEnum out of them when a type is first asked for.
+ * The records with which the header tool's `X.gen.cpp` files describe a module's types. They are constant data, from
+ * which the registry builds UClass, UFunction and UEnum when a type is first asked for.
  */
 namespace UECodeGen_Private
 {
@@ -41,7 +41,7 @@ enum class EPropertyGenKind : uint8
 	Object,
 	/** A TSubclassOf; ClassGetter gives the class it is restricted to. */
 	Class,
-	/** A structure of the engine's; TypeName says which. */
+	/** An engine structure; TypeName says which. */
 	Struct,
 	/** A dynamic multicast delegate; TypeName says which. */
 	MulticastDelegate,
@@ -60,10 +60,10 @@ struct FPropertyParams
 	uint32 Offset;
 	/** The class an object or class reference is restricted to; else null. */
 	UClass* (*ClassGetter)();
-	/** The enumeration; else null. An enumeration of the engine itself has its name in TypeName only. */
+	/** The enumeration; else null. For one of the engine's own, only TypeName is set. */
 	UEnum* (*EnumGetter)();
 	const char* TypeName;
-	/** What an array holds; else null. */
+	/** An array's element; else null. */
 	const FPropertyParams* Inner;
 	FMetaDataList MetaData;
 };
@@ -71,11 +71,11 @@ struct FPropertyParams
 struct FFunctionParams
 {
 	const char* Name;
-	/** The native entry; null for a delegate's signature. */
+	/** The native entry point; null for a delegate's signature. */
 	FNativeFuncPtr Native;
 	/** EFunctionFlags. */
 	uint32 Flags;
-	/** The result, if there is one, is marked CPF_ReturnParm. */
+	/** The return value, if any, is marked CPF_ReturnParm. */
 	const FPropertyParams* Parameters;
 	int32 NumParameters;
 	FMetaDataList MetaData;
@@ -88,7 +88,7 @@ struct FClassParams
 	/** With the prefix: "UDanmakuTrack". */
 	const char* CppName;
 	UClass* (*SuperGetter)();
-	/** EClassFlags of its own; those of CLASS_Inherit come from the base. */
+	/** Its own EClassFlags; those in CLASS_Inherit come from the base. */
 	uint32 Flags;
 	uint32 Size;
 	uint32 Alignment;
@@ -129,7 +129,7 @@ ENGINELAYER_API UEnum* ConstructUEnum(UEnum*& OutEnum, const FEnumParams& Params
 /** Builds a delegate's signature ("OnSendX__DelegateSignature", package level) on the first call. */
 ENGINELAYER_API UFunction* ConstructUDelegateFunction(UFunction*& OutFunction, const FFunctionParams& Params);
 
-/** What one translation unit announces to the registry when its library is loaded. */
+/** What one translation unit registers when its library is loaded. */
 struct FClassRegisterCompiledInInfo
 {
 	UClass* (*Getter)();
@@ -164,8 +164,9 @@ struct FCompiledInInfo
 };
 
 /**
- * Announces a header's types by name while it lives: a static object of each generated file. Its end (the library is
- * unloaded) takes the types out of the registry and empties their Storage; no object of theirs may be left by then.
+ * Keeps a header's types registered by name while it lives: a static object in each generated file. Its destruction,
+ * when the library is unloaded, removes the types from the registry and clears their Storage; no objects of these types
+ * may be left by then.
  */
 class ENGINELAYER_API FRegisterCompiledInInfo
 {
@@ -181,7 +182,7 @@ private:
 
 } // namespace UECodeGen_Private
 
-/** Calls the constructor that a class's generated body declares; the class's record points here. */
+/** Calls the constructor that a class's generated body declares; the class's record points to this. */
 template <class T>
 void InternalConstructor(const FObjectInitializer& ObjectInitializer)
 {

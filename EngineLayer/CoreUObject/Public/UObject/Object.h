@@ -8,7 +8,7 @@
 class UFunction;
 class UWorld;
 
-/** Declares what a class of the layer itself needs to be known to the registry; its .cpp has IMPLEMENT_LAYER_CLASS. */
+/** Declares what one of the layer's own classes needs to be registered; its .cpp has IMPLEMENT_LAYER_CLASS. */
 #define DECLARE_LAYER_CLASS(TClass, TSuper)                                                                            \
 public:                                                                                                                \
 	typedef TSuper Super;                                                                                              \
@@ -21,7 +21,7 @@ public:                                                                         
                                                                                                                        \
 private:
 
-/** The root of everything that the registry knows and the collector collects. */
+/** The base of everything that the registry knows and the garbage collector collects. */
 class ENGINELAYER_API UObject
 {
 public:
@@ -48,31 +48,31 @@ public:
 		return IsA(T::StaticClass());
 	}
 
-	/** The world that the object belongs to through its outers; null without one. */
+	/** The world that the object belongs to through its outers; null if there is none. */
 	virtual UWorld* GetWorld() const;
 
-	/** Called once, before the object is freed. An override ends with the base's. */
+	/** Called once, before the object is freed. An override calls the base's last. */
 	virtual void BeginDestroy();
-	/** Begins the destruction unless it has begun; true if it did. */
+	/** Begins the destruction unless it has begun already; true if it did so. */
 	bool ConditionalBeginDestroy();
 
 	void AddToRoot() { bRooted = true; }
 	void RemoveFromRoot() { bRooted = false; }
 
-	/** The reflected function of that name in the object's class or its bases; null without one. */
+	/** The reflected function of that name in the object's class or its bases; null if there is none. */
 	UFunction* FindFunction(FName InName) const;
 
-	/** References beyond the reflected ones, for classes of the layer, which has no marks in its headers. */
+	/** References beyond the reflected ones; for the layer's own classes, whose headers have no reflection macros. */
 	virtual void VisitReferences(FReferenceCollector& Collector);
 
-	/** Place in the table of objects. */
+	/** Index in the table of objects. */
 	int32 GetUniqueID() const { return SlotIndex; }
 
 private:
 	friend class FGarbageCollector;
 	friend ENGINELAYER_API UObject* StaticConstructObject_Internal(UClass*, UObject*, FName, EObjectFlags);
 
-	// Named as the engine's, so that the same names in a derived class shadow here just what they shadow there.
+	// Named like the engine's, so that a derived class's names shadow exactly what they would shadow there.
 	UClass* ClassPrivate;
 	UObject* OuterPrivate;
 	FName NamePrivate;
@@ -100,7 +100,7 @@ T* Cast(const TObjectPtr<FromType>& Object)
 	return Cast<T>(static_cast<UObject*>(Object.Get()));
 }
 
-/** The object as a T, which the caller knows it to be. */
+/** The object as a T; the caller knows that it is one. */
 template <class T>
 T* CastChecked(UObject* Object)
 {

@@ -3,8 +3,8 @@
 #include "CoreTypes.h"
 
 /**
- * The marks that the header tool reads. To the compiler they are nothing, but for GENERATED_BODY, which expands to what
- * the tool wrote for that line of that header.
+ * The macros that the header tool reads. To the compiler they are empty, except for GENERATED_BODY, which expands to
+ * what the tool wrote for that line of that header.
  */
 #define UCLASS(...)
 #define UENUM(...)
@@ -29,7 +29,7 @@ enum EClassFlags : uint32
 	CLASS_HasInstancedReference = 0x00800000u,
 };
 
-/** Flags that a class takes over from its base. */
+/** Flags that a class inherits from its base. */
 constexpr uint32 CLASS_Inherit = CLASS_EditInlineNew | CLASS_DefaultToInstanced;
 
 /** Property flags; the values are the engine's. */
@@ -69,7 +69,7 @@ enum EFunctionFlags : uint32
 	FUNC_Const = 0x40000000u,
 };
 
-/** State of an object that its users may ask for. */
+/** State of an object that its users may query. */
 enum EObjectFlags : uint32
 {
 	RF_NoFlags = 0x00000000u,

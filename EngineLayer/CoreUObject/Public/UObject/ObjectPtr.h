@@ -5,7 +5,7 @@
 #include <functional>
 #include <type_traits>
 
-/** A reference of one object to another, as wide as a pointer. Reflected ones keep their object alive. */
+/** A reference from one object to another, the size of a pointer. Reflected ones keep their object alive. */
 template <class T>
 class TObjectPtr
 {

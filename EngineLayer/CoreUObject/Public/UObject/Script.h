@@ -4,7 +4,7 @@
 
 class UObject;
 
-/** The values that a reflected function is called with, in the order of its parameters. */
+/** The arguments of a reflected function's call, in parameter order. */
 class FFrame
 {
 public:
@@ -13,7 +13,7 @@ public:
 	{
 	}
 
-	/** The next parameter's value; the caller made sure of its type. */
+	/** The next argument; the caller has checked its type. */
 	template <class T>
 	const T& StepParam()
 	{
@@ -24,7 +24,7 @@ private:
 	const void* const* Next;
 };
 
-/** A reflected function's native entry: reads its parameters from the frame and calls the member. */
+/** A reflected function's native entry point: reads its arguments from the frame and calls the member. */
 using FNativeFuncPtr = void (*)(UObject* Context, FFrame& Stack, void* const Z_Param__Result);
 
 #define RESULT_DECL void* const Z_Param__Result

@@ -8,8 +8,8 @@
 #include <vector>
 
 /**
- * Subscribers that are known by object and function name, called in the order in which they subscribed. The function is
- * looked up in the object's class at each call; an object that is gone is skipped.
+ * Subscribers identified by object and function name, called in the order in which they subscribed. The function is
+ * looked up in the object's class on each call; an object that is gone is skipped.
  */
 class FMulticastScriptDelegate
 {
@@ -30,7 +30,7 @@ public:
 	{
 		std::erase(Bindings, FBinding{FWeakObjectPtr(Object), FunctionName});
 	}
-	/** All subscriptions of an object. */
+	/** Removes all of an object's subscriptions. */
 	void RemoveAll(const UObject* Object)
 	{
 		std::erase_if(Bindings, [Object](const FBinding& Each) { return Each.Object == FWeakObjectPtr(Object); });
@@ -75,7 +75,7 @@ public:
 		ProcessMulticastDelegate(Values);
 	}
 
-	/** Behind AddDynamic: the method is named only so that a wrong signature does not compile. */
+	/** Behind AddDynamic: takes the method only so that a wrong signature does not compile. */
 	template <class UserClass>
 	void InternalAddDynamic(UserClass* Object, void (UserClass::*)(ParameterTypes...), const TCHAR* MethodText)
 	{
@@ -93,7 +93,7 @@ public:
 	}
 
 private:
-	/** "&UClass::Method" without what stands before the method. */
+	/** "&UClass::Method" without what precedes the method's name. */
 	static FName GetFunctionName(FStringView MethodText)
 	{
 		return FName(FStringView(MethodText.substr(MethodText.rfind(u':') + 1)));

@@ -6,7 +6,7 @@
 class UClass;
 class UObject;
 
-/** What an object's constructor is told of the object being made. */
+/** What an object's constructor is told about the object being made. */
 class ENGINELAYER_API FObjectInitializer
 {
 public:
@@ -15,10 +15,10 @@ public:
 	FObjectInitializer(const FObjectInitializer&) = delete;
 	FObjectInitializer& operator=(const FObjectInitializer&) = delete;
 
-	/** Of the object that is being constructed now; only to be called while one is. */
+	/** The one of the object under construction; call it only while there is one. */
 	static const FObjectInitializer& Get();
 
-	/** The zeroed storage that the object is constructed in. */
+	/** The zeroed storage in which the object is constructed. */
 	void* GetObj() const { return Storage; }
 	UClass* GetClass() const { return Class; }
 	UObject* GetOuter() const { return Outer; }
@@ -35,10 +35,10 @@ private:
 	const FObjectInitializer* Previous;
 };
 
-/** Makes an object; without a name it gets its class's name and a number. Null for an abstract class. */
+/** Makes an object; without a name it is named after its class, with a number. Null for an abstract class. */
 ENGINELAYER_API UObject* StaticConstructObject_Internal(UClass* Class, UObject* Outer, FName Name, EObjectFlags Flags);
 
-/** The package for objects that belong to nobody. Never collected. */
+/** The package for objects without an owner. Never collected. */
 ENGINELAYER_API UObject* GetTransientPackage();
 
 template <class T>
@@ -56,7 +56,7 @@ T* NewObject(UObject* Outer, const UClass* Class, FName Name = NAME_None, EObjec
 /** True for an object whose destruction has not begun. */
 ENGINELAYER_API bool IsValid(const UObject* Object);
 
-/** Is told the references that an object or a host holds; may empty one. */
+/** Receives the references that an object or a host holds; may clear them. */
 class ENGINELAYER_API FReferenceCollector
 {
 public:
@@ -64,7 +64,7 @@ public:
 	virtual void AddReferencedObject(UObject* Object) = 0;
 };
 
-/** Something that is no object and keeps objects alive as long as it lives. */
+/** Not an object itself; keeps objects alive for as long as it lives. */
 class ENGINELAYER_API FGCObject
 {
 public:
@@ -77,10 +77,10 @@ public:
 };
 
 /**
- * Marks what can be reached from the roots, begins the destruction of the rest and frees it. Game thread, between
- * frames. KeepFlags: objects with one of these flags count as roots.
+ * Marks what can be reached from the roots, then destroys and frees the rest. Game thread, between frames. KeepFlags:
+ * objects with any of these flags count as roots.
  */
 ENGINELAYER_API void CollectGarbage(EObjectFlags KeepFlags = RF_NoFlags);
 
-/** Objects alive, class default objects left out: for tests and figures. */
+/** Live objects, not counting class default objects; for tests and statistics. */
 ENGINELAYER_API int32 CountObjects(const UClass* Class);

@@ -11,7 +11,7 @@ public:
 	{
 	}
 
-	/** Container: the object that has the member. */
+	/** Container: the object with the member. */
 	UObject* GetObjectPropertyValue_InContainer(const void* Container) const
 	{
 		return GetObjectValue(static_cast<const UObject*>(Container));
@@ -29,7 +29,7 @@ public:
 	using FObjectProperty::FObjectProperty;
 };
 
-/** The member of that name and kind, which the class or a base of it reflects; null without one. */
+/** The reflected member of that name and kind in the class or its bases; null if there is none. */
 template <class T>
 T* FindFProperty(const UClass* Owner, FName Name)
 {

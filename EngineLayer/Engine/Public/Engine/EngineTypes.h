@@ -2,7 +2,7 @@
 
 #include "CoreTypes.h"
 
-/** Names a timer of a world's timer manager. */
+/** Identifies a timer in a world's timer manager. */
 class FTimerHandle
 {
 public:

@@ -13,6 +13,6 @@ public:
 	{
 	}
 
-	/** Takes over what was set on the texture. */
+	/** Applies what was set on the texture. */
 	virtual void UpdateResource() {}
 };

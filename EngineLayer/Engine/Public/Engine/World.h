@@ -4,7 +4,7 @@
 #include "TimerManager.h"
 #include "UObject/Object.h"
 
-/** What the objects of one host's stage live in. */
+/** The world in which the objects of one host's stage live. */
 class ENGINELAYER_API UWorld : public UObject
 {
 	DECLARE_LAYER_CLASS(UWorld, UObject)

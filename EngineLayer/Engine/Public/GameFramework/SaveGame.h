@@ -2,7 +2,7 @@
 
 #include "UObject/Object.h"
 
-/** The base of what is kept in a save-game slot. */
+/** The base class of what a save-game slot holds. */
 class ENGINELAYER_API USaveGame : public UObject
 {
 	DECLARE_LAYER_CLASS(USaveGame, UObject)

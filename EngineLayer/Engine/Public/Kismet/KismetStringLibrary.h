@@ -6,7 +6,7 @@
 class UKismetStringLibrary
 {
 public:
-	/** Length characters from StartIndex on, or what there is of them; empty for a negative length. */
+	/** Up to Length characters from StartIndex; empty for a negative length. */
 	static FString GetSubstring(const FString& SourceString, int32 StartIndex = 0, int32 Length = 1)
 	{
 		return SourceString.Mid(StartIndex, Length);

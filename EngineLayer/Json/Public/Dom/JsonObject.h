@@ -23,7 +23,7 @@ public:
 	FJsonObject() = default;
 
 	ENGINELAYER_API bool HasField(FStringView FieldName) const;
-	/** The member's value; empty where there is none. */
+	/** The member's value; empty if there is none. */
 	ENGINELAYER_API TSharedPtr<FJsonValue> TryGetField(FStringView FieldName) const;
 
 	ENGINELAYER_API double GetNumberField(FStringView FieldName) const;
@@ -34,7 +34,7 @@ public:
 	ENGINELAYER_API bool TryGetStringField(FStringView FieldName, FString& OutString) const;
 
 	ENGINELAYER_API TArray<TSharedPtr<FJsonValue>> GetArrayField(FStringView FieldName) const;
-	/** An object without members where there is none. */
+	/** An object without members if there is none. */
 	ENGINELAYER_API TSharedPtr<FJsonObject> GetObjectField(FStringView FieldName) const;
 
 private:
@@ -45,12 +45,12 @@ private:
 		, Word(InWord)
 	{
 	}
-	/** The tape word of the member's value; 0 where there is none. */
+	/** The tape word of the member's value; 0 if there is none. */
 	uint32 Find(FStringView FieldName) const;
-	/** The member's value, of type None where there is none; to be used on the spot. */
+	/** The member's value, of type None if there is none; for immediate use only. */
 	FJsonValue GetField(FStringView FieldName) const;
 
 	FJsonValueBlock* Block = nullptr;
-	/** Where the value stands on the document's tape. */
+	/** The value's position on the document's tape. */
 	uint32 Word = 0;
 };

@@ -26,9 +26,9 @@ public:
 	ENGINELAYER_API TSharedPtr<FJsonObject> AsObject() const;
 	bool IsNull() const { return Type == EJson::Null; }
 
-	/** These return false, with the output untouched, for what doesn't convert. */
+	/** These return false, with the output untouched, if the value doesn't convert. */
 	ENGINELAYER_API bool TryGetNumber(double& OutNumber) const;
-	/** Of a number within int64's range, rounded to the nearest integer, halves away from zero. */
+	/** For a number in int64's range, rounded to the nearest integer, halves away from zero. */
 	ENGINELAYER_API bool TryGetNumber(int64& OutNumber) const;
 	ENGINELAYER_API bool TryGetString(FString& OutString) const;
 
@@ -41,6 +41,6 @@ private:
 	{
 	}
 
-	/** The value seen as an object; also knows where the value stands. */
+	/** The value seen as an object; also records the value's position. */
 	mutable FJsonObject Members;
 };

@@ -11,15 +11,15 @@ template <class CharType = TCHAR>
 class TJsonReaderFactory;
 
 /**
- * A JSON text to be read, and after a failed reading the place and reason. Unlike the engine's, it doesn't copy the
- * text of a caller who keeps it: reader and values refer to it, so it must live unchanged as long as they are used. A
- * text handed over (moved) is kept by them.
+ * A JSON text to be read and, after a failure, where and why it failed. Unlike the engine's, it doesn't copy a text
+ * that the caller keeps: the reader and the values refer to it, so it must stay unchanged for as long as they are used.
+ * They keep a text that was moved in.
  */
 template <class CharType = TCHAR>
 class TJsonReader
 {
 public:
-	/** Why the last reading failed; empty if it didn't. */
+	/** Why the last read failed; empty if it didn't. */
 	const FString& GetErrorMessage() const { return ErrorMessage; }
 	/** Line of the failure, from 1. */
 	uint32 GetLineNumber() const { return LineNumber; }
@@ -49,7 +49,7 @@ public:
 	{
 		return Make(std::shared_ptr<const FString>(std::shared_ptr<void>(), &JsonString));
 	}
-	/** Takes the text over. */
+	/** Takes ownership of the text. */
 	static TSharedRef<TJsonReader<CharType>> Create(FString&& JsonString)
 	{
 		return Make(std::make_shared<const FString>(std::move(JsonString)));

@@ -7,9 +7,9 @@
 #include "Templates/SharedPointer.h"
 
 /**
- * Reads one JSON value, an object or an array, that makes up the whole text (RFC 8259). Half surrogate pairs, escaped
- * or not, stay as they are. Returns false with the output untouched for any other text; the reader then tells place and
- * reason. Neither depth nor size of the text endangers the stack; memory grows linearly with the text.
+ * Reads a text that is one JSON object or array (RFC 8259). Half surrogate pairs, escaped or not, stay as they are.
+ * Returns false, with the output untouched, for any other text; the reader then says where and why. The stack is safe
+ * at any depth and size; memory grows linearly with the text.
  */
 class FJsonSerializer
 {

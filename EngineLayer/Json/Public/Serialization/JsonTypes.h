@@ -2,7 +2,7 @@
 
 #include "CoreTypes.h"
 
-/** What a JSON value is. */
+/** The type of a JSON value. */
 enum class EJson : uint8
 {
 	None,

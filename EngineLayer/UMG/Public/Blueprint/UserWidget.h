@@ -10,7 +10,7 @@
 class SWidget;
 class UWidgetTree;
 
-/** A widget made of others: of a widget blueprint's tree, or of one that its own class builds. */
+/** A widget made of others: a widget blueprint's tree, or one that its own class builds. */
 class ENGINELAYER_API UUserWidget : public UWidget
 {
 	DECLARE_LAYER_CLASS(UUserWidget, UWidget)
@@ -24,22 +24,22 @@ public:
 	/** The widgets inside; made by Initialize at the latest. */
 	TObjectPtr<UWidgetTree> WidgetTree;
 
-	/** Makes the tree and tells the class. Once: true the first time. CreateWidget calls it. */
+	/** Makes the tree and notifies the class. Only the first call does, and returns true. CreateWidget calls it. */
 	virtual bool Initialize();
 
-	/** Makes a widget that belongs to the tree of the user widget around InOwner; null for a class that can't be made. */
+	/** Makes a widget in the tree of the user widget around InOwner; null for a class that can't be instantiated. */
 	static UUserWidget* CreateWidgetInstance(UWidget& InOwner, TSubclassOf<UUserWidget> InClass, FName InName);
 	static UUserWidget* CreateWidgetInstance(UWidgetTree& InOwner, TSubclassOf<UUserWidget> InClass, FName InName);
-	/** Makes a widget that belongs to a world alone: a root. */
+	/** Makes a widget that belongs only to a world: a root. */
 	static UUserWidget* CreateWidgetInstance(UWorld& InOwner, TSubclassOf<UUserWidget> InClass, FName InName);
 
-	/** The widget of the tree with that name; null without one. */
+	/** The widget in the tree with that name; null if there is none. */
 	UWidget* GetWidgetFromName(FName InName) const;
 	UWidget* GetRootWidget() const;
 
 	/**
-	 * Puts the widget on a screen: constructs it if it is not yet, until the last holder lets go. The widget must outlive
-	 * that.
+	 * Puts the widget on a screen: constructs it if needed, until the last reference is released. The widget must live
+	 * until then.
 	 */
 	TSharedRef<SWidget> TakeWidget();
 
@@ -49,12 +49,12 @@ public:
 	void DestructTree() override;
 	void VisitReferences(FReferenceCollector& Collector) override;
 
-	/** The pointer comes and goes; hosts call them. Nothing where the widget is not usable. */
+	/** The pointer enters or leaves; called by hosts. Do nothing if the widget is not usable. */
 	void PointerEnter();
 	void PointerLeave();
 
 protected:
-	/** For a class that no blueprint made: the time to build its tree. WidgetTree is null before. */
+	/** For a class without a blueprint: the time to build its tree. WidgetTree is null before. */
 	virtual void InitializeNativeClassData() {}
 	/** Once, when the tree is made and bound. */
 	virtual void NativeOnInitialized() {}
@@ -62,14 +62,14 @@ protected:
 	virtual void NativePreConstruct() {}
 	/** Each time the widget joins a displayed tree. */
 	virtual void NativeConstruct() {}
-	/** Each time the widget was taken out of a displayed tree, or the tree goes away. */
+	/** Each time the widget is removed from a displayed tree, or the tree goes away. */
 	virtual void NativeDestruct() {}
 	/** Each frame while the widget is displayed; InDeltaTime: seconds. */
 	virtual void NativeTick([[maybe_unused]] const FGeometry& MyGeometry, [[maybe_unused]] float InDeltaTime) {}
 	virtual void NativeOnMouseEnter(const FGeometry& InGeometry, const struct FPointerEvent& InMouseEvent);
 	virtual void NativeOnMouseLeave(const struct FPointerEvent& InMouseEvent);
 
-	/** Lets the widget be ticked; here every displayed one is. */
+	/** Enables ticking; here every displayed widget ticks. */
 	void UpdateCanTick() {}
 
 	FVector2D ComputeDesiredSize() override;

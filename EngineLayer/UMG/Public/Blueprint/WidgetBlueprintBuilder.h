@@ -6,8 +6,8 @@
 #include <string>
 
 /**
- * Builds a widget blueprint in code: a parent class, a tree of named widgets, the first of which is the root. Building
- * checks every bound-widget member of the parent class by name and type.
+ * Builds a widget blueprint in code: a parent class and a tree of named widgets, the first of which is the root.
+ * Building checks every bound-widget member of the parent class by name and type.
  */
 class ENGINELAYER_API FWidgetBlueprintBuilder
 {
@@ -18,11 +18,11 @@ public:
 	FWidgetBlueprintBuilder& Add(UClass* InClass, FName InName, FName InPanel = NAME_None,
 								 std::function<void(UWidget&)> InSetup = {});
 
-	/** Null with OutError set, naming widget, type and class, where a bound widget is missing or of another type. */
+	/** Null if a bound widget is missing or of another type; OutError then names widget, type and class. */
 	std::unique_ptr<UWidgetBlueprintGeneratedClass> Build(std::string& OutError);
 
 private:
-	/** What is wrong with adding such a widget; null for nothing. */
+	/** Why such a widget can't be added; null if it can. */
 	const char* FindFault(const UClass* InClass, FName InName, FName InPanel) const;
 	bool BindMembers(std::string& OutError);
 

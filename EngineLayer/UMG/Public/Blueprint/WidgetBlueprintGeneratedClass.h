@@ -10,25 +10,25 @@ struct FWidgetTemplate
 {
 	UClass* Class = nullptr;
 	FName Name;
-	/** Place of the panel around it in the tree's list; INDEX_NONE for the root. */
+	/** Index in the tree's list of the panel around it; INDEX_NONE for the root. */
 	int32 Parent = INDEX_NONE;
 	/** Sets the widget up as the designer left it; may be empty. */
 	std::function<void(UWidget&)> Setup;
-	/** The class's member that is bound to it; null for none. */
+	/** The class's member bound to it; null if there is none. */
 	const FProperty* BoundMember = nullptr;
 };
 
-/** The class of a widget blueprint: a native class, a tree of widgets and edited defaults. */
+/** A widget blueprint's class: a native class, a tree of widgets, and edited defaults. */
 class ENGINELAYER_API UWidgetBlueprintGeneratedClass : public UClass
 {
 public:
 	UWidgetBlueprintGeneratedClass(FName InName, UClass* InParent, std::vector<FWidgetTemplate> InTree);
 
-	/** Makes the tree for a widget, binds its members and initialises it. */
+	/** Makes a widget's tree, binds its members, and initializes it. */
 	void InitializeWidget(UUserWidget& Widget) const;
 
 protected:
-	/** New widgets start with the defaults' values of the editable properties. */
+	/** New widgets start with these values of the editable properties. */
 	void PostConstruct(UObject& Object) override;
 
 private:

@@ -7,8 +7,8 @@
 class UWidget;
 
 /**
- * When widgets that left the displayed tree are torn down: at once, but during the tick pass only after it, in the order
- * in which they left.
+ * Decides when widgets that left the displayed tree are torn down: at once, or after the tick pass if there is one, in
+ * the order in which they left.
  */
 class ENGINELAYER_API FWidgetTeardown final : public FGCObject
 {
@@ -17,7 +17,7 @@ public:
 
 	/** The tick pass of a tree; InDeltaTime: seconds. */
 	void TickTree(UWidget& Root, float InDeltaTime);
-	/** Tears down what left during the pass; gives how many widgets that were. */
+	/** Tears down the widgets that left during the pass; returns how many. */
 	int32 TearDownLeft();
 
 	void OnLeft(UWidget& Widget);

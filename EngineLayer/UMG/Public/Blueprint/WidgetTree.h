@@ -17,7 +17,7 @@ public:
 
 	TObjectPtr<UWidget> RootWidget;
 
-	/** Makes a widget that belongs to the tree; it stands nowhere in it yet. */
+	/** Makes a widget that belongs to the tree but has no place in it yet. */
 	template <class WidgetT>
 	WidgetT* ConstructWidget(TSubclassOf<UWidget> WidgetClass = WidgetT::StaticClass(), FName WidgetName = NAME_None)
 	{
@@ -28,7 +28,7 @@ public:
 		return NewObject<WidgetT>(this, WidgetClass, WidgetName, RF_Transactional);
 	}
 
-	/** The widget of that name that stands in the tree; null without one. */
+	/** The widget in the tree with that name; null if there is none. */
 	UWidget* FindWidget(FName InName) const;
 
 	void VisitReferences(FReferenceCollector& Collector) override;

@@ -24,7 +24,7 @@ public:
 	FOnButtonHoverEvent OnHovered;
 	FOnButtonHoverEvent OnUnhovered;
 
-	/** What a viewer does with it; each raises its event every time, and nothing where the button is not usable. */
+	/** What a viewer does with it. Each call raises its event; none does if the button is not usable. */
 	void Click();
 	void Hover();
 	void Unhover();

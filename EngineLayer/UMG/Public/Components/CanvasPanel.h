@@ -3,7 +3,7 @@
 #include "Components/CanvasPanelSlot.h"
 #include "Components/PanelWidget.h"
 
-/** A panel whose children stand where they are put. */
+/** A panel whose children stay where they are put. */
 class ENGINELAYER_API UCanvasPanel : public UPanelWidget
 {
 	DECLARE_LAYER_CLASS(UCanvasPanel, UPanelWidget)
@@ -17,8 +17,8 @@ public:
 	UCanvasPanelSlot* AddChildToCanvas(UWidget* Content);
 
 	/**
-	 * The canvas takes its size; its children take the size they wish for when they are painted, so that a layout costs
-	 * the same whatever their number.
+	 * Sizes only the canvas. Children take their desired size when they are painted, so a layout costs the same however
+	 * many there are.
 	 */
 	void Arrange(const FVector2f& InSize) override { UWidget::Arrange(InSize); }
 

@@ -17,7 +17,7 @@ public:
 	void SetPosition(FVector2D InPosition);
 	FVector2D GetPosition() const { return Position; }
 
-	/** The child takes the size it wishes for. */
+	/** The child takes its desired size. */
 	void SetAutoSize(bool InbAutoSize) { bAutoSize = InbAutoSize; }
 	bool GetAutoSize() const { return bAutoSize; }
 

@@ -23,7 +23,7 @@ public:
 	/** Raises nothing. */
 	void SetIsChecked(bool bInIsChecked) { bIsChecked = bInIsChecked; }
 
-	/** The viewer toggles the box to that state. Nothing where it is in it or not usable. */
+	/** The viewer toggles the box to that state. Does nothing if it is already there or not usable. */
 	void Toggle(bool bInIsChecked);
 
 private:

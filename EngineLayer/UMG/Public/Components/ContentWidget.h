@@ -13,7 +13,7 @@ public:
 	{
 	}
 
-	/** Takes the place of what is inside. */
+	/** Replaces the content. */
 	UPanelSlot* SetContent(UWidget* Content)
 	{
 		ClearChildren();

@@ -5,7 +5,7 @@
 #include "Types/SlateEnums.h"
 #include "UObject/ScriptDelegates.h"
 
-/** A single-line field that a viewer writes in. */
+/** A single-line field in which a viewer types. */
 class ENGINELAYER_API UEditableText : public UWidget
 {
 	DECLARE_LAYER_CLASS(UEditableText, UWidget)
@@ -24,14 +24,14 @@ public:
 	FOnEditableTextChangedEvent OnTextChanged;
 	FOnEditableTextCommittedEvent OnTextCommitted;
 
-	/** Whether the field gives up the keyboard after the viewer pressed Enter. */
+	/** Whether the field gives up keyboard focus after the viewer presses Enter. */
 	bool ClearKeyboardFocusOnCommit = true;
 	void SetClearKeyboardFocusOnCommit(bool bInClearKeyboardFocusOnCommit)
 	{
 		ClearKeyboardFocusOnCommit = bInClearKeyboardFocusOnCommit;
 	}
 
-	/** Raises no event: only the viewer's changes do. */
+	/** Raises no event; only the viewer's changes do. */
 	virtual void SetText(FText InText) { Text = InText; }
 	FText GetText() const { return Text; }
 
@@ -45,12 +45,13 @@ public:
 	float GetMinimumDesiredWidth() const { return MinimumDesiredWidth; }
 
 	/**
-	 * The viewer makes the field read InText, as by select-all and paste. Nothing if it already does, or is not usable.
+	 * The viewer makes the field read InText, as by select-all and paste. Does nothing if it already does, or is not
+	 * usable.
 	 */
 	void TypeText(const FText& InText);
 	/**
-	 * The viewer commits the present text. The field gives up the keyboard before the event if the viewer moved it, and
-	 * after the event on Enter, which then raises a second event, OnCleared. Nothing where not usable.
+	 * The viewer commits the current text. The field gives up focus before the event if the viewer moved the focus, and
+	 * after it on Enter, which then raises a second event, OnCleared. Does nothing if not usable.
 	 */
 	void Commit(ETextCommit::Type InCommitMethod);
 

@@ -3,7 +3,7 @@
 #include "Components/Widget.h"
 #include "Styling/SlateBrush.h"
 
-/** A picture or a plain area; reduced to its tint and its texture. */
+/** A picture or a plain area; only its tint and texture are kept. */
 class ENGINELAYER_API UImage : public UWidget
 {
 	DECLARE_LAYER_CLASS(UImage, UWidget)
@@ -19,7 +19,7 @@ public:
 
 	virtual void SetBrushResourceObject(UObject* ResourceObject) { Brush.SetResourceObject(ResourceObject); }
 	const FSlateBrush& GetBrush() const { return Brush; }
-	/** The size that the image wishes for, in slate units, instead of its brush's. */
+	/** The image's desired size, in slate units, instead of its brush's. */
 	void SetDesiredSizeOverride(FVector2D InDesiredSize) { DesiredSizeOverride = InDesiredSize; }
 
 	void VisitReferences(FReferenceCollector& Collector) override

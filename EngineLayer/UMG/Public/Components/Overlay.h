@@ -2,7 +2,7 @@
 
 #include "Components/OverlaySlot.h"
 
-/** Sets its children on top of each other, the last one foremost. */
+/** Stacks its children on top of each other, the last one in front. */
 class ENGINELAYER_API UOverlay : public UPanelWidget
 {
 	DECLARE_LAYER_CLASS(UOverlay, UPanelWidget)

@@ -4,7 +4,7 @@
 #include "Layout/Margin.h"
 #include "Types/SlateEnums.h"
 
-/** A child's place among those that stand on each other. */
+/** A child's place in the stack. */
 class ENGINELAYER_API UOverlaySlot : public UPanelSlot
 {
 	DECLARE_LAYER_CLASS(UOverlaySlot, UPanelSlot)

@@ -20,7 +20,7 @@ public:
 
 private:
 	friend class UPanelWidget;
-	/** At or above the slot's place in its panel: children that leave only move it down. */
+	/** An upper bound for the slot's index in its panel: children that leave only lower it. */
 	int32 IndexHint = 0;
 };
 
@@ -40,8 +40,7 @@ public:
 	bool HasChild(const UWidget* Content) const { return Content != nullptr && Content->GetParent() == this; }
 
 	/**
-	 * Takes the widget out of where it is and puts it in as the last child. Null, and nothing done, where the panel has its
-	 * only child.
+	 * Moves the widget here as the last child. Does nothing and returns null if the panel can hold no more children.
 	 */
 	UPanelSlot* AddChild(UWidget* Content);
 	bool RemoveChild(UWidget* Content);
@@ -61,7 +60,7 @@ protected:
 	FVector2D ComputeDesiredSize() override;
 
 private:
-	/** The next child of a walk under way, which moves when a child before it leaves. */
+	/** The next child of an iteration under way; shifts when a child before it leaves. */
 	struct FCursor
 	{
 		int32 Index;

@@ -2,7 +2,7 @@
 
 #include "CoreTypes.h"
 
-/** Whether a widget is drawn, takes room and takes the pointer. The values are the engine's. */
+/** Whether a widget is drawn, takes up room, and takes pointer input. The values are the engine's. */
 enum class ESlateVisibility : uint8
 {
 	Visible,
@@ -12,7 +12,7 @@ enum class ESlateVisibility : uint8
 	SelfHitTestInvisible,
 };
 
-/** Whether a child of a box takes the room that it wishes for or shares what is left. The values are the engine's. */
+/** Whether a box's child takes its desired room or a share of what is left. The values are the engine's. */
 namespace ESlateSizeRule
 {
 enum Type : int
@@ -22,7 +22,7 @@ enum Type : int
 };
 } // namespace ESlateSizeRule
 
-/** How much room a child of a box takes. */
+/** How much room a box's child takes. */
 struct FSlateChildSize
 {
 	/** Share of what is left, for Fill. */

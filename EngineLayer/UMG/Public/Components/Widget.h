@@ -7,7 +7,7 @@
 class UPanelSlot;
 class UPanelWidget;
 
-/** What can be instanced into a widget tree. */
+/** What can be instantiated in a widget tree. */
 class ENGINELAYER_API UVisual : public UObject
 {
 	DECLARE_LAYER_CLASS(UVisual, UObject)
@@ -19,7 +19,7 @@ public:
 	}
 };
 
-/** A thing on the screen. */
+/** Something on the screen. */
 class ENGINELAYER_API UWidget : public UVisual
 {
 	DECLARE_LAYER_CLASS(UWidget, UVisual)
@@ -38,7 +38,7 @@ public:
 
 	virtual void SetVisibility(ESlateVisibility InVisibility) { Visibility = InVisibility; }
 	ESlateVisibility GetVisibility() const { return Visibility; }
-	/** Neither hidden nor collapsed itself. */
+	/** Whether the widget itself is neither hidden nor collapsed. */
 	bool IsDisplayed() const
 	{
 		return Visibility != ESlateVisibility::Hidden && Visibility != ESlateVisibility::Collapsed;
@@ -48,10 +48,10 @@ public:
 	virtual void SetIsEnabled(bool bInIsEnabled) { bIsEnabled = bInIsEnabled; }
 	bool GetIsEnabled() const { return bIsEnabled; }
 
-	/** Gives the widget the keyboard. */
+	/** Gives the widget keyboard focus. */
 	void SetFocus();
 	bool HasKeyboardFocus() const;
-	/** Takes the keyboard away if the widget has it; hosts call it. */
+	/** Takes keyboard focus away if the widget has it; called by hosts. */
 	void ClearFocus();
 
 	/**
@@ -60,23 +60,23 @@ public:
 	 */
 	bool IsUsable() const;
 
-	/** As it stood at the last layout. */
+	/** As of the last layout. */
 	const FGeometry& GetCachedGeometry() const { return CachedGeometry; }
 
-	/** Measures the widget and what is inside it at once, instead of at the next layout. */
+	/** Measures the widget and its contents at once, instead of at the next layout. */
 	void ForceLayoutPrepass() { DesiredSize = ComputeDesiredSize(); }
 	/** As last measured, in slate units. */
 	FVector2D GetDesiredSize() const { return DesiredSize; }
 
-	/** Whether the widget stands in a displayed tree, is constructed, and not yet torn down. */
+	/** Whether the widget is in a displayed tree, constructed, and not yet torn down. */
 	bool IsConstructed() const { return bIsConstructed; }
 
-	/** The next user widget around this one; null outside any. */
+	/** The innermost user widget around this one; null if there is none. */
 	class UUserWidget* GetOwningUserWidget() const;
 
-	/** Layout: the widget takes its size. Hosts call it on the root; InSize: slate units. */
+	/** Layout: the widget takes its size. Hosts call this on the root; InSize: slate units. */
 	virtual void Arrange(const FVector2f& InSize) { CachedGeometry.Size = InSize; }
-	/** The frame's tick of this widget and what is inside it; InDeltaTime: seconds. */
+	/** The frame's tick of this widget and its contents; InDeltaTime: seconds. */
 	virtual void TickTree([[maybe_unused]] float InDeltaTime) {}
 	/** The widget joined a displayed tree. */
 	virtual void ConstructTree() { bIsConstructed = true; }

@@ -2,7 +2,7 @@
 
 #include "Components/PanelWidget.h"
 
-/** A panel that sets its children in rows. Hosts that paint controls arrange them by themselves. */
+/** A panel that sets its children in rows. Hosts that paint controls arrange them themselves. */
 class ENGINELAYER_API UWrapBox : public UPanelWidget
 {
 	DECLARE_LAYER_CLASS(UWrapBox, UPanelWidget)

@@ -2,7 +2,7 @@
 
 #include "Fonts/SlateFontInfo.h"
 
-/** Measures texts for the widgets: the one thing that the layer needs of a host's text stack. */
+/** Measures texts for the widgets: all that the layer needs of a host's text stack. */
 class ENGINELAYER_API FSlateFontMeasure
 {
 public:
@@ -11,7 +11,7 @@ public:
 	/** Width and height of the text's box in slate units. */
 	virtual FVector2D Measure(const FString& Text, const FSlateFontInfo& FontInfo) = 0;
 
-	/** Installs a host's service, or takes it away with null; without one texts have no size. */
+	/** Installs a host's service, or removes it if null; without one texts have no size. */
 	static void Install(FSlateFontMeasure* InService);
 	static FSlateFontMeasure* Get();
 };

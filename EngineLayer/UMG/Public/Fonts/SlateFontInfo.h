@@ -13,7 +13,7 @@ struct FFontOutlineSettings
 /** How a text is set. */
 struct FSlateFontInfo
 {
-	/** Family name as the host's text stack knows it; empty: the host's default. */
+	/** Family name in the host's text stack; empty: the host's default. */
 	FName TypefaceFontName;
 	/** Points at 96 DPI: 24 is 32 slate units to the em. */
 	float Size = 24.f;

@@ -1,6 +1,6 @@
 #pragma once
 
-/** What the pointer did; reduced to the fact. */
+/** A pointer event; empty here. */
 struct FPointerEvent
 {
 };

@@ -3,7 +3,7 @@
 #include "CoreMinimal.h"
 #include "Rendering/SlateLayoutTransform.h"
 
-/** Where a widget stood at its last layout; reduced to its size. */
+/** Where a widget was at its last layout; only its size is kept. */
 struct FGeometry
 {
 	/** A geometry without a parent. InLocalSize: slate units. */

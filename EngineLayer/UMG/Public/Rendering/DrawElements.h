@@ -4,7 +4,7 @@
 
 class SWindow;
 
-/** What a window's widgets draw. Drawing is the hosts' affair, so it stays empty here. */
+/** What a window's widgets draw. Drawing is up to the hosts, so it stays empty here. */
 class FSlateWindowElementList
 {
 public:

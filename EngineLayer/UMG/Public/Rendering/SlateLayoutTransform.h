@@ -1,6 +1,6 @@
 #pragma once
 
-/** From a widget's units to the screen's; here both are the same. */
+/** From a widget's units to the screen's, which are the same here. */
 class FSlateLayoutTransform
 {
 };

@@ -2,7 +2,7 @@
 
 #include "UObject/Object.h"
 
-/** What a widget is painted with; without a resource a plain area. */
+/** What a widget is painted with; without a resource, a plain area. */
 struct FSlateBrush
 {
 	UObject* GetResourceObject() const { return ResourceObject; }

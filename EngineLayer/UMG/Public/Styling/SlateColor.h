@@ -2,7 +2,7 @@
 
 #include "CoreMinimal.h"
 
-/** A colour of a widget's style: a fixed one, none that the style would give. */
+/** A color in a widget's style; always a fixed one, never one inherited from the style. */
 struct FSlateColor
 {
 	FSlateColor() = default;

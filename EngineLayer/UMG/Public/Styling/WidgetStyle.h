@@ -1,6 +1,6 @@
 #pragma once
 
-/** What a widget's parents pass down of their look; nothing here. */
+/** The style that a widget's parents pass down; empty here. */
 class FWidgetStyle
 {
 };

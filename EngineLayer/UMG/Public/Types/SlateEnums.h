@@ -5,7 +5,7 @@ namespace ETextCommit
 {
 enum Type : int
 {
-	/** By losing the focus for a reason of the system's own. */
+	/** Focus was lost for a reason other than the viewer's. */
 	Default,
 	OnEnter,
 	OnUserMovedFocus,
@@ -13,7 +13,7 @@ enum Type : int
 };
 } // namespace ETextCommit
 
-/** Where a widget stands in the room it is given. The values are the engine's. */
+/** Where a widget sits in the room it is given. The values are the engine's. */
 enum EHorizontalAlignment : int
 {
 	HAlign_Fill,

@@ -2,7 +2,7 @@
 
 #include "Templates/SharedPointer.h"
 
-/** A widget under construction, which its arguments complete. */
+/** A widget under construction, completed by its arguments. */
 template <class WidgetType>
 struct TSlateDecl
 {

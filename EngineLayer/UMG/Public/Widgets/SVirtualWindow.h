@@ -29,7 +29,7 @@ private:
 	TSharedPtr<SWidget> Content;
 };
 
-/** A window that no screen shows. */
+/** A window that is not on any screen. */
 class SVirtualWindow final : public SWindow
 {
 public:

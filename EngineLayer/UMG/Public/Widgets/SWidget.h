@@ -8,15 +8,15 @@
 
 class FSlateWindowElementList;
 
-/** What stands behind a widget on the screen. Whoever holds it keeps the widget constructed. */
+/** The on-screen counterpart of a widget. Holding it keeps the widget constructed. */
 class SWidget
 {
 public:
 	virtual ~SWidget() = default;
 
-	/** Measures the widget and what is inside it. */
+	/** Measures the widget and its contents. */
 	virtual void SlatePrepass(float InLayoutScaleMultiplier) = 0;
-	/** One frame of the widget: layout, ticks, teardown. Gives the layer painted last. */
+	/** One frame of the widget: layout, ticks, teardown. Returns the last layer painted. */
 	virtual int32 Paint(const FPaintArgs& InArguments, const FGeometry& InGeometry, const FSlateRect& InCullingRect,
 						FSlateWindowElementList& OutDrawElements, int32 InLayerId, const FWidgetStyle& InWidgetStyle,
 						bool bInParentEnabled) const = 0;

@@ -65,6 +65,6 @@ bool HasText(std::u16string_view InText);
 bool IsVisible(const FServiceComment& InComment);
 
 /** The text without white space at its ends, and with one space for each run of it within. */
-std::string NormaliseSpace(std::string_view InText);
+std::string NormalizeSpace(std::string_view InText);
 
 } // namespace Flitmark

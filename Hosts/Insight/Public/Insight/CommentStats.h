@@ -63,7 +63,7 @@ struct FCommentStats
 	/** By ECommentKind. */
 	std::array<int64, static_cast<std::size_t>(ECommentKind::Unknown) + 1> NumOfKind{};
 
-	/** All that there are; sizes in points, colours 0xRRGGBBAA. */
+	/** All that there are; sizes in points, colors 0xRRGGBBAA. */
 	std::vector<TValueCount<int32>> Sizes;
 	std::vector<TValueCount<uint32>> Colors;
 

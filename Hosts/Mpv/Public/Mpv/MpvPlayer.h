@@ -43,7 +43,7 @@ public:
 	virtual void OnFailed(const std::string& InReason) = 0;
 	/** The position has jumped. */
 	virtual void OnSeeked() = 0;
-	/** The picture at the new position is ready, after opening and after each jump. */
+	/** The picture at the new position, which the state has, is ready: after opening and after each jump. */
 	virtual void OnArrived() {}
 	/** A file of subtitles belongs to the video now; InReason: why it does not, without a period; empty if it does. */
 	virtual void OnSubtitlesAdded([[maybe_unused]] const std::string& InUrl,
@@ -106,6 +106,7 @@ private:
 	void TakeProperty(const mpv_event_property& InProperty, std::size_t InIndex);
 	void Load();
 	void TakeReply(const mpv_event& InEvent);
+	void TakeArrival(const mpv_event& InEvent);
 	bool IsCurrent(int64_t InEntry) const { return InEntry >= Entry && InEntry <= LastEntry; }
 	void TakeSubtitles(std::size_t InIndex, int InError);
 	void TakeLoaded();

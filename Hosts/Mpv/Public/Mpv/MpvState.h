@@ -44,9 +44,11 @@ struct FMpvState
 	double Volume = 100.0;
 	bool bMuted = false;
 
-	/** The displayed picture (rotated, square pixels); 0 if there is none. */
+	/** The picture in square pixels, before it is rotated; 0 if there is none. */
 	int Width = 0;
 	int Height = 0;
+	/** Degrees clockwise by which it is rotated when displayed. */
+	int Rotation = 0;
 
 	/** Of the sound as decoded, in hertz; 0 if there is none. */
 	int SampleRate = 0;

@@ -25,7 +25,7 @@ struct FCommentStyle
 	/** False where there is no text or the color is fully transparent. */
 	bool IsVisible() const { return Color.A > 0 && !Text.empty(); }
 
-	FSprite Rasterise(FTextEngine& InEngine, FTextScale InScale) const;
+	FSprite Rasterize(FTextEngine& InEngine, FTextScale InScale) const;
 
 	bool operator==(const FCommentStyle&) const = default;
 };

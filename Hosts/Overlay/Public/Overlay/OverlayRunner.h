@@ -69,7 +69,10 @@ public:
 	/** One frame: comments advance by InSeconds times rate and speed, timers by InSeconds alone. */
 	void RunFrame(double InSeconds);
 
-	/** Whether further frames will move or end a comment on the canvas. */
+	/**
+	 * Whether a frame is needed as soon as possible: a comment scrolls, or a jump is under way. Standing comments change
+	 * with the media's seconds alone.
+	 */
 	bool IsMoving() const;
 
 	/** What is to be drawn after the last frame. */
@@ -130,6 +133,8 @@ private:
 	FOverlaySettings Settings;
 	double Rate = 1.0;
 	bool bPaused = false;
+	/** One of Comments scrolls. */
+	bool bScrolls = false;
 	/** The comments were switched on at the last frame. */
 	bool bWasOpen = true;
 

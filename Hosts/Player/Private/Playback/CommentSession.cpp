@@ -15,7 +15,7 @@ namespace Flitmark
 namespace
 {
 
-/** Points of the curve of density, and how far each is smoothed into its neighbours. */
+/** Points of the curve of density, and how far each is smoothed into its neighbors. */
 constexpr std::size_t NumBins = 300;
 constexpr double Smoothing = 2.5;
 
@@ -102,7 +102,6 @@ void FCommentSession::Show(FLoadedComments& InOutComments)
 			SpawnTicks.push_back(Entry.SpawnTicks);
 		}
 	}
-	Overlay.Jump();
 	Overlay.Load(std::move(InOutComments.Text), std::move(InOutComments.Document));
 	UpdateDensity();
 	Q_EMIT Loaded(InOutComments.Notes);

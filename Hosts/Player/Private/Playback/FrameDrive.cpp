@@ -8,6 +8,8 @@
 #include <QEvent>
 #include <QQuickWindow>
 
+#include <utility>
+
 namespace Flitmark
 {
 
@@ -30,13 +32,19 @@ FFrameDrive::FFrameDrive(QQuickWindow& InWindow, FCommentLayer& InLayer, FPlayer
 	SinceWake.start();
 	Window.installEventFilter(this);
 	connect(&Window, &QQuickWindow::afterAnimating, this, &FFrameDrive::RunFrame);
-	connect(&Player, &FPlayer::FrameNeeded, this, &FFrameDrive::Wake);
+	connect(&Player, &FPlayer::FrameNeeded, this, &FFrameDrive::Ask);
 	connect(&Bridge, &FViewerBridge::Acted, this, &FFrameDrive::Wake);
 }
 
 void FFrameDrive::Wake()
 {
 	SinceWake.restart();
+	Ask();
+}
+
+void FFrameDrive::Ask()
+{
+	bAsked = true;
 	Window.update();
 }
 
@@ -60,23 +68,29 @@ bool FFrameDrive::eventFilter(QObject*, QEvent* InEvent)
 	return false;
 }
 
-bool FFrameDrive::IsMoving() const
+bool FFrameDrive::IsAwake() const
 {
-	return Overlay.IsMoving() || Bridge.GetPanel()->IsDisplayed() || SinceWake.elapsed() < AwakeTime;
+	return Bridge.GetPanel()->IsDisplayed() || SinceWake.elapsed() < AwakeTime;
 }
 
 void FFrameDrive::RunFrame()
 {
-	// Updating the layer requests one more frame by itself: without this check, frames would never stop.
-	if (!IsMoving())
+	if (!std::exchange(bAsked, false) && !Player.IsPlaying() && !Overlay.IsMoving() && !IsAwake())
 	{
 		return;
 	}
 	Player.UpdateOverlay();
 	Overlay.RunFrame();
 	Bridge.Update();
-	Layer.update();
-	Window.update();
+	// Updating the layer requests one more frame by itself: without this check, frames would never stop.
+	if (Overlay.TakeChange())
+	{
+		Layer.update();
+	}
+	if (Overlay.IsMoving() || IsAwake())
+	{
+		Window.update();
+	}
 }
 
 } // namespace Flitmark

@@ -14,8 +14,8 @@ class FPlayer;
 class FViewerBridge;
 
 /**
- * Runs one overlay frame before each frame of the window, and asks for another one only as long as something moves. A
- * paused player that nobody touches costs nothing.
+ * Runs one overlay frame before each frame of the window, and asks for another one only as long as a comment scrolls or
+ * the viewer does something. Else a film has as many frames as pictures, and a paused player that nobody touches none.
  */
 class FFrameDrive final : public QObject
 {
@@ -34,7 +34,9 @@ protected:
 
 private:
 	void RunFrame();
-	bool IsMoving() const;
+	/** One frame, without keeping them coming. */
+	void Ask();
+	bool IsAwake() const;
 
 	QQuickWindow& Window;
 	FCommentLayer& Layer;
@@ -42,6 +44,8 @@ private:
 	FOverlay& Overlay;
 	FViewerBridge& Bridge;
 	QElapsedTimer SinceWake;
+	/** Asked for since the last frame. */
+	bool bAsked = true;
 };
 
 } // namespace Flitmark

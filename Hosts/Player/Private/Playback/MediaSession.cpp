@@ -7,15 +7,23 @@
 #include <QLocale>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <cmath>
+
 namespace Flitmark
 {
 
 namespace
 {
 
-/** Seconds from the start and from the end in which a position is not worth keeping. */
+/** Seconds from the start and from the end in which a position is not worth keeping; in short videos, parts of them. */
 constexpr double TooNearStart = 20.0;
 constexpr double TooNearEnd = 30.0;
+constexpr double StartPart = 0.2;
+constexpr double EndPart = 0.3;
+
+/** Seconds that a position may be off after a power cut. */
+constexpr double KeepEvery = 10.0;
 
 /** The viewer's languages as files' names have them: "zh-Hant-TW", "zh_Hant_TW", "zh", ... */
 QStringList LanguageNames()
@@ -41,6 +49,7 @@ void FMediaSession::Open(const QString& InVideo, double InStart)
 	const FRecentFile* const Recent = Recents.Find(InVideo);
 	Start = InStart > 0.0 ? InStart : Recent != nullptr ? Recent->Position : 0.0;
 	Video = InVideo;
+	Kept = Start;
 }
 
 QStringList FMediaSession::FindComments() const
@@ -79,8 +88,18 @@ void FMediaSession::Remember(const QString& InTitle, const QString& InComments)
 
 void FMediaSession::KeepPosition(double InPosition, double InDuration)
 {
-	const bool bWorthwhile = InPosition > TooNearStart && InPosition < InDuration - TooNearEnd;
+	const bool bWorthwhile = InPosition > std::min(TooNearStart, StartPart * InDuration) &&
+							 InPosition < InDuration - std::min(TooNearEnd, EndPart * InDuration);
 	Recents.SetPosition(Video, bWorthwhile ? InPosition : 0.0);
+	Kept = InPosition;
+}
+
+void FMediaSession::Follow(double InPosition, double InDuration)
+{
+	if (std::abs(InPosition - Kept) >= KeepEvery)
+	{
+		KeepPosition(InPosition, InDuration);
+	}
 }
 
 } // namespace Flitmark

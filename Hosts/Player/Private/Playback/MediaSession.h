@@ -32,6 +32,8 @@ public:
 	void Remember(const QString& InTitle, const QString& InComments);
 	/** Where it is left, in seconds; near the start or the end it begins anew the next time. */
 	void KeepPosition(double InPosition, double InDuration);
+	/** Where it is now: kept every ten seconds, in case nobody gets to say where it was left. */
+	void Follow(double InPosition, double InDuration);
 
 	FRecentFiles& GetRecents() { return Recents; }
 
@@ -39,6 +41,8 @@ private:
 	FRecentFiles Recents;
 	QString Video;
 	double Start = 0.0;
+	/** The position kept last. */
+	double Kept = 0.0;
 };
 
 } // namespace Flitmark

@@ -106,6 +106,12 @@ QString FPlayer::GetTitle() const
 	return IsLoaded() && !Known.Title.empty() ? QString::fromStdString(Known.Title) : NameOf(Media.GetVideo());
 }
 
+QSizeF FPlayer::GetVideoSize() const
+{
+	const QSizeF Size(Known.Width, Known.Height);
+	return Known.Rotation % 180 == 0 ? Size : Size.transposed();
+}
+
 double FPlayer::GetPosition() const
 {
 	return Seeks.GetTarget().value_or(Known.Position);
@@ -123,6 +129,7 @@ void FPlayer::SetPlaying(bool bInPlaying)
 		SeekTo(0.0);
 	}
 	State.SetPlaying(bInPlaying);
+	bSteps = false;
 	Mpv->SetPaused(!bInPlaying);
 	Apply();
 	if (IsOpen())
@@ -137,6 +144,7 @@ void FPlayer::StepFrame(bool bInForward)
 	{
 		// libmpv pauses by itself after the step.
 		State.SetPlaying(false);
+		bSteps = bInForward;
 		Mpv->StepFrame(bInForward);
 		Apply();
 		Announce(bInForward ? tr("Next frame") : tr("Previous frame"));
@@ -156,6 +164,14 @@ void FPlayer::SeekTo(double InPosition)
 void FPlayer::SeekBy(double InSeconds)
 {
 	SeekTo(GetPosition() + InSeconds);
+}
+
+void FPlayer::SeekByKey(double InSeconds, bool bInRepeat)
+{
+	if (const double Step = HeldSeek.Press(InSeconds, bInRepeat, ReadSteadyClock(), GetDuration()); Step != 0.0)
+	{
+		SeekBy(Step);
+	}
 }
 
 void FPlayer::Scrub(double InPosition)
@@ -264,7 +280,7 @@ QString FPlayer::FormatSpeed(double InSpeed)
 
 void FPlayer::Apply()
 {
-	Overlay.SetPaused(!State.IsRunning());
+	Overlay.SetPaused(!AreCommentsRunning());
 	Comments.SetDuration(Known.Duration);
 	Q_EMIT FrameNeeded();
 	Q_EMIT StateChanged();
@@ -272,7 +288,17 @@ void FPlayer::Apply()
 
 void FPlayer::UpdateOverlay()
 {
-	OverlayTime = GetPosition();
+	Overlay.SetPaused(!AreCommentsRunning());
+	// While libmpv seeks on its own, it has no position.
+	const double Before = OverlayTime;
+	if (Seeks.GetTarget() || !IsWaiting())
+	{
+		OverlayTime = GetPosition();
+	}
+	if (bSteps && OverlayTime != Before)
+	{
+		JumpTo(OverlayTime);
+	}
 	Overlay.SetMediaTime(OverlayTime);
 	const bool bUndrawn = Overlay.GetMeter().GetSprites().bUndrawn;
 	if (bUndrawn && !bWarnedUndrawn)
@@ -288,13 +314,21 @@ void FPlayer::OnStateChanged()
 	if (Known.Position != Before.Position || Known.BufferedTo != Before.BufferedTo)
 	{
 		Q_EMIT PositionChanged();
+		if (IsSeekable())
+		{
+			Media.Follow(GetPosition(), GetDuration());
+		}
 	}
 	FMpvState Compared = Before;
 	Compared.Position = Known.Position;
 	Compared.BufferedTo = Known.BufferedTo;
 	if (Known == Compared)
 	{
-		Q_EMIT FrameNeeded();
+		// The window has a frame for every picture anyway; comments start and end with the seconds.
+		if (!State.IsRunning() || std::floor(Known.Position) != std::floor(Before.Position))
+		{
+			Q_EMIT FrameNeeded();
+		}
 		return;
 	}
 	State.Follow(Known);
@@ -329,20 +363,24 @@ void FPlayer::OnFailed(const std::string& InReason)
 
 void FPlayer::OnSeeked()
 {
-	Overlay.Jump();
 	Q_EMIT FrameNeeded();
 }
 
 void FPlayer::OnArrived()
 {
-	const double Expected = OverlayTime;
 	Seeks.Finish();
-	// An inexact seek lands elsewhere: the comments due at its target are not due there.
-	if (!Seeks.GetTarget() && std::floor(Mpv->GetState().Position) != std::floor(Expected))
+	if (!Seeks.GetTarget())
 	{
-		Overlay.Jump();
+		JumpTo(Mpv->GetState().Position);
 	}
 	Q_EMIT FrameNeeded();
+}
+
+void FPlayer::JumpTo(double InPosition)
+{
+	OverlayTime = InPosition;
+	Overlay.SetMediaTime(InPosition);
+	Overlay.Jump();
 }
 
 } // namespace Flitmark

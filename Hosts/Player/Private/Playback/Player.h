@@ -2,6 +2,7 @@
 
 #include "Mpv/MpvPlayer.h"
 #include "Playback/CommentSession.h"
+#include "Playback/HeldSeek.h"
 #include "Playback/MediaSession.h"
 #include "Playback/MediaTrial.h"
 #include "Playback/MessageList.h"
@@ -91,6 +92,8 @@ public:
 	Q_INVOKABLE void SetPlaying(bool bInPlaying);
 	Q_INVOKABLE void SeekTo(double InPosition);
 	Q_INVOKABLE void SeekBy(double InSeconds);
+	/** By a key; bInRepeat: the keyboard repeats it while it is held down. */
+	Q_INVOKABLE void SeekByKey(double InSeconds, bool bInRepeat);
 	/** While the seek bar is dragged: fast rather than exact, as often as the decoder can follow. */
 	Q_INVOKABLE void Scrub(double InPosition);
 	Q_INVOKABLE void StepFrame(bool bInForward);
@@ -129,7 +132,7 @@ public:
 	double GetVolume() const { return Volume; }
 	bool IsMuted() const { return bMuted; }
 	QString GetTitle() const;
-	QSizeF GetVideoSize() const { return QSizeF(Known.Width, Known.Height); }
+	QSizeF GetVideoSize() const;
 	QUrl GetFolder() const { return Media.GetFolder(); }
 	FCommentSession* GetComments() { return &Comments; }
 	FMessageList* GetMessages() { return &Messages; }
@@ -171,6 +174,9 @@ private:
 	void ComplainOf(const QString& InVideo, const QString& InReason);
 	/** Passes a change of state on to the overlay and the window. */
 	void Apply();
+	/** Comments stand still until a seek has arrived. */
+	bool AreCommentsRunning() const { return State.IsRunning() && !Seeks.GetTarget(); }
+	void JumpTo(double InPosition);
 	void Seek(double InPosition, bool bInExact);
 	void LeavePosition();
 	void AnnounceComments(const QStringList& InNotes);
@@ -187,6 +193,7 @@ private:
 	/** To be shown with the video once it is loaded. */
 	QStringList Subtitles;
 	FSeekControl Seeks;
+	FHeldSeek HeldSeek;
 	FCommentSession Comments;
 
 	/** libmpv's last reported state. */
@@ -196,6 +203,8 @@ private:
 	bool bMuted = false;
 	/** The media time that the overlay was given last. */
 	double OverlayTime = 0.0;
+	/** Paused and stepping forward: each picture is a jump, as nothing runs in between. */
+	bool bSteps = false;
 	/** The viewer has been warned. */
 	bool bWarnedUndrawn = false;
 

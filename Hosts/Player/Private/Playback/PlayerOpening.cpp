@@ -77,7 +77,8 @@ void FPlayer::Replace(const FOpening& InWanted)
 	Media.Open(InWanted.Video, InWanted.Start);
 	Subtitles = InWanted.Subtitles;
 	State.Open();
-	Overlay.Jump();
+	Overlay.SetPaused(true);
+	JumpTo(Media.GetStart());
 	if (!bKeepComments)
 	{
 		Comments.Close();

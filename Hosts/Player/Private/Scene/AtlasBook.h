@@ -12,11 +12,11 @@
 namespace Flitmark
 {
 
-/** A part of a sprite, on a page. */
+/** A part of a sprite on a page. */
 struct FAtlasTile
 {
 	int32 Page = 0;
-	/** With a border of one pixel around the part. */
+	/** Includes a border of one pixel around the part. */
 	FAtlasSlot Slot;
 	/** The part's top-left corner in the sprite. */
 	int32 SpriteX = 0;
@@ -26,12 +26,12 @@ struct FAtlasTile
 	int32 GetHeight() const { return Slot.Height - 2; }
 };
 
-/** A sprite in the atlas; without tiles where there is nothing to be seen. */
+/** A sprite in the atlas; without tiles if there is nothing to see. */
 struct FAtlasSprite
 {
-	/** Keeps the style's number from being given up while its sprite is at hand. */
+	/** Keeps the style's number from being reused while its sprite is here. */
 	std::shared_ptr<const FSharedStyle> Style;
-	/** Device pixels per canvas unit that it was made for. */
+	/** Device pixels per canvas unit for which it was made. */
 	double Scale = 1.0;
 
 	/** As in FSprite. */
@@ -44,30 +44,32 @@ struct FAtlasSprite
 };
 
 /**
- * Which sprite lies where on the pages of an atlas. Sprites that no frame uses stay until their room is needed or they have
+ * Keeps track of where each sprite is on an atlas's pages. Unused sprites stay until their room is needed or they have
  * been idle for long.
  */
 class FAtlasBook
 {
 public:
-	/** Seconds after which an unused sprite goes. */
+	/** Seconds after which an unused sprite is dropped. */
 	static constexpr double MaxIdleTime = 20.0;
 
-	/** InPageSize: pixels of a page's side. */
+	/** InPageSize: a page's side, in pixels. */
 	FAtlasBook(int32 InPageSize, int32 InMaxPages);
 
-	/** A frame begins at InNow, in seconds: what is not used in it may be given up. */
+	/** A frame begins at InNow, in seconds; sprites that it does not use may be dropped. */
 	void BeginFrame(double InNow);
 
-	/** A style's sprite, which the present frame uses; null where there is none. */
+	/** A style's sprite, marked as used in the current frame; null if there is none. */
 	const FAtlasSprite* Use(uint64 InStyleId);
 	const FAtlasSprite* Find(uint64 InStyleId) const;
 
-	/** Room for a sprite, in tiles where it is larger than a page. Null where the pages are full of sprites in use. */
+	/**
+	 * Reserves room for a sprite, in tiles if it is larger than a page. Null if the pages are full of sprites in use.
+	 */
 	std::optional<std::vector<FAtlasTile>> Reserve(int32 InWidth, int32 InHeight);
-	/** Gives up what Reserve gave. */
+	/** Frees what Reserve returned. */
 	void Release(const std::vector<FAtlasTile>& InTiles);
-	/** Enters a sprite, in place of its style's one before. */
+	/** Adds a sprite, replacing its style's previous one. */
 	void Enter(FAtlasSprite InSprite);
 
 	int32 GetPageSize() const { return PageSize; }
@@ -79,7 +81,7 @@ private:
 	struct FPage
 	{
 		FAtlasPacker Packer;
-		/** Has or will have a texture. */
+		/** Whether it has or will have a texture. */
 		bool bOpen = true;
 	};
 	struct FEntry
@@ -101,7 +103,7 @@ private:
 	uint64 Frame = 0;
 	double Now = 0.0;
 	std::vector<FPage> Pages;
-	/** The longest unused first. */
+	/** The longest unused come first. */
 	FEntries Entries;
 	std::unordered_map<uint64, FEntries::iterator> ByStyle;
 };

@@ -8,7 +8,7 @@ namespace Flitmark
 namespace
 {
 
-/** Shelves are as high as a multiple of this, so that sprites of about a height share them. */
+/** Shelf heights are multiples of this, so that sprites of similar heights share shelves. */
 constexpr int32 HeightStep = 8;
 
 constexpr std::size_t None = static_cast<std::size_t>(-1);
@@ -69,7 +69,7 @@ std::optional<FAtlasSlot> FAtlasPacker::Place(int32 InWidth, int32 InHeight)
 	{
 		return std::nullopt;
 	}
-	// A shelf that wastes little, else a new one, else whatever there is.
+	// A shelf that wastes little, else a new one, else any that fits.
 	std::size_t Index = FindShelf(InWidth, InHeight, InHeight + InHeight / 4 + HeightStep);
 	Index = Index == None ? OpenShelf(InHeight) : Index;
 	Index = Index == None ? FindShelf(InWidth, InHeight, Size) : Index;

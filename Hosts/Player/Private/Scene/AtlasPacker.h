@@ -8,7 +8,7 @@
 namespace Flitmark
 {
 
-/** A rectangle of a page, in pixels. */
+/** A rectangle on a page, in pixels. */
 struct FAtlasSlot
 {
 	int32 X = 0;
@@ -18,19 +18,19 @@ struct FAtlasSlot
 };
 
 /**
- * Finds room for rectangles on a square page: on shelves, for comments are wide and of a few heights. What is given back
- * is used again; an emptied shelf becomes room for shelves of other heights.
+ * Finds room for rectangles on a square page. It packs them on shelves, since comments are wide and have only a few
+ * heights. Freed room is reused; an empty shelf becomes room for shelves of other heights.
  */
 class FAtlasPacker
 {
 public:
-	/** InSize: pixels of a side. */
+	/** InSize: the page's side, in pixels. */
 	explicit FAtlasPacker(int32 InSize);
 
-	/** Empty where there is no room; both sizes are above 0. */
+	/** Empty if there is no room; both sizes must be above 0. */
 	std::optional<FAtlasSlot> Place(int32 InWidth, int32 InHeight);
 
-	/** Gives a slot back, as it was given by Place. */
+	/** Frees a slot exactly as Place returned it. */
 	void Remove(const FAtlasSlot& InSlot);
 
 	bool IsEmpty() const { return NumSlots == 0; }
@@ -46,7 +46,7 @@ private:
 		int32 Y = 0;
 		int32 Height = 0;
 		int32 NumSlots = 0;
-		/** Room that is free, from left to right, never touching. */
+		/** Free spans from left to right; no two touch. */
 		std::vector<FSpan> Free;
 	};
 
@@ -56,7 +56,7 @@ private:
 
 	const int32 Size;
 	int32 NumSlots = 0;
-	/** From top to bottom, without gaps; no two without slots touch. */
+	/** From top to bottom, without gaps; no two empty ones touch. */
 	std::vector<FShelf> Shelves;
 };
 

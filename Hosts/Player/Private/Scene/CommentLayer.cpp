@@ -14,7 +14,7 @@ namespace Flitmark
 namespace
 {
 
-/** How long a size has to last before sprites are made for it. */
+/** How long a size must last before sprites are made for it. */
 constexpr std::chrono::milliseconds SettleTime{150};
 
 } // namespace
@@ -51,7 +51,7 @@ void FCommentLayer::SetOverlay(FOverlay* InOverlay)
 	RasterScale = 0.0;
 	if (Overlay != nullptr)
 	{
-		// From workers and the render thread.
+		// Called from workers and the render thread.
 		Overlay->GetMaker()->SetListener(
 			[this] { QMetaObject::invokeMethod(this, &QQuickItem::update, Qt::QueuedConnection); });
 	}

@@ -12,20 +12,23 @@ class FOverlay;
 
 /**
  * The comments in the scene, over the item's whole rectangle. Whoever runs the overlay's frames calls update() after
- * each; the layer asks for the frames that it needs itself, when sprites have been made.
+ * each; the layer itself requests a frame when sprites have been made.
  */
 class FCommentLayer : public QQuickItem
 {
 	Q_OBJECT
 	QML_NAMED_ELEMENT(CommentLayer)
-	/** How far above their places bottom comments are drawn, in logical pixels: what covers the item's lower edge. */
+	/** How far to raise bottom comments, in logical pixels, above whatever covers the item's lower edge. */
 	Q_PROPERTY(double lift READ GetLift WRITE SetLift NOTIFY LiftChanged)
 
 public:
 	explicit FCommentLayer(QQuickItem* InParent = nullptr);
 	~FCommentLayer() override;
 
-	/** What is drawn, and told the item's size, its screen's scale and refresh rate. Null before the overlay ends. */
+	/**
+	 * The overlay to draw, which is told the item's size and its screen's scale and refresh rate. Set it to null before
+	 * the overlay is destroyed.
+	 */
 	void SetOverlay(FOverlay* InOverlay);
 	double GetLift() const { return Lift; }
 	void SetLift(double InLift);

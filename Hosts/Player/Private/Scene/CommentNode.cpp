@@ -19,7 +19,7 @@ FCommentNode::FCommentNode(QQuickWindow& InWindow)
 
 FCommentNode::~FCommentNode()
 {
-	// The parts are members: the scene must not end them too.
+	// The child nodes are members, so the scene must not delete them.
 	removeAllChildNodes();
 }
 
@@ -77,8 +77,10 @@ void FCommentNode::preprocess()
 	{
 		Atlas.Use(Comment.StyleId);
 	}
-	bStale |= Atlas.Upload(*Maker);
-	if (Atlas.HasMore())
+	const bool bEntered = Atlas.Upload(*Maker);
+	bStale |= bEntered;
+	// Also for the figures, which count what is still missing when a frame begins.
+	if (bEntered || Atlas.HasMore())
 	{
 		Maker->Notify();
 	}
@@ -113,12 +115,12 @@ void FCommentNode::AddQuads(const FDrawn& InDrawn, const FAtlasSprite& InSprite)
 	};
 	const double X = Snap(InDrawn.bSnapX, InDrawn.Position.x(), Origin.x());
 	const double Y = Snap(InDrawn.bSnapY, InDrawn.Position.y(), Origin.y());
-	// A sprite of another scale is stretched until the right one is made.
+	// A sprite of another scale is stretched until one of the right scale is made.
 	const double Stretch = Scale / InSprite.Scale;
 	const double PageSize = Atlas.GetPageSize();
 	for (const FAtlasTile& Tile : InSprite.Tiles)
 	{
-		// Between pixels a sprite reaches half a pixel into its border, but not where its next tile begins.
+		// Off the pixel grid, a sprite extends half a pixel into its border, except where its next tile begins.
 		const double Left = Tile.SpriteX == 0 ? 0.5 : 0.0;
 		const double Top = Tile.SpriteY == 0 ? 0.5 : 0.0;
 		const double Right = Tile.SpriteX + Tile.GetWidth() == InSprite.Width ? 0.5 : 0.0;

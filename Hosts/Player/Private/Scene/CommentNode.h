@@ -14,8 +14,8 @@ namespace Flitmark
 class FOverlay;
 
 /**
- * The comments in a scene. Owns the textures: the scene ends it with its context current, whatever becomes of the window or
- * the layer. On the render thread alone.
+ * The comments in a scene. Owns the textures: the scene deletes it with its context current, whatever happens to the
+ * window or the layer. Render thread only.
  */
 class FCommentNode final : public QSGNode
 {
@@ -24,22 +24,22 @@ public:
 	~FCommentNode() override;
 
 	/**
-	 * Takes over what is to be drawn while the interface thread waits, and has missing sprites made.
-	 * InRasterScale: device pixels per canvas unit for these. InOrigin: the item in the window, in device pixels. InLift:
-	 * how far above their places bottom comments are drawn, in device pixels.
+	 * Takes over what to draw, while the interface thread waits, and requests missing sprites. InRasterScale: device
+	 * pixels per canvas unit for these. InOrigin: the item's position in the window, in device pixels. InLift: how far
+	 * to raise bottom comments, in device pixels.
 	 */
 	void Sync(FOverlay& InOverlay, double InRasterScale, QPointF InOrigin, double InLift);
 
-	/** Before each frame is drawn: hands sprites to the graphics card, lays the comments out. */
+	/** Before each frame is drawn: uploads sprites and lays out the comments. */
 	void preprocess() override;
 
 private:
 	struct FDrawn
 	{
 		uint64 StyleId = 0;
-		/** Top-left corner in device pixels from the item's. */
+		/** Top-left corner in device pixels, relative to the item's. */
 		QPointF Position;
-		/** Stands on whole device pixels. */
+		/** Whether it sits on whole device pixels. */
 		bool bSnapX = false;
 		bool bSnapY = false;
 		bool bViewers = false;
@@ -56,12 +56,12 @@ private:
 	std::vector<FDrawn> Comments;
 	QPointF Origin;
 	double DevicePixelRatio = 1.0;
-	/** Device pixels per canvas unit, as comments are placed. */
+	/** Device pixels per canvas unit for placing comments. */
 	double Scale = 1.0;
 	int32 NumWanted = 0;
 	bool bStale = false;
 
-	/** For each page those of the others' comments, then for each those of the viewer's. */
+	/** For each page the nodes of others' comments, then for each page those of the viewer's. */
 	std::vector<std::vector<FPageQuad>> Quads;
 	std::vector<std::unique_ptr<FPageNode>> Nodes;
 };

@@ -14,16 +14,16 @@ constexpr double UsualRate = 60.0;
 constexpr double MinRate = 10.0;
 constexpr double MaxRate = 1000.0;
 
-/** In periods: how far a single step may be off a whole number of them, and how far the sum may be off real time. */
+/** In periods: how far a single step may be off a whole number, and how far the sum may be off real time. */
 constexpr double MostJitter = 0.45;
 constexpr double MostOwed = 0.75;
 
-/** In periods: beyond it the frames do not follow the display, and nothing is gained by taking them to. */
+/** In periods: beyond this the frames do not follow the display, and there is no point in snapping. */
 constexpr double MostDrift = 0.08;
 /** Weight of the newest step in the drift. */
 constexpr double DriftWeight = 1.0 / 16.0;
 
-/** Share of what is owed that a snapped step pays back, so that a rate that is a little off never adds up to a jump. */
+/** Share of the debt that a snapped step pays back, so that a slightly wrong rate never adds up to a jump. */
 constexpr double Payback = 0.05;
 
 } // namespace
@@ -42,12 +42,13 @@ double FFrameClock::Advance(double InNow)
 {
 	const double Step = InNow - Last;
 	Last = InNow;
+	bLate = bStarted && Step > LongestStep;
 	if (!bStarted || Step <= 0.0)
 	{
 		bStarted = true;
 		return 0.0;
 	}
-	if (Step > LongestStep)
+	if (bLate)
 	{
 		Owed = 0.0;
 		return Period;

@@ -3,24 +3,29 @@
 namespace Flitmark
 {
 
-/** Seconds of the clock that all frames go by. */
+/** The current time of the clock that all frames use, in seconds. */
 double ReadSteadyClock();
 
 /**
- * Turns the uneven times at which frames are asked for into the even ones at which a display shows them: a step near a
- * whole number of the display's periods becomes that number. What is given sums up to the real time.
+ * Turns the uneven times at which frames are requested into the even ones at which a display shows them: a step near a
+ * whole number of display periods becomes that number. The steps add up to real time.
  */
 class FFrameClock
 {
 public:
-	/** A longer step (a hidden window, a machine that slept) counts as one ordinary frame. Seconds. */
+	/** In seconds. A longer step (a hidden window, a sleeping machine) counts as one ordinary frame. */
 	static constexpr double LongestStep = 0.25;
 
-	/** Frames a second of the display; what is no sensible rate counts as 60. */
+	/** The display's frames per second; anything but a sensible rate counts as 60. */
 	void SetRefreshRate(double InHertz);
 
-	/** The frame at InNow, seconds of a steady clock: seconds since the frame before, 0 for the first one. */
+	/**
+	 * Starts the frame at InNow, seconds of a steady clock; returns the seconds since the previous frame, 0 for the
+	 * first.
+	 */
 	double Advance(double InNow);
+	/** Whether the last step was longer than LongestStep. */
+	bool IsLate() const { return bLate; }
 
 private:
 	double Snap(double InStep);
@@ -28,9 +33,10 @@ private:
 	double Period = 1.0 / 60.0;
 	double Last = 0.0;
 	bool bStarted = false;
-	/** Real time that has not been given yet, in seconds; negative where more was given. */
+	bool bLate = false;
+	/** Real time not yet accounted for, in seconds; negative if too much was. */
 	double Owed = 0.0;
-	/** Mean of what the last steps were off a whole number of periods, in seconds. */
+	/** Mean deviation of the last steps from a whole number of periods, in seconds. */
 	double Drift = 0.0;
 };
 

@@ -9,7 +9,7 @@ namespace Flitmark
 namespace
 {
 
-/** Seconds of processor time of this thread. */
+/** This thread's processor time, in seconds. */
 double ReadThreadTime()
 {
 	timespec Now = {};
@@ -63,7 +63,7 @@ FFrameFigures FFrameMeter::GetFrames() const
 		Figures.WorstWork = std::max(Figures.WorstWork, Frame.Work);
 	}
 	Figures.MeanWork = Sum / static_cast<double>(Frames.size());
-	// Frames of the last second alone: a rate that lags is no rate.
+	// Only frames of the last second: an old rate is worth nothing.
 	const double End = Frames.back().Begin;
 	const auto First = std::ranges::find_if(Frames, [End](const FFrame& Frame) { return Frame.Begin >= End - 1.0; });
 	if (First->Begin < End)

@@ -7,12 +7,12 @@
 namespace Flitmark
 {
 
-/** What drawing the comments costs, and what there is of them. */
+/** What drawing the comments costs, and how many there are. */
 struct FFrameFigures
 {
 	/**
-	 * Our own work of a frame while the interface thread runs or waits for it, in seconds of processor time (other programs
-	 * do not count): the last frame, mean and worst of the last 5 s.
+	 * Our own work per frame while the interface thread runs or waits for it, in seconds of processor time (which other
+	 * programs don't affect): the last frame, and the mean and worst of the last 5 s.
 	 */
 	double LastWork = 0.0;
 	double MeanWork = 0.0;
@@ -24,38 +24,38 @@ struct FFrameFigures
 	int32 NumComments = 0;
 };
 
-/** What the layer has drawn on, as of its last frame. */
+/** The layer's resources as of its last frame. */
 struct FSpriteFigures
 {
-	/** Sprites rasterised so far, and still to be made or to be handed to the graphics card. */
+	/** Sprites rasterized so far, and those still to be made or uploaded. */
 	int64 NumMade = 0;
 	int32 NumWaiting = 0;
 
 	int64 TextureBytes = 0;
 
-	/** Something stayed undrawn, because it is absurdly long or large or the textures are full. */
+	/** Something was not drawn because it is absurdly long or large, or because the textures are full. */
 	bool bUndrawn = false;
 };
 
-/** Keeps the figures of the last seconds. For one thread at a time. */
+/** Keeps the figures of the last few seconds. For one thread at a time. */
 class FFrameMeter
 {
 public:
-	/** Seconds that a figure looks back. */
+	/** Seconds that a figure covers. */
 	static constexpr double Span = 5.0;
 
 	/** A frame begins at InNow, seconds of a steady clock. */
 	void BeginFrame(double InNow);
-	/** Seconds of work that belong to the present frame. */
+	/** Adds seconds of work to the current frame. */
 	void AddWork(double InSeconds);
 	void SetNumComments(int32 InNumComments) { NumComments = InNumComments; }
 
-	/** Costs a walk over the last seconds' frames: for display. */
+	/** Walks over the last few seconds' frames, so use it for display only. */
 	FFrameFigures GetFrames() const;
 
 	void SetSprites(const FSpriteFigures& InFigures) { Sprites = InFigures; }
 	const FSpriteFigures& GetSprites() const { return Sprites; }
-	/** Another document begins: what stayed undrawn before is told no more. */
+	/** A new document begins: forgets what was not drawn before. */
 	void ForgetUndrawn() { Sprites.bUndrawn = false; }
 
 private:
@@ -70,7 +70,7 @@ private:
 	FSpriteFigures Sprites;
 };
 
-/** Adds the work of its scope to the present frame. */
+/** Adds the work in its scope to the current frame. */
 class FMeteredWork
 {
 public:

@@ -13,7 +13,7 @@
 namespace Flitmark
 {
 
-/** A rectangle of a page as it is drawn. */
+/** A rectangle of a page, as drawn. */
 struct FPageQuad
 {
 	/** In the item's coordinates. */
@@ -26,12 +26,12 @@ struct FPageQuad
 class FPageNode final : public QSGGeometryNode
 {
 public:
-	/** More would need indices of more than 16 bits, which not every graphics card has. */
+	/** More would need indices of more than 16 bits, which not every graphics card supports. */
 	static constexpr std::size_t MaxQuads = 16'000;
 
 	FPageNode();
 
-	/** At most MaxQuads, drawn in order; the texture outlives their being shown. */
+	/** At most MaxQuads, drawn in order; the texture must live for as long as they are shown. */
 	void Show(QSGTexture& InTexture, std::span<const FPageQuad> InQuads);
 
 private:

@@ -14,11 +14,11 @@ namespace Flitmark
 namespace
 {
 
-/** Pixels of a page's side: some hundred comments, in a texture that every graphics card can have. */
+/** A page's side, in pixels: room for about a hundred comments, in a texture that every graphics card supports. */
 constexpr GLint UsualPageSize = 2048;
 constexpr int64 BytesPerPixel = 4;
 
-/** Seconds until a sprite for which there was no room is made again. */
+/** Seconds before retrying a sprite for which there was no room. */
 constexpr double RetryTime = 1.0;
 
 int32 FindPageSize(QOpenGLFunctions& InGl)
@@ -161,7 +161,7 @@ int64 FSpriteAtlas::UploadRows(int64 InMaxBytes)
 
 void FSpriteAtlas::StageRow(const FSprite& InSprite, const FAtlasTile& InTile, int32 InRow)
 {
-	// The border is clear, but where another tile goes on it is that one's edge, so that no seam is seen.
+	// The border is clear, except that next to another tile it repeats that tile's edge, so that no seam shows.
 	const std::size_t Begin = Staging.size();
 	Staging.resize(Begin + static_cast<std::size_t>(InTile.Slot.Width * BytesPerPixel));
 	const int32 Y = InTile.SpriteY + InRow - 1;
@@ -202,7 +202,7 @@ void FSpriteAtlas::OpenPage(int32 InPage)
 
 void FSpriteAtlas::ClosePage(FPage& InPage)
 {
-	// Without its context the texture is gone already.
+	// Without its context, the texture is already gone.
 	if (InPage.Texture && QOpenGLContext::currentContext() != nullptr)
 	{
 		Gl.glDeleteTextures(1, &InPage.Name);

@@ -18,45 +18,47 @@ namespace Flitmark
 {
 
 /**
- * Sprites in textures of the scene. Lives on a scene's render thread with its OpenGL context current, and ends before the
- * context does.
+ * Sprites in the scene's textures. Lives on the scene's render thread with its OpenGL context current, and must be
+ * destroyed before the context.
  */
 class FSpriteAtlas
 {
 public:
-	/** Bytes of all textures; a screen full of comments takes a tenth. Beyond it comments stay undrawn. */
+	/**
+	 * Limit on the bytes of all textures; a screen full of comments takes a tenth. Beyond it, comments are not drawn.
+	 */
 	static constexpr int64 MaxTextureBytes = int64{256} << 20;
 
-	/** What a frame hands to the graphics card at most: bytes, or seconds where they come first. */
+	/** A frame's upload limit: bytes or seconds, whichever comes first. */
 	static constexpr int64 FrameBytes = int64{2} << 20;
 	static constexpr double FrameTime = 0.002;
 
-	/** InWindow outlives this. */
+	/** InWindow must outlive this object. */
 	explicit FSpriteAtlas(QQuickWindow& InWindow, int64 InMaxBytes = MaxTextureBytes);
 	~FSpriteAtlas();
 
-	/** InNow: seconds of a steady clock. Whether a page's texture went. */
+	/** InNow: seconds of a steady clock. Returns whether a page's texture was freed. */
 	bool BeginFrame(double InNow);
 
-	/** As FAtlasBook has them; at any scale. */
+	/** As in FAtlasBook; at any scale. */
 	const FAtlasSprite* Use(uint64 InStyleId) { return Book.Use(InStyleId); }
 	const FAtlasSprite* Find(uint64 InStyleId) const { return Book.Find(InStyleId); }
 
-	/** Whether a sprite is to be made: it is neither here, at this scale, nor on its way, nor was there no room just now. */
+	/** Whether to make a sprite: it is neither here at this scale nor on its way, and it did not recently lack room. */
 	bool IsMissing(uint64 InStyleId, double InScale) const;
 
-	/** Takes what was made and hands over as much as a frame may. Whether a sprite became drawable. */
+	/** Takes finished sprites and uploads as much as a frame may. Returns whether a sprite became drawable. */
 	bool Upload(FSpriteMaker& InMaker);
-	/** Whether the last call of Upload left something over. */
+	/** Whether the last call to Upload left something to do. */
 	bool HasMore() const { return bHasMore; }
 
 	QSGTexture& GetPage(int32 InPage) const { return *Pages[static_cast<std::size_t>(InPage)].Texture; }
 	int32 GetNumPages() const { return static_cast<int32>(Pages.size()); }
-	/** Pixels of a page's side. */
+	/** A page's side, in pixels. */
 	int32 GetPageSize() const { return Book.GetPageSize(); }
 	int64 GetTextureBytes() const;
 
-	/** Whether something stayed undrawn since the last call. */
+	/** Whether something was not drawn since the last call. */
 	bool TakeUndrawn() { return std::exchange(bUndrawn, false); }
 
 private:
@@ -71,7 +73,7 @@ private:
 	{
 		FSprite Source;
 		FAtlasSprite Target;
-		/** What comes next: a tile, and a row of its slot. */
+		/** What to upload next: a tile, and a row of its slot. */
 		std::size_t Tile = 0;
 		int32 Row = 0;
 	};

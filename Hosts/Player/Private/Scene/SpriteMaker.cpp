@@ -8,7 +8,7 @@ namespace Flitmark
 namespace
 {
 
-/** A second of a thousand comments takes one thread some 20 ms; two leave room for the video's decoder. */
+/** A second with a thousand comments takes one thread about 20 ms; two leave room for the video decoder. */
 unsigned int CountThreads()
 {
 	return std::thread::hardware_concurrency() > 2 ? 2 : 1;
@@ -131,7 +131,7 @@ void FSpriteMaker::Work(std::stop_token InStop)
 			Queue.pop_back();
 			AtHand.insert(Next);
 		}
-		FSprite Sprite = Next.Style->Style.Rasterise(Engine, {Next.Scale, Next.Scale});
+		FSprite Sprite = Next.Style->Style.Rasterize(Engine, {Next.Scale, Next.Scale});
 		Finish({std::move(Next), std::move(Sprite)});
 	}
 }

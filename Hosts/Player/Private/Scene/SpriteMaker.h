@@ -16,7 +16,7 @@
 namespace Flitmark
 {
 
-/** A sprite that is to be made. */
+/** A sprite to be made. */
 struct FWantedSprite
 {
 	std::shared_ptr<const FSharedStyle> Style;
@@ -32,35 +32,35 @@ struct FMadeSprite : FWantedSprite
 	FSprite Sprite;
 };
 
-/** Rasterises comments on threads of its own. May be called from any thread. */
+/** Rasterizes comments on its own threads. May be called from any thread. */
 class FSpriteMaker
 {
 public:
-	/** Bytes of made sprites that wait to be taken; beyond it making pauses. */
+	/** Limit on the bytes of finished sprites waiting to be taken; beyond it, the workers pause. */
 	static constexpr int64 MaxReadyBytes = int64{32} << 20;
 
-	/** InEngine outlives this, or the call of Stop. */
+	/** InEngine must outlive this object, or last until Stop has returned. */
 	explicit FSpriteMaker(FTextEngine& InEngine, int64 InMaxReadyBytes = MaxReadyBytes);
 	~FSpriteMaker();
 
 	/**
-	 * Called from any thread when there is something to take where there was nothing, and by Notify. It must call nothing
-	 * of this; after it was replaced it is not running any more.
+	 * Called from any thread when the first finished sprite is ready to be taken, and by Notify. It must not call this
+	 * object. Once replaced, it is no longer running.
 	 */
 	void SetListener(std::function<void()> InListener);
-	/** Has the listener look again. */
+	/** Makes the listener look again. */
 	void Notify();
 
-	/** All that is wanted, the most urgent first. What was wanted before and is not any more is dropped, made or not. */
+	/** All sprites wanted, the most urgent first. Those no longer wanted are dropped, finished or not. */
 	void SetWanted(std::vector<FWantedSprite> InWanted);
 
-	/** The next sprite that was made. */
+	/** The next finished sprite. */
 	std::optional<FMadeSprite> Take();
 
 	/** Sprites made so far. */
 	int64 GetNumMade() const;
 
-	/** Ends the threads, after the sprite that each has at hand; nothing is made any more. */
+	/** Ends the threads, each after its current sprite; nothing more is made. */
 	void Stop();
 
 private:
@@ -81,7 +81,7 @@ private:
 	std::function<void()> Listener;
 	/** The most urgent last. */
 	std::vector<FWantedSprite> Queue;
-	/** All that is wanted, made or not. */
+	/** All sprites wanted, finished or not. */
 	FSet Wanted;
 	FSet AtHand;
 	/** In the order in which they were made. */
@@ -89,7 +89,7 @@ private:
 	int64 ReadyBytes = 0;
 	int64 NumMade = 0;
 
-	/** Last, so that they end first. */
+	/** Declared last, so that they end first. */
 	std::vector<std::jthread> Threads;
 };
 

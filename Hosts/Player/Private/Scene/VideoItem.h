@@ -19,7 +19,7 @@ class FVideoItem : public QQuickFramebufferObject
 public:
 	explicit FVideoItem(QQuickItem* InParent = nullptr);
 
-	/** Whose picture; kept alive until the scene has let go of it. */
+	/** The player whose picture it shows; kept alive until the scene has released it. */
 	void SetHandle(std::shared_ptr<mpv_handle> InHandle);
 
 	Renderer* createRenderer() const override;
@@ -27,7 +27,7 @@ public:
 Q_SIGNALS:
 	/** The player can draw from now on. */
 	void Ready();
-	/** The picture cannot be drawn; InReason: without an end stop. */
+	/** The picture can't be drawn; InReason: without a final period. */
 	void Failed(const QString& InReason);
 
 private:

@@ -82,9 +82,11 @@ public:
 	 * including outline and color emoji. See FTextLimits for what is not painted of an absurd text. The sprite is
 	 * empty if nothing is visible or if size or scale is not positive.
 	 */
-	FSprite Rasterise(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale);
+	FSprite Rasterize(std::u16string_view InText, float InSizePoints, FTextColor InColor, FTextScale InScale);
 
-	/** The lines of a text, as far as they are painted, for those who draw with other means: what Rasterise draws where. */
+	/**
+	 * The lines of a text, as far as they are painted, for those who draw with other means: what Rasterize draws where.
+	 */
 	std::vector<FTextRow> Split(std::u16string_view InText);
 
 	/** Canvas units per em; 0 for a size that is not positive. */

@@ -11,7 +11,7 @@ enum class EVideoOutcome
 {
 	Done,
 	Failed,
-	Cancelled,
+	Canceled,
 };
 
 /** An outcome and, if it failed, a message: what failed, where, and what to do. */
