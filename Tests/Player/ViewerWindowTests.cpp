@@ -45,6 +45,7 @@ private Q_SLOTS:
 	void PutsTheKeyboardIntoTheFieldForAnEmptyComment();
 	void RewritesATypedColor();
 	void ChangesPreferencesOnThePage();
+	void ScrollsThePageInASmallWindow();
 	void TellsAssistiveTechnologyWhatIsChecked();
 
 private:
@@ -408,6 +409,32 @@ void ViewerWindowTest::ChangesPreferencesOnThePage()
 	QVERIFY(Stage->Bar().GetOpen()->IsChecked());
 	QTest::keyClick(Window, Qt::Key_Escape);
 	QTRY_VERIFY(!Page->property("visible").toBool());
+}
+
+void ViewerWindowTest::ScrollsThePageInASmallWindow()
+{
+	Window->resize(640, 360);
+	QTRY_COMPARE(Window->size(), QSize(640, 360));
+	auto* Page = Window->findChild<QObject*>("Page");
+	QMetaObject::invokeMethod(Page, "open");
+	QTRY_VERIFY(Page->property("opened").toBool());
+	const auto RectOf = [this](const char* Name)
+	{
+		const QQuickItem* const Item = Find(Name);
+		return Item->mapRectToScene(QRectF(0.0, 0.0, Item->width(), Item->height()));
+	};
+	const QRectF Whole(0.0, 0.0, 640.0, 360.0);
+	QVERIFY(Whole.contains(RectOf("Done")) && Whole.contains(RectOf("Defaults")));
+	const QRectF Seen = RectOf("SettingsScroll");
+	QVERIFY(Whole.contains(Seen));
+	QVERIFY(!Seen.contains(RectOf("StayInField")));
+	for (const char* Name : {"StayInField", "PageSwitch", "StayInField"})
+	{
+		Find(Name)->forceActiveFocus(Qt::TabFocusReason);
+		QTRY_VERIFY2(Seen.contains(RectOf(Name)), Name);
+	}
+	Click("StayInField");
+	QVERIFY(Choices->StaysInField());
 }
 
 bool ViewerWindowTest::IsHeardChecked(const char* Name)
