@@ -6,7 +6,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace Flitmark
 {
@@ -120,6 +124,101 @@ TEST_F(FOverlayTest, FollowsAMediaThatLeaps)
 	Step();
 	EXPECT_FALSE(Overlay->TakeChange()) << "it only stands there";
 	EXPECT_FALSE(Overlay->IsMoving());
+}
+
+/** What settings make of a picture at second 10, paused. */
+struct FSettingsCase
+{
+	const char* Name;
+	void (*Change)(FOverlaySettings&);
+	/** Comments that then show, and above which canvas unit all of them begin. */
+	std::set<std::u16string> Texts;
+	double Below;
+};
+
+TEST_F(FOverlayTest, ChangedSettingsShowAtOnceAlsoWhilePaused)
+{
+	const std::set<std::u16string> All = {u"scrolls", u"top", u"bottom"};
+	const FSettingsCase Cases[] = {
+		{"usual", [](FOverlaySettings&) {}, All, 1080.0},
+		{"all of the picture", [](FOverlaySettings& In) { In.Area = 1.0; }, All, 1080.0},
+		{"no scrolling ones", [](FOverlaySettings& In) { In.bShowsScrolling = false; }, {u"top", u"bottom"}, 1080.0},
+		{"no top ones", [](FOverlaySettings& In) { In.bShowsTop = false; }, {u"scrolls", u"bottom"}, 1080.0},
+		{"no bottom ones", [](FOverlaySettings& In) { In.bShowsBottom = false; }, {u"scrolls", u"top"}, 810.0},
+		{"later", [](FOverlaySettings& In) { In.Offset = ETimespan::TicksPerSecond * 4; }, {}, 0.0},
+		{"earlier", [](FOverlaySettings& In) { In.Offset = -ETimespan::TicksPerSecond * 12; }, {u"next"}, 1080.0},
+	};
+	Show();
+	LoadComments(*Overlay, {{"scrolls", 0, 8.0}, {"top", 1, 8.0}, {"bottom", 2, 8.0}, {"next", 1, 20.5}});
+	Overlay->SetMediaTime(10.0);
+	Overlay->Jump();
+	Overlay->SetPaused(true);
+	Step();
+	const FOverlaySettings Usual = Overlay->GetSettings();
+	for (const FSettingsCase& Case : Cases)
+	{
+		FOverlaySettings Wanted = Usual;
+		Case.Change(Wanted);
+		Overlay->SetSettings(Wanted);
+		Step();
+		std::set<std::u16string> Texts;
+		for (const FSceneComment& Comment : Overlay->GetScene().GetComments())
+		{
+			Texts.insert(std::u16string(Comment.Style->Style.Text));
+			EXPECT_LT(Comment.Position.Y, Case.Below) << Case.Name;
+		}
+		EXPECT_TRUE(Texts == Case.Texts) << Case.Name;
+	}
+}
+
+TEST_F(FOverlayTest, AChangedSizeOrAreaHoldsForWhatIsThere)
+{
+	Show();
+	std::vector<FTestComment> Many(40, {"stands", 1, 9.0});
+	LoadComments(*Overlay, Many);
+	Overlay->SetMediaTime(10.0);
+	Overlay->Jump();
+	Overlay->SetPaused(true);
+	Step();
+	const auto FindLowest = [this]
+	{
+		double Lowest = 0.0;
+		for (const FSceneComment& Comment : Overlay->GetScene().GetComments())
+		{
+			Lowest = std::max(Lowest, Comment.Position.Y);
+		}
+		return Lowest;
+	};
+	const std::size_t Before = Count();
+	EXPECT_GT(FindLowest(), 500.0);
+	FOverlaySettings Wanted = Overlay->GetSettings();
+	Wanted.Area = 0.25;
+	Overlay->SetSettings(Wanted);
+	Step();
+	EXPECT_LT(FindLowest(), 270.0);
+	EXPECT_GT(Count(), 1u);
+	EXPECT_LT(Count(), Before);
+	const double Size = First().Style->Style.Size;
+	Wanted.FontScale = 2.0;
+	Overlay->SetSettings(Wanted);
+	Step();
+	EXPECT_EQ(First().Style->Style.Size, 2.0 * Size);
+}
+
+TEST_F(FOverlayTest, TheViewersOwnAreShownInAModeThatIsNot)
+{
+	Show();
+	Overlay->SetUrl("file:///video.mp4");
+	LoadComments(*Overlay, {{"another's", 0}});
+	FOverlaySettings Wanted = Overlay->GetSettings();
+	Wanted.bShowsScrolling = false;
+	Overlay->SetSettings(Wanted);
+	const UUI_DanmakuBar& Bar = Overlay->GetStage().GetBar();
+	Cast<UEditableText>(Bar.GetWidgetFromName(TEXT("InputDanmakuText")))->TypeText(FText::FromString(TEXT("mine")));
+	Cast<UButton>(Bar.GetWidgetFromName(TEXT("SendDanmakuButton")))->Click();
+	Step();
+	ASSERT_EQ(Count(), 1u);
+	EXPECT_TRUE(First().bViewers);
 }
 
 TEST_F(FOverlayTest, SurvivesTimesThatAreNone)

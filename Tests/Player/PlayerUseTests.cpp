@@ -35,6 +35,7 @@ private Q_SLOTS:
 	void LeavesTheFieldByAClickThatDoesNothingElse();
 	void HidesTheControlsAfterSending();
 	void KeepsBottomCommentsAboveTheControls();
+	void ShowsChangedSettingsWhilePaused();
 	void TellsWhereItIs();
 
 private:
@@ -48,6 +49,12 @@ void PlayerUseTest::initTestCase()
 	MakeVideo(Media.filePath("other.mp4"));
 	Write(Media.filePath("film.json"), "{\"datas\": [" + MakeComment(2.5, "mine", 1, "#FFFFFF") + "]}");
 	Write(Media.filePath("below.json"), "{\"datas\": [" + MakeComment(2.5, "BELOW", 2, "#00FF00") + "]}");
+	QByteArrayList Many;
+	for (int Index = 0; Index < 60; ++Index)
+	{
+		Many.append(MakeComment(2.5, "ABOVE", 1, "#00FF00"));
+	}
+	Write(Media.filePath("above.json"), "{\"datas\": [" + Many.join(',') + "]}");
 	Write(Media.filePath("broken.mp4"), "this is no film");
 	Write(Media.filePath("notes.txt"), "film.mp4 is nice\nother.mp4 is not\n");
 	// Says what it has, and then has nothing of it.
@@ -168,6 +175,33 @@ void PlayerUseTest::KeepsBottomCommentsAboveTheControls()
 	Player->GetPlayer().SetPlaying(true);
 	QTRY_VERIFY_WITH_TIMEOUT(!Find("Transport")->isVisible(), Patience);
 	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() > RectOf("Comments").bottom() - 60, Patience);
+}
+
+void PlayerUseTest::ShowsChangedSettingsWhilePaused()
+{
+	Open("other.mp4", "above.json");
+	StopAt(3.5);
+	const QRect Picture = RectOf("Comments");
+	QVERIFY(FindLowestGreen() > Picture.top() + Picture.height() / 2);
+	const auto Lower = [this](const char* InName, int InSteps)
+	{
+		QTest::keyClick(Window, Qt::Key_Comma, Qt::ControlModifier);
+		QObject* const Page = Window->findChild<QObject*>("SettingsPage");
+		QTRY_VERIFY(Page->property("opened").toBool());
+		Find(InName)->findChild<QQuickItem*>("Slider")->forceActiveFocus(Qt::TabFocusReason);
+		for (int Step = 0; Step < InSteps; ++Step)
+		{
+			QTest::keyClick(Window, Qt::Key_Left);
+		}
+		QTest::keyClick(Window, Qt::Key_Escape);
+		QTRY_VERIFY(!Page->property("visible").toBool());
+	};
+	Lower("Area", 2);
+	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() > Picture.top(), Patience);
+	QTRY_VERIFY_WITH_TIMEOUT(FindLowestGreen() < Picture.top() + Picture.height() / 4, Patience);
+	Lower("Opacity", 20);
+	QTRY_COMPARE_WITH_TIMEOUT(FindLowestGreen(), -1, Patience);
+	QVERIFY(IsOnCanvas(u"ABOVE"));
 }
 
 void PlayerUseTest::TellsWhereItIs()

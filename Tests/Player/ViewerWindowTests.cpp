@@ -1,5 +1,6 @@
 #include "Viewer/PlayerSettings.h"
 #include "Viewer/Preferences.h"
+#include "Viewer/ViewSettings.h"
 #include "ViewerTestKit.h"
 #include "WindowTestMain.h"
 
@@ -13,6 +14,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -45,7 +47,7 @@ private Q_SLOTS:
 	void PutsTheKeyboardIntoTheFieldForAnEmptyComment();
 	void RewritesATypedColor();
 	void ChangesPreferencesOnThePage();
-	void ScrollsThePageInASmallWindow();
+	void ReachesTheWholePageInASmallWindow();
 	void TellsAssistiveTechnologyWhatIsChecked();
 
 private:
@@ -64,6 +66,7 @@ private:
 	std::unique_ptr<QSettings> Settings;
 	std::unique_ptr<FPlayerSettings> Choices;
 	std::unique_ptr<FPreferences> Preferences;
+	std::unique_ptr<FViewSettings> View;
 	std::unique_ptr<QQmlEngine> Engine;
 	std::unique_ptr<QObject> Root;
 	QQuickWindow* Window = nullptr;
@@ -120,6 +123,7 @@ void ViewerWindowTest::init()
 	Stage = std::make_unique<FViewerStage>();
 	Preferences = std::make_unique<FPreferences>(*Stage->Overlay, *Stage->Bridge, Folder->path().toStdString());
 	Preferences->Load();
+	View = std::make_unique<FViewSettings>(*Stage->Overlay, *Settings);
 	Engine = std::make_unique<QQmlEngine>();
 	Engine->addImportPath("qrc:/");
 	QQmlComponent Component(Engine.get());
@@ -139,6 +143,7 @@ void ViewerWindowTest::cleanup()
 	Root.reset();
 	Engine.reset();
 	Preferences.reset();
+	View.reset();
 	Stage.reset();
 	Choices.reset();
 	Settings.reset();
@@ -400,41 +405,69 @@ void ViewerWindowTest::ChangesPreferencesOnThePage()
 	Slider->forceActiveFocus(Qt::TabFocusReason);
 	QTest::keyClick(Window, Qt::Key_Right);
 	QCOMPARE(Preferences->GetSpeedScale(), 1.07);
+	const auto Press = [this](const char* Name, Qt::Key Key)
+	{
+		Find(Name)->findChild<QQuickItem*>("Slider")->forceActiveFocus(Qt::TabFocusReason);
+		QTest::keyClick(Window, Key);
+	};
+	Press("Area", Qt::Key_Left);
+	Press("Opacity", Qt::Key_Left);
+	Press("FontScale", Qt::Key_Right);
+	Press("Offset", Qt::Key_Left);
+	QCOMPARE(View->GetArea(), 0.5);
+	QCOMPARE(View->GetOpacity(), 0.95);
+	QCOMPARE(View->GetFontScale(), 1.07);
+	QCOMPARE(View->GetOffset(), -0.5);
+	Find("ShowsTop")->forceActiveFocus(Qt::TabFocusReason);
+	QTest::keyClick(Window, Qt::Key_Space);
+	QVERIFY(!View->ShowsTop() && View->ShowsBottom() && View->ShowsScrolling());
+	Find("PageSwitch")->forceActiveFocus(Qt::TabFocusReason);
 	QTRY_COMPARE(Find("PageSwitch")->isVisible(), true);
 	Click("PageSwitch");
 	QVERIFY(!Stage->Bar().GetOpen()->IsChecked());
 	Click("Defaults");
 	QCOMPARE(Preferences->GetFontSize(), 24);
 	QCOMPARE(Preferences->GetSpeedScale(), 1.0);
+	QCOMPARE(View->GetArea(), 0.75);
+	QCOMPARE(View->GetOpacity(), 1.0);
+	QVERIFY(View->ShowsTop());
 	QVERIFY(Stage->Bar().GetOpen()->IsChecked());
 	QTest::keyClick(Window, Qt::Key_Escape);
 	QTRY_VERIFY(!Page->property("visible").toBool());
 }
 
-void ViewerWindowTest::ScrollsThePageInASmallWindow()
+void ViewerWindowTest::ReachesTheWholePageInASmallWindow()
 {
 	Window->resize(640, 360);
-	QTRY_COMPARE(Window->size(), QSize(640, 360));
-	auto* Page = Window->findChild<QObject*>("Page");
-	QMetaObject::invokeMethod(Page, "open");
-	QTRY_VERIFY(Page->property("opened").toBool());
-	const auto RectOf = [this](const char* Name)
+	QTRY_COMPARE(Window->height(), 360);
+	QMetaObject::invokeMethod(Window->findChild<QObject*>("Page"), "open");
+	QTRY_VERIFY(Window->findChild<QObject*>("Page")->property("opened").toBool());
+	const auto RectOf = [this](QQuickItem* Item)
 	{
-		const QQuickItem* const Item = Find(Name);
 		return Item->mapRectToScene(QRectF(0.0, 0.0, Item->width(), Item->height()));
 	};
-	const QRectF Whole(0.0, 0.0, 640.0, 360.0);
-	QVERIFY(Whole.contains(RectOf("Done")) && Whole.contains(RectOf("Defaults")));
-	const QRectF Seen = RectOf("SettingsScroll");
-	QVERIFY(Whole.contains(Seen));
-	QVERIFY(!Seen.contains(RectOf("StayInField")));
-	for (const char* Name : {"StayInField", "PageSwitch", "StayInField"})
+	const QRectF Picture(0.0, 0.0, 640.0, 360.0);
+	const QRectF Part = RectOf(Find("SettingsScroll"));
+	QVERIFY(Part.height() > 100.0);
+	for (const char* Name : {"SettingsScroll", "Defaults", "Done"})
 	{
-		Find(Name)->forceActiveFocus(Qt::TabFocusReason);
-		QTRY_VERIFY2(Seen.contains(RectOf(Name)), Name);
+		QVERIFY2(Picture.contains(RectOf(Find(Name))), Name);
 	}
-	Click("StayInField");
-	QVERIFY(Choices->StaysInField());
+	// Round by the Tab key: what has the keyboard can be seen.
+	QSet<QQuickItem*> Visited;
+	Find("PageSwitch")->forceActiveFocus(Qt::TabFocusReason);
+	for (QQuickItem* Item = Window->activeFocusItem(); !Visited.contains(Item); Item = Window->activeFocusItem())
+	{
+		Visited.insert(Item);
+		const bool bButton = Item == Find("Defaults") || Item == Find("Done");
+		QVERIFY2((bButton ? Picture : Part).contains(RectOf(Item)), qPrintable(Item->objectName()));
+		QTest::keyClick(Window, Qt::Key_Tab);
+	}
+	QCOMPARE(Visited.size(), 13);
+	Find("PageSwitch")->forceActiveFocus(Qt::TabFocusReason);
+	QCOMPARE(Find("SettingsScroll")->property("contentY").toDouble(), 0.0);
+	QTest::keyClick(Window, Qt::Key_PageDown);
+	QVERIFY(Find("SettingsScroll")->property("contentY").toDouble() > 100.0);
 }
 
 bool ViewerWindowTest::IsHeardChecked(const char* Name)

@@ -123,7 +123,6 @@ void FOverlayRunner::BeginJump()
 		UpdateScene(0.0);
 		return;
 	}
-	ApplySettings();
 	// A frame before second 0 makes the overlay forget its second; a paused one would not look at the time.
 	UUI_Danmaku& Overlay = Stage->GetOverlay();
 	Overlay.Resume();

@@ -10,6 +10,26 @@
 namespace Flitmark
 {
 
+namespace
+{
+
+bool IsWanted(const FPaintComment& InComment, const FOverlaySettings& InSettings)
+{
+	switch (InComment.Node->GetData().Mode)
+	{
+	case EDanmakuMode::SCROLL:
+		return InSettings.bShowsScrolling || InComment.bViewers;
+	case EDanmakuMode::TOP:
+		return InSettings.bShowsTop || InComment.bViewers;
+	case EDanmakuMode::BOTTOM:
+		return InSettings.bShowsBottom || InComment.bViewers;
+	default:
+		return true;
+	}
+}
+
+} // namespace
+
 std::unique_ptr<FOverlayRunner> FOverlayRunner::Create(FTextMeasure& InMeasure, uint32 InSeed, std::string& OutError)
 {
 	std::unique_ptr<FOverlayRunner> Runner(new FOverlayRunner(InMeasure));
@@ -144,6 +164,7 @@ void FOverlayRunner::RunFrame(double InSeconds)
 void FOverlayRunner::UpdateScene(double InSeconds)
 {
 	Stage->CollectPaint(Comments);
+	std::erase_if(Comments, [this](const FPaintComment& InComment) { return !IsWanted(InComment, Settings); });
 	bScrolls = std::ranges::any_of(Comments, [](const FPaintComment& InComment)
 								   { return InComment.Node->GetData().Mode == EDanmakuMode::SCROLL; });
 	Scene.Update(Comments, {View.CanvasSize, Stage->GetCanvasSize().Y, Settings.FontScale}, InSeconds);

@@ -6,7 +6,7 @@ Rectangle {
 	id: root
 
 	// Points, and a factor.
-	required property int fontSize
+	required property real fontSize
 	required property real speedScale
 	// Logical pixels per unit of the overlay's canvas, as it is when the preview appears.
 	readonly property real unit: visible ? Preferences.GetScale() : 1
@@ -29,6 +29,7 @@ Rectangle {
 		// Points at 96 DPI.
 		font.pixelSize: Math.max(1, root.fontSize * 96 / 72 * root.unit)
 		color: "white"
+		opacity: ViewSettings.opacity
 		style: Text.Outline
 		styleColor: "#c0000000"
 	}

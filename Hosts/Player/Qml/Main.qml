@@ -125,6 +125,7 @@ ApplicationWindow {
 
 				objectName: "Comments"
 				visible: Player.open
+				opacity: ViewSettings.opacity
 				width: fit > 0 ? Math.round(picture.width * fit) : view.width
 				height: fit > 0 ? Math.round(picture.height * fit) : view.height
 				x: Math.round((view.width - width) / 2)

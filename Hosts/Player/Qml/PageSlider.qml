@@ -11,6 +11,7 @@ ColumnLayout {
 	property alias from: slider.from
 	property alias to: slider.to
 	property alias stepSize: slider.stepSize
+	property alias snapMode: slider.snapMode
 	property real value
 
 	signal moved(real value)

@@ -636,6 +636,58 @@
         <source>Stay in the field after sending</source>
         <translation>送信後も入力欄にとどまる</translation>
     </message>
+    <message>
+        <source>Scrolling comments</source>
+        <translation>スクロールするコメント</translation>
+    </message>
+    <message>
+        <source>Comments at the top</source>
+        <translation>上に固定のコメント</translation>
+    </message>
+    <message>
+        <source>Comments at the bottom</source>
+        <translation>下に固定のコメント</translation>
+    </message>
+    <message>
+        <source>Part of the picture</source>
+        <translation>表示する範囲</translation>
+    </message>
+    <message>
+        <source>a quarter</source>
+        <translation>4分の1</translation>
+    </message>
+    <message>
+        <source>half</source>
+        <translation>半分</translation>
+    </message>
+    <message>
+        <source>three quarters</source>
+        <translation>4分の3</translation>
+    </message>
+    <message>
+        <source>all of it</source>
+        <translation>全体</translation>
+    </message>
+    <message>
+        <source>Opacity of all comments</source>
+        <translation>全コメントの不透明度</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>Size of all comments</source>
+        <translation>全コメントの大きさ</translation>
+    </message>
+    <message>
+        <source>Comments come later by</source>
+        <translation>コメントを遅らせる時間</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
 </context>
 <context>
     <name>Shortcuts</name>

@@ -636,6 +636,58 @@
         <source>Stay in the field after sending</source>
         <translation>发送后停留在输入框</translation>
     </message>
+    <message>
+        <source>Scrolling comments</source>
+        <translation>滚动弹幕</translation>
+    </message>
+    <message>
+        <source>Comments at the top</source>
+        <translation>顶部弹幕</translation>
+    </message>
+    <message>
+        <source>Comments at the bottom</source>
+        <translation>底部弹幕</translation>
+    </message>
+    <message>
+        <source>Part of the picture</source>
+        <translation>显示区域</translation>
+    </message>
+    <message>
+        <source>a quarter</source>
+        <translation>四分之一</translation>
+    </message>
+    <message>
+        <source>half</source>
+        <translation>一半</translation>
+    </message>
+    <message>
+        <source>three quarters</source>
+        <translation>四分之三</translation>
+    </message>
+    <message>
+        <source>all of it</source>
+        <translation>全部</translation>
+    </message>
+    <message>
+        <source>Opacity of all comments</source>
+        <translation>全部弹幕的不透明度</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>Size of all comments</source>
+        <translation>全部弹幕的大小</translation>
+    </message>
+    <message>
+        <source>Comments come later by</source>
+        <translation>弹幕延后</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 秒</translation>
+    </message>
 </context>
 <context>
     <name>Shortcuts</name>

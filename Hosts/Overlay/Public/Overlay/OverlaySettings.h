@@ -32,6 +32,11 @@ struct FOverlaySettings
 	/** Ticks of 100 ns by which comments come later; earlier if negative. Counts from the next media time on. */
 	int64 Offset = 0;
 
+	/** Of which modes comments are drawn; the viewer's own are in any mode. The others keep their lanes. */
+	bool bShowsScrolling = true;
+	bool bShowsTop = true;
+	bool bShowsBottom = true;
+
 	/** For whoever makes the text engine; what exists does not change with it. */
 	FTextOptions Text = {};
 

@@ -9,6 +9,7 @@
 #include "Playback/ScreenSaver.h"
 #include "Scene/VideoItem.h"
 #include "Viewer/ViewerBridge.h"
+#include "Viewer/ViewSettings.h"
 
 #include <QQuickWindow>
 #include <QScreen>
@@ -75,6 +76,7 @@ bool FPlayerWindow::MakeParts(const FPlayerOptions& InOptions, std::string& OutE
 	{
 		return false;
 	}
+	View = std::make_unique<FViewSettings>(*Overlay, Settings);
 	Bridge = std::make_unique<FViewerBridge>(*Overlay);
 	Player = FPlayer::Create(InOptions, *Overlay, Settings, OutError);
 	if (!Player)
@@ -87,6 +89,8 @@ bool FPlayerWindow::MakeParts(const FPlayerOptions& InOptions, std::string& OutE
 	Preferences = std::make_unique<FPreferences>(*Overlay, *Bridge, Folder);
 	QObject::connect(Preferences.get(), &FPreferences::Failed, Player.get(), &FPlayer::Complain);
 	Preferences->Load();
+	QObject::connect(View.get(), &FViewSettings::Changed, Player.get(), &FPlayer::FrameNeeded);
+	QObject::connect(Player->GetComments(), &FCommentSession::Loaded, View.get(), [this] { View->SetOffset(0.0); });
 	return true;
 }
 

@@ -21,6 +21,7 @@ class FPlayerSettings;
 class FPreferences;
 class FScreenSaver;
 class FViewerBridge;
+class FViewSettings;
 
 /** The player's window and everything in it. One at a time in a process; GUI thread. */
 class FPlayerWindow
@@ -46,6 +47,7 @@ private:
 	QSettings Settings;
 	std::unique_ptr<FPlayerSettings> Choices;
 	std::unique_ptr<FOverlay> Overlay;
+	std::unique_ptr<FViewSettings> View;
 	std::unique_ptr<FViewerBridge> Bridge;
 	std::unique_ptr<FPlayer> Player;
 	std::unique_ptr<FPreferences> Preferences;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace Flitmark
 {
@@ -102,6 +103,17 @@ void FOverlay::Jump()
 {
 	Runner->JumpInSlices();
 	FrameMediaTime = MediaTime;
+}
+
+void FOverlay::SetSettings(const FOverlaySettings& InSettings)
+{
+	const FOverlaySettings Before = std::exchange(Runner->GetSettings(), InSettings);
+	if (InSettings.Area != Before.Area || InSettings.FontScale != Before.FontScale ||
+		InSettings.Offset != Before.Offset)
+	{
+		SetMediaTime(MediaTime);
+		Jump();
+	}
 }
 
 void FOverlay::SetUrl(const std::string& InUrl)

@@ -48,6 +48,9 @@ public:
 	void SetPaused(bool bInPaused);
 	void SetRate(double InRate);
 	void SetSpeedScale(double InScale) { Runner->GetSettings().Speed = InScale; }
+	const FOverlaySettings& GetSettings() const { return Runner->GetSettings(); }
+	/** The next frame shows everything as if it had always been so, also while paused. Opacity is up to the window. */
+	void SetSettings(const FOverlaySettings& InSettings);
 	/** Seconds; anything but a sensible time is clamped. */
 	void SetMediaTime(double InSeconds);
 	void SetUrl(const std::string& InUrl);
