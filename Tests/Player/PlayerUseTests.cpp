@@ -15,7 +15,7 @@
 namespace Flitmark
 {
 
-/** What a viewer does in an evening besides watching: opening other files, writing, going full screen. */
+/** What a viewer does in an evening besides watching: other files, writing, full screen. */
 class PlayerUseTest final : public QObject, private FPlayerInWindow
 {
 	Q_OBJECT
@@ -39,7 +39,7 @@ private Q_SLOTS:
 	void TellsWhereItIs();
 
 private:
-	/** Row of the lowest green pixel, even if shaded by controls; -1 if there is none. */
+	/** Row of the lowest pixel that is green, though shaded by controls; -1 for none. */
 	int FindLowestGreen() const;
 };
 
@@ -57,7 +57,7 @@ void PlayerUseTest::initTestCase()
 	Write(Media.filePath("above.json"), "{\"datas\": [" + Many.join(',') + "]}");
 	Write(Media.filePath("broken.mp4"), "this is no film");
 	Write(Media.filePath("notes.txt"), "film.mp4 is nice\nother.mp4 is not\n");
-	// Claims to have something, and then does not provide it.
+	// Says what it has, and then has nothing of it.
 	RunFFmpeg({"-i", Media.filePath("film.mp4"), "-c", "copy", "-movflags", "+faststart", Media.filePath("cut.mp4")});
 	QFile Cut(Media.filePath("cut.mp4"));
 	QVERIFY(Cut.open(QIODevice::ReadWrite));
@@ -122,7 +122,7 @@ void PlayerUseTest::LeavesTheFieldByAClickThatDoesNothingElse()
 	Type("half a");
 	Click("Comments");
 	QVERIFY(!Find("CommentField")->hasActiveFocus());
-	// If the first click had paused, this one would resume.
+	// Had the first click paused, this one would play on.
 	Click("Comments");
 	QTRY_VERIFY_WITH_TIMEOUT(!Player->GetPlayer().IsPlaying(), Patience);
 	QCOMPARE(Find("CommentField")->property("text").toString(), "half a");
@@ -138,7 +138,7 @@ void PlayerUseTest::HidesTheControlsAfterSending()
 	QTRY_VERIFY_WITH_TIMEOUT(!Find("CommentBar")->isVisible(), Patience);
 	QTest::keyClick(Window, Qt::Key_C);
 	QTRY_VERIFY(Find("CommentField")->hasActiveFocus());
-	// Where the pointer rests after clicking into the field.
+	// Where a hand rests that was last used to click into the field.
 	QTest::mouseMove(Window, CenterOf("CommentField"));
 	Type("hello");
 	QTest::keyClick(Window, Qt::Key_Return);

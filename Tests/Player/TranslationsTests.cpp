@@ -1,3 +1,5 @@
+#include "Formats/CommentFormat.h"
+#include "Playback/CommentReading.h"
 #include "Viewer/FieldMirror.h"
 #include "Viewer/SystemLanguage.h"
 #include "ViewerTestKit.h"
@@ -10,6 +12,7 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <atomic>
 #include <gtest/gtest.h>
 #include <ostream>
 
@@ -147,6 +150,54 @@ TEST_P(TranslatedTest, PlayerAndModuleSpeakIt)
 	Stage.Bridge->Update();
 	EXPECT_NE(Closed, Stage.Bar().GetField()->GetText());
 	EXPECT_EQ(Stage.Bar().GetField()->GetText(), "Comments are off");
+}
+
+/** What is said of a file with these bytes. */
+QStringList ReadOf(const QByteArray& Bytes)
+{
+	const QTemporaryDir Folder;
+	const QString Path = Folder.filePath("file");
+	QFile File(Path);
+	EXPECT_TRUE(File.open(QFile::WriteOnly));
+	File.write(Bytes);
+	File.close();
+	FLoadedComments Comments;
+	QString Reason;
+	const std::atomic<bool> bCancel = false;
+	return ReadComments(Path, bCancel, Comments, Reason) ? Comments.Notes : QStringList(Reason);
+}
+
+TEST_P(TranslatedTest, WhatIsWrongWithAFileIsToldInIt)
+{
+	ASSERT_TRUE(UseLanguage(Application, GetParam()));
+	const QByteArray Cases[] = {
+		"",
+		"   ",
+		QByteArray(64, '\0'),
+		"\x89PNG\r\n",
+		"no comments at all",
+		"{\"datas\": 3}",
+		"{\"datas\": [",
+		"{\"list\": []}",
+		"<i><d p=\"1,6,25,255,0,0,0,1\">reverse</d><d p=\"2,7,25,255,0,0,0,2\">[0,0]</d></i>",
+		"<i><d p=\"1,1,25,255,0,0,0,1\">good</d><d p=\"bad\">worse</d><d p=\"2,1,25,255,0,0,0,2\">open",
+	};
+	// English is left only where things are named.
+	static const QRegularExpression English("[a-z]{2,} [a-z]{2,} [a-z]{2,}");
+	for (const QByteArray& Case : Cases)
+	{
+		const QStringList Told = ReadOf(Case);
+		EXPECT_FALSE(Told.isEmpty()) << Case.constData();
+		for (QString Line : Told)
+		{
+			for (const FCommentFormat* const Format : GetCommentFormats())
+			{
+				Line.remove(QString::fromUtf8(Format->Title.data(), static_cast<qsizetype>(Format->Title.size())));
+			}
+			EXPECT_FALSE(Line.contains(English)) << Case.constData() << ": " << Line.toStdString();
+		}
+	}
+	ASSERT_TRUE(UseLanguage(Application, "en"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Translations, TranslatedTest, testing::Values("ja", "zh_CN"));

@@ -183,6 +183,281 @@
     </message>
 </context>
 <context>
+    <name>Flitmark::FileMessages</name>
+    <message>
+        <source>entry %1: %2</source>
+        <translation>%1 番目：%2</translation>
+    </message>
+    <message>
+        <source>%1 entry is broken and left out</source>
+        <translation>%1 件は壊れているため省きました</translation>
+    </message>
+    <message>
+        <source>%1 entries are broken and left out</source>
+        <translation>%1 件は壊れているため省きました</translation>
+    </message>
+    <message>
+        <source>%1 comment is damaged, but could be used</source>
+        <translation>%1 件のコメントは破損していますが使えました</translation>
+    </message>
+    <message>
+        <source>%1 comments are damaged, but could be used</source>
+        <translation>%1 件のコメントは破損していますが使えました</translation>
+    </message>
+    <message>
+        <source>%1 entry is no comment for viewers and not shown: %2</source>
+        <translation>%1 件は視聴者向けのコメントではないため表示しません：%2</translation>
+    </message>
+    <message>
+        <source>%1 entries are no comments for viewers and not shown: %2</source>
+        <translation>%1 件は視聴者向けのコメントではないため表示しません：%2</translation>
+    </message>
+    <message>
+        <source>%1 comment is not served: %2</source>
+        <translation>%1 件のコメントは表示できません：%2</translation>
+    </message>
+    <message>
+        <source>%1 comments are not served: %2</source>
+        <translation>%1 件のコメントは表示できません：%2</translation>
+    </message>
+    <message>
+        <source>shown otherwise than meant: %1</source>
+        <translation>本来と異なる形で表示：%1</translation>
+    </message>
+    <message>
+        <source>%1 comment is left out, because more than %2 come in the same second</source>
+        <translation>同じ秒に %2 件を超えるため %1 件のコメントを省きました</translation>
+    </message>
+    <message>
+        <source>%1 comments are left out, because more than %2 come in the same second</source>
+        <translation>同じ秒に %2 件を超えるため %1 件のコメントを省きました</translation>
+    </message>
+    <message>
+        <source>%1 from left to right</source>
+        <translation>左から右へ流れるもの %1 件</translation>
+    </message>
+    <message>
+        <source>%1 positioned</source>
+        <translation>位置指定 %1 件</translation>
+    </message>
+    <message>
+        <source>%1 pieces of positioned drawings</source>
+        <translation>位置指定の絵の一部 %1 件</translation>
+    </message>
+    <message>
+        <source>%1 that draw by a program</source>
+        <translation>プログラムで描くもの %1 件</translation>
+    </message>
+    <message>
+        <source>%1 paid</source>
+        <translation>有料 %1 件</translation>
+    </message>
+    <message>
+        <source>%1 of unknown kinds</source>
+        <translation>種類不明 %1 件</translation>
+    </message>
+    <message>
+        <source>%1 from left to right, which scroll</source>
+        <translation>左から右のもの %1 件（通常どおり流れます）</translation>
+    </message>
+    <message>
+        <source>%1 positioned, which stand at the top</source>
+        <translation>位置指定 %1 件（上に固定します）</translation>
+    </message>
+    <message>
+        <source>%1 paid, which stand at the top</source>
+        <translation>有料 %1 件（上に固定します）</translation>
+    </message>
+    <message>
+        <source>%1 pictures within texts, of which the names are shown</source>
+        <translation>文中の画像 %1 件（名前を表示します）</translation>
+    </message>
+    <message>
+        <source>%1 of many lines, which are made smaller to fit</source>
+        <translation>行の多いもの %1 件（収まるよう縮小します）</translation>
+    </message>
+    <message>
+        <source>is a folder, not a file</source>
+        <translation>ファイルではなくフォルダーです</translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation>空です</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>開けません：%1</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>読み取れません：%1</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1 に書き込めません：%2</translation>
+    </message>
+    <message>
+        <source>is larger than 2 GiB, which is more than can be read</source>
+        <translation>2 GiB を超えているため読み取れません</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>権限がありません</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>ファイルまたはフォルダーがありません</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>入出力エラー</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>空き容量がありません</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>読み取り専用のファイルシステムです</translation>
+    </message>
+    <message>
+        <source>cannot be unpacked: there is not enough memory</source>
+        <translation>メモリーが足りないため展開できません</translation>
+    </message>
+    <message>
+        <source>its compressed data is damaged: everything after the damage is lost</source>
+        <translation>圧縮データが壊れています。それ以降は失われました</translation>
+    </message>
+    <message>
+        <source>its compressed data ends early: everything after its end is lost</source>
+        <translation>圧縮データが途中で終わっています。それ以降は失われました</translation>
+    </message>
+    <message>
+        <source>is in no known format of comments; these are known: %1</source>
+        <translation>知られているコメント形式ではありません。対応形式：%1</translation>
+    </message>
+    <message>
+        <source>has nothing but blanks at its beginning</source>
+        <translation>先頭に空白しかありません</translation>
+    </message>
+    <message>
+        <source>begins with nothing but zeros: it is damaged, or was never written; get it anew</source>
+        <translation>先頭がゼロばかりです。壊れているか、書き込まれていません。入手し直してください</translation>
+    </message>
+    <message>
+        <source>is %1, not comments</source>
+        <translation>コメントではありません（%1）</translation>
+    </message>
+    <message>
+        <source>is %1; unpack it first</source>
+        <translation>先に展開してください（%1）</translation>
+    </message>
+    <message>
+        <source>is JSON, or looks like it, but in no known form of comments</source>
+        <translation>JSON のようですが、知られているコメントの形ではありません</translation>
+    </message>
+    <message>
+        <source>is JSON, but in no known form of comments; it has %1</source>
+        <translation>JSON ですが、知られているコメントの形ではありません（%1）</translation>
+    </message>
+    <message>
+        <source>is JSON with no comments in it: its list &quot;%1&quot; is empty</source>
+        <translation>JSON ですがコメントがありません。リスト「%1」は空です</translation>
+    </message>
+    <message>
+        <source>is JSON that looks like %1; that is not read</source>
+        <translation>JSON（%1）のようですが、これは読み取れません</translation>
+    </message>
+    <message>
+        <source>not JSON: %1</source>
+        <translation>JSON ではありません（%1）</translation>
+    </message>
+    <message>
+        <source>it has no list of comments named &quot;datas&quot;</source>
+        <translation>「datas」というコメントのリストがありません</translation>
+    </message>
+    <message>
+        <source>its &quot;datas&quot; is not a list of comments</source>
+        <translation>「datas」がコメントのリストではありません</translation>
+    </message>
+    <message>
+        <source>the file ends early: closing brackets are missing, and comments before them may be too</source>
+        <translation>ファイルが途中で終わっています。閉じ括弧がなく、その前のコメントも欠けているかもしれません</translation>
+    </message>
+    <message>
+        <source>the file ends early: its last end tag is missing, and perhaps comments before it</source>
+        <translation>ファイルが途中で終わっています。最後の終了タグがなく、その前のコメントも欠けているかもしれません</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this entry</source>
+        <translation>ファイルがこの項目の途中で終わっています</translation>
+    </message>
+    <message>
+        <source>is a bare value, not a comment</source>
+        <translation>単なる値で、コメントではありません</translation>
+    </message>
+    <message>
+        <source>has no text</source>
+        <translation>テキストがありません</translation>
+    </message>
+    <message>
+        <source>is damaged, and no text can be read</source>
+        <translation>壊れていて、テキストを読み取れません</translation>
+    </message>
+    <message>
+        <source>is damaged; everything before the damage was read</source>
+        <translation>壊れています。それより前は読み取りました</translation>
+    </message>
+    <message>
+        <source>its end tag is missing; it was read up to the next element</source>
+        <translation>終了タグがありません。次の要素まで読み取りました</translation>
+    </message>
+    <message>
+        <source>Failed to open %1</source>
+        <translation>%1 を開けませんでした</translation>
+    </message>
+    <message>
+        <source>HTTP error %1</source>
+        <translation>HTTP エラー %1</translation>
+    </message>
+    <message>
+        <source>loading failed</source>
+        <translation>読み込みに失敗しました</translation>
+    </message>
+    <message>
+        <source>its text contains characters that JSON does not allow; they were repaired</source>
+        <translation>テキストに JSON で許されない文字があり、修復しました</translation>
+    </message>
+    <message>
+        <source>has no end</source>
+        <translation>終わりがありません</translation>
+    </message>
+    <message>
+        <source>has no readable time at the start of its attribute &quot;%1&quot;</source>
+        <translation>属性「%1」の先頭に読み取れる時刻がありません</translation>
+    </message>
+    <message>
+        <source>has no readable time in its attribute &quot;%1&quot;</source>
+        <translation>属性「%1」に読み取れる時刻がありません</translation>
+    </message>
+    <message>
+        <source>has no readable time</source>
+        <translation>読み取れる時刻がありません</translation>
+    </message>
+    <message>
+        <source>has no readable &quot;%1&quot;</source>
+        <translation>読み取れる「%1」がありません</translation>
+    </message>
+    <message>
+        <source>has an impossible length; the rest of the file cannot be read</source>
+        <translation>長さがあり得ません。ファイルの残りは読み取れません</translation>
+    </message>
+    <message>
+        <source>is not a message field; the rest of the file cannot be read</source>
+        <translation>メッセージのフィールドではありません。ファイルの残りは読み取れません</translation>
+    </message>
+</context>
+<context>
     <name>Flitmark::MediaPaths</name>
     <message>
         <source>no such file. Was it moved or renamed?</source>

@@ -183,6 +183,281 @@
     </message>
 </context>
 <context>
+    <name>Flitmark::FileMessages</name>
+    <message>
+        <source>entry %1: %2</source>
+        <translation>第 %1 条：%2</translation>
+    </message>
+    <message>
+        <source>%1 entry is broken and left out</source>
+        <translation>%1 条已损坏，已略去</translation>
+    </message>
+    <message>
+        <source>%1 entries are broken and left out</source>
+        <translation>%1 条已损坏，已略去</translation>
+    </message>
+    <message>
+        <source>%1 comment is damaged, but could be used</source>
+        <translation>%1 条弹幕有损坏，但仍可用</translation>
+    </message>
+    <message>
+        <source>%1 comments are damaged, but could be used</source>
+        <translation>%1 条弹幕有损坏，但仍可用</translation>
+    </message>
+    <message>
+        <source>%1 entry is no comment for viewers and not shown: %2</source>
+        <translation>%1 条不是给观众看的弹幕，不显示：%2</translation>
+    </message>
+    <message>
+        <source>%1 entries are no comments for viewers and not shown: %2</source>
+        <translation>%1 条不是给观众看的弹幕，不显示：%2</translation>
+    </message>
+    <message>
+        <source>%1 comment is not served: %2</source>
+        <translation>%1 条弹幕无法显示：%2</translation>
+    </message>
+    <message>
+        <source>%1 comments are not served: %2</source>
+        <translation>%1 条弹幕无法显示：%2</translation>
+    </message>
+    <message>
+        <source>shown otherwise than meant: %1</source>
+        <translation>显示方式与原意不同：%1</translation>
+    </message>
+    <message>
+        <source>%1 comment is left out, because more than %2 come in the same second</source>
+        <translation>同一秒内超过 %2 条，略去 %1 条弹幕</translation>
+    </message>
+    <message>
+        <source>%1 comments are left out, because more than %2 come in the same second</source>
+        <translation>同一秒内超过 %2 条，略去 %1 条弹幕</translation>
+    </message>
+    <message>
+        <source>%1 from left to right</source>
+        <translation>从左向右 %1 条</translation>
+    </message>
+    <message>
+        <source>%1 positioned</source>
+        <translation>定位 %1 条</translation>
+    </message>
+    <message>
+        <source>%1 pieces of positioned drawings</source>
+        <translation>定位图画的部件 %1 条</translation>
+    </message>
+    <message>
+        <source>%1 that draw by a program</source>
+        <translation>用程序绘制的 %1 条</translation>
+    </message>
+    <message>
+        <source>%1 paid</source>
+        <translation>付费 %1 条</translation>
+    </message>
+    <message>
+        <source>%1 of unknown kinds</source>
+        <translation>未知类型 %1 条</translation>
+    </message>
+    <message>
+        <source>%1 from left to right, which scroll</source>
+        <translation>从左向右 %1 条（改为滚动）</translation>
+    </message>
+    <message>
+        <source>%1 positioned, which stand at the top</source>
+        <translation>定位 %1 条（固定在顶部）</translation>
+    </message>
+    <message>
+        <source>%1 paid, which stand at the top</source>
+        <translation>付费 %1 条（固定在顶部）</translation>
+    </message>
+    <message>
+        <source>%1 pictures within texts, of which the names are shown</source>
+        <translation>文中图片 %1 个（显示其名称）</translation>
+    </message>
+    <message>
+        <source>%1 of many lines, which are made smaller to fit</source>
+        <translation>行数过多 %1 条（缩小以适应）</translation>
+    </message>
+    <message>
+        <source>is a folder, not a file</source>
+        <translation>这是文件夹，不是文件</translation>
+    </message>
+    <message>
+        <source>is empty</source>
+        <translation>文件是空的</translation>
+    </message>
+    <message>
+        <source>cannot be opened: %1</source>
+        <translation>无法打开：%1</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>无法读取：%1</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>无法写入 %1：%2</translation>
+    </message>
+    <message>
+        <source>is larger than 2 GiB, which is more than can be read</source>
+        <translation>超过 2 GiB，无法读取</translation>
+    </message>
+    <message>
+        <source>Permission denied</source>
+        <translation>没有权限</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>没有这样的文件或文件夹</translation>
+    </message>
+    <message>
+        <source>Input/output error</source>
+        <translation>输入输出错误</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>磁盘空间不足</translation>
+    </message>
+    <message>
+        <source>Read-only file system</source>
+        <translation>文件系统是只读的</translation>
+    </message>
+    <message>
+        <source>cannot be unpacked: there is not enough memory</source>
+        <translation>内存不足，无法解压</translation>
+    </message>
+    <message>
+        <source>its compressed data is damaged: everything after the damage is lost</source>
+        <translation>压缩数据已损坏：损坏处之后的内容全部丢失</translation>
+    </message>
+    <message>
+        <source>its compressed data ends early: everything after its end is lost</source>
+        <translation>压缩数据提前结束：其后的内容全部丢失</translation>
+    </message>
+    <message>
+        <source>is in no known format of comments; these are known: %1</source>
+        <translation>不是已知的弹幕格式；已知的格式有：%1</translation>
+    </message>
+    <message>
+        <source>has nothing but blanks at its beginning</source>
+        <translation>开头只有空白</translation>
+    </message>
+    <message>
+        <source>begins with nothing but zeros: it is damaged, or was never written; get it anew</source>
+        <translation>开头全是零：文件已损坏或从未写入；请重新获取</translation>
+    </message>
+    <message>
+        <source>is %1, not comments</source>
+        <translation>不是弹幕（%1）</translation>
+    </message>
+    <message>
+        <source>is %1; unpack it first</source>
+        <translation>请先解压（%1）</translation>
+    </message>
+    <message>
+        <source>is JSON, or looks like it, but in no known form of comments</source>
+        <translation>是 JSON 或类似 JSON，但不是已知的弹幕形式</translation>
+    </message>
+    <message>
+        <source>is JSON, but in no known form of comments; it has %1</source>
+        <translation>是 JSON，但不是已知的弹幕形式（%1）</translation>
+    </message>
+    <message>
+        <source>is JSON with no comments in it: its list &quot;%1&quot; is empty</source>
+        <translation>是 JSON，但没有弹幕：列表“%1”是空的</translation>
+    </message>
+    <message>
+        <source>is JSON that looks like %1; that is not read</source>
+        <translation>是类似 %1 的 JSON，无法读取</translation>
+    </message>
+    <message>
+        <source>not JSON: %1</source>
+        <translation>不是 JSON（%1）</translation>
+    </message>
+    <message>
+        <source>it has no list of comments named &quot;datas&quot;</source>
+        <translation>没有名为“datas”的弹幕列表</translation>
+    </message>
+    <message>
+        <source>its &quot;datas&quot; is not a list of comments</source>
+        <translation>“datas”不是弹幕列表</translation>
+    </message>
+    <message>
+        <source>the file ends early: closing brackets are missing, and comments before them may be too</source>
+        <translation>文件提前结束：缺少右括号，之前的弹幕也可能缺失</translation>
+    </message>
+    <message>
+        <source>the file ends early: its last end tag is missing, and perhaps comments before it</source>
+        <translation>文件提前结束：缺少最后的结束标签，之前的弹幕也可能缺失</translation>
+    </message>
+    <message>
+        <source>the file ends in the middle of this entry</source>
+        <translation>文件在这一条的中间结束</translation>
+    </message>
+    <message>
+        <source>is a bare value, not a comment</source>
+        <translation>只是一个值，不是弹幕</translation>
+    </message>
+    <message>
+        <source>has no text</source>
+        <translation>没有文字</translation>
+    </message>
+    <message>
+        <source>is damaged, and no text can be read</source>
+        <translation>已损坏，读不出文字</translation>
+    </message>
+    <message>
+        <source>is damaged; everything before the damage was read</source>
+        <translation>已损坏；损坏处之前的内容已读取</translation>
+    </message>
+    <message>
+        <source>its end tag is missing; it was read up to the next element</source>
+        <translation>缺少结束标签；已读到下一个元素</translation>
+    </message>
+    <message>
+        <source>Failed to open %1</source>
+        <translation>无法打开 %1</translation>
+    </message>
+    <message>
+        <source>HTTP error %1</source>
+        <translation>HTTP 错误 %1</translation>
+    </message>
+    <message>
+        <source>loading failed</source>
+        <translation>加载失败</translation>
+    </message>
+    <message>
+        <source>its text contains characters that JSON does not allow; they were repaired</source>
+        <translation>文字中有 JSON 不允许的字符，已修复</translation>
+    </message>
+    <message>
+        <source>has no end</source>
+        <translation>没有结尾</translation>
+    </message>
+    <message>
+        <source>has no readable time at the start of its attribute &quot;%1&quot;</source>
+        <translation>属性“%1”的开头没有可读的时间</translation>
+    </message>
+    <message>
+        <source>has no readable time in its attribute &quot;%1&quot;</source>
+        <translation>属性“%1”中没有可读的时间</translation>
+    </message>
+    <message>
+        <source>has no readable time</source>
+        <translation>没有可读的时间</translation>
+    </message>
+    <message>
+        <source>has no readable &quot;%1&quot;</source>
+        <translation>没有可读的“%1”</translation>
+    </message>
+    <message>
+        <source>has an impossible length; the rest of the file cannot be read</source>
+        <translation>长度不可能；文件其余部分无法读取</translation>
+    </message>
+    <message>
+        <source>is not a message field; the rest of the file cannot be read</source>
+        <translation>不是消息字段；文件其余部分无法读取</translation>
+    </message>
+</context>
+<context>
     <name>Flitmark::MediaPaths</name>
     <message>
         <source>no such file. Was it moved or renamed?</source>

@@ -1,6 +1,7 @@
 #include "Playback/CommentReading.h"
 
 #include "Comments/CommentsInput.h"
+#include "Playback/FileMessages.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
@@ -25,13 +26,13 @@ QString WithoutPath(const std::string& InMessage, const std::string& InPath)
 	static const QRegularExpression Line("^(\\d+): ");
 	const QRegularExpressionMatch Place = Line.match(Told);
 	return Place.hasMatch() ? QCoreApplication::translate(Context, "line %1: %2")
-								  .arg(Place.captured(1), Told.mid(Place.capturedLength()))
-							: Told;
+								  .arg(Place.captured(1), TranslateFileMessage(Told.mid(Place.capturedLength())))
+							: TranslateFileMessage(Told);
 }
 
 QString DescribeFault(const FDocumentFault& InFault)
 {
-	const QString Reason = QString::fromStdString(InFault.Reason);
+	const QString Reason = TranslateFileMessage(QString::fromStdString(InFault.Reason));
 	return InFault.Line > 0 ? QCoreApplication::translate(Context, "line %1, column %2: %3.")
 								  .arg(InFault.Line)
 								  .arg(InFault.Column)

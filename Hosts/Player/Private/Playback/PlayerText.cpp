@@ -1,5 +1,7 @@
 #include "Playback/PlayerText.h"
 
+#include "Playback/FileMessages.h"
+
 #include <QCoreApplication>
 
 namespace Flitmark
@@ -31,7 +33,7 @@ QString DescribePlaybackFault(const QString& InReason, bool bInAddress)
 	{
 		return FPlaybackText::tr("it has no video or audio that can be decoded.");
 	}
-	const QString Sentence = InReason + '.';
+	const QString Sentence = TranslateFileMessage(InReason) + '.';
 	return bInAddress ? Sentence + ' ' + FPlaybackText::tr("Check the address and the connection.") : Sentence;
 }
 

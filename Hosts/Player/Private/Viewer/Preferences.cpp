@@ -1,6 +1,7 @@
 #include "Viewer/Preferences.h"
 
 #include "DanmakuSave.h"
+#include "Playback/FileMessages.h"
 #include "Scene/Overlay.h"
 #include "Stage/Stage.h"
 #include "Viewer/TakeNew.h"
@@ -154,7 +155,8 @@ void FPreferences::ReportFailure()
 {
 	if (!Slots.GetLastError().empty())
 	{
-		Q_EMIT Failed(tr("Couldn't save your settings: %1.").arg(QString::fromStdString(Slots.GetLastError())));
+		Q_EMIT Failed(tr("Couldn't save your settings: %1.")
+						  .arg(TranslateFileMessage(QString::fromStdString(Slots.GetLastError()))));
 	}
 }
 
