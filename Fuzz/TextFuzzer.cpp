@@ -175,7 +175,7 @@ void CheckAgain(FTextEngine& InEngine, const FTextInput& InInput, const FSprite&
 	constexpr std::size_t EnoughBytes = std::size_t{1} << 20;
 	if (InSprite.Pixels.size() <= EnoughBytes)
 	{
-		const FSprite Again = InEngine.Rasterise(InInput.Text, InInput.Size, InInput.Color, InInput.Scale);
+		const FSprite Again = InEngine.Rasterize(InInput.Text, InInput.Size, InInput.Color, InInput.Scale);
 		Require(Again.Left == InSprite.Left && Again.Top == InSprite.Top, "a text drawn again is in the same place");
 		Require(Again.Width == InSprite.Width && Again.Pixels == InSprite.Pixels, "a text drawn again is the same");
 	}
@@ -194,7 +194,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8* Data, std::size_t Size)
 	const FHeapWatch Heap;
 	const FLayout Layout = CheckLayout(*Engine.Shaper, Input.Text);
 	const FTextSize Box = CheckSize(*Engine.Whole, Input, Layout.NumLines);
-	const FSprite Sprite = Engine.Whole->Rasterise(Input.Text, Input.Size, Input.Color, Input.Scale);
+	const FSprite Sprite = Engine.Whole->Rasterize(Input.Text, Input.Size, Input.Color, Input.Scale);
 	CheckSprite(Sprite, Input, Layout.bColored);
 	Require(Sprite.Width == 0 || Sprite.bCut || !Box.bCut, "a sprite tells, too, what is left out");
 	CheckAgain(*Engine.Whole, Input, Sprite);
