@@ -3,6 +3,7 @@
 #include "Formats/CommentDocument.h"
 
 #include <algorithm>
+#include <new>
 
 namespace Flitmark
 {
@@ -72,7 +73,15 @@ void FMeasureAhead::Work(std::stop_token InStop)
 				return;
 			}
 		}
-		Engine.Measure(Upcoming->Text, Upcoming->Size);
+		try
+		{
+			Engine.Measure(Upcoming->Text, Upcoming->Size);
+		}
+		catch (const std::bad_alloc&)
+		{
+			// Nothing is lost: the frame measures the text itself, and says so if there is still no memory.
+			return;
+		}
 	}
 }
 

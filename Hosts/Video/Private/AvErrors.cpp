@@ -17,6 +17,7 @@ extern "C"
 #include <deque>
 #include <fcntl.h>
 #include <mutex>
+#include <new>
 #include <string_view>
 #include <sys/mman.h>
 #include <system_error>
@@ -48,7 +49,14 @@ void KeepLine(void*, int InLevel, const char* InFormat, va_list InArguments)
 	}
 	char Buffer[512];
 	vsnprintf(Buffer, sizeof(Buffer), InFormat, InArguments);
-	FAvLog::Add(Buffer);
+	try
+	{
+		FAvLog::Add(Buffer);
+	}
+	catch (const std::bad_alloc&)
+	{
+		// The callers, threads among them, are C and let no exception through; what failed is reported without the line.
+	}
 }
 
 } // namespace
