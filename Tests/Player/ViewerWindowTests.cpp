@@ -442,7 +442,7 @@ void ViewerWindowTest::ReachesTheWholePageInASmallWindow()
 	QTRY_COMPARE(Window->height(), 360);
 	QMetaObject::invokeMethod(Window->findChild<QObject*>("Page"), "open");
 	QTRY_VERIFY(Window->findChild<QObject*>("Page")->property("opened").toBool());
-	const auto RectOf = [this](QQuickItem* Item)
+	const auto RectOf = [](QQuickItem* Item)
 	{
 		return Item->mapRectToScene(QRectF(0.0, 0.0, Item->width(), Item->height()));
 	};
