@@ -71,11 +71,6 @@ std::unique_ptr<FPaintSession> FPaintSession::Open(const FPaintArguments& InArgu
 	{
 		return nullptr;
 	}
-	for (const FCommentEntry& Entry : Comments->Document.GetEntries())
-	{
-		Session->LastSecond =
-			Entry.IsReached() ? std::max(Session->LastSecond, Entry.GetSecond()) : Session->LastSecond;
-	}
 	Session->Runner->GetSettings() = InArguments.Overlay.Settings;
 	Session->BeginTicks = InArguments.BeginTicks;
 	Session->Due = FDueSeconds(Comments->Document);
@@ -108,7 +103,8 @@ void FPaintSession::Advance(int64 InTicks, double InDeltaSeconds, std::vector<FP
 
 bool FPaintSession::IsOver() const
 {
-	return Runner->GetStage().GetMediaTime() / ETimespan::TicksPerSecond > LastSecond && Runner->GetNumComments() == 0;
+	return Runner->GetStage().GetMediaTime() / ETimespan::TicksPerSecond > Due.GetLast() &&
+		   Runner->GetNumComments() == 0;
 }
 
 void FPaintSession::Jump(int64 InTicks)

@@ -76,8 +76,6 @@ private:
 	const FVideoLibrary* Video = nullptr;
 	std::unique_ptr<FTextMeasure> Measure;
 	std::unique_ptr<FOverlayRunner> Runner;
-	/** The last second of the comments' own time in which one starts. */
-	int64 LastSecond = -1;
 	/** Set from Open on. */
 	std::optional<FSceneSprites> Sprites;
 };

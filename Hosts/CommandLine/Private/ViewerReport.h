@@ -41,6 +41,9 @@ public:
 	FDueSeconds() = default;
 	explicit FDueSeconds(const FCommentDocument& InDocument);
 
+	/** The last second of comments' time in which one is due; -1 for none. */
+	int64 GetLast() const { return Seconds.empty() ? -1 : Seconds.back(); }
+
 	/**
 	 * InFirst, InLast: the seconds of comments' time that were run; InLast below InFirst for none. InPlaced: what was
 	 * counted meanwhile.

@@ -190,11 +190,11 @@ bool ReadBytes(FCommentsInput& InOutInput, const std::string& InPath, std::strin
 	return true;
 }
 
-/** Our own document, or what is none, as it is, less what is too much of it. */
+/** Our own document as it is, less what is too much of it. */
 FCommentsFile TakeOwn(FCommentsInput InInput)
 {
 	FCommentsFile File;
-	File.Text = InInput.Text ? std::move(*InInput.Text) : FromUtf8(*InInput.Bytes);
+	File.Text = std::move(*InInput.Text);
 	File.Document = std::move(InInput.Document);
 	File.Report = std::move(InInput.Report);
 	File.Report.NumCrowdedOut = BoundCrowds(File.Text, File.Document);
